@@ -1,0 +1,67 @@
+#include "simhost/clock/Clock.h"
+
+#include <algorithm>
+#include <chrono>
+#include <limits>
+#include <thread>
+
+namespace simhost {
+
+namespace {
+double monotonicSeconds() {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now().time_since_epoch()).count();
+}
+} // namespace
+
+RealClock::RealClock(double timeFactor)
+    : m_timeFactor(std::clamp(timeFactor, 0.01, 1000.0))
+    , m_startSeconds(monotonicSeconds()) {}
+
+double RealClock::nowMs() const { return (monotonicSeconds() - m_startSeconds) * 1000.0 * m_timeFactor; }
+
+void RealClock::spend(double ms) {
+    if (ms > 0.0) {
+        std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(ms / m_timeFactor));
+    }
+}
+
+double VirtualClock::nowMs() const {
+    const std::lock_guard lock(m_mutex);
+    return m_nowMs;
+}
+
+void VirtualClock::advance(double ms) {
+    const double endMs = nowMs() + std::max(ms, 0.0);
+    for (;;) {
+        Ticker* due = nullptr;
+        double dueMs = endMs;
+        for (Entry& entry : m_tickers) {
+            const double next = entry.ticker.nextDueMs();
+            if (next < dueMs || (next == dueMs && due == nullptr)) {
+                due = &entry.ticker;
+                dueMs = next;
+            }
+        }
+        if (due == nullptr) {
+            break;
+        }
+        {
+            const std::lock_guard lock(m_mutex);
+            m_nowMs = std::max(m_nowMs, dueMs);
+        }
+        due->act(dueMs);
+    }
+    const std::lock_guard lock(m_mutex);
+    m_nowMs = std::max(m_nowMs, endMs);
+}
+
+int VirtualClock::addTicker(Ticker ticker) {
+    m_tickers.push_back({++m_lastNumber, std::move(ticker)});
+    return m_lastNumber;
+}
+
+void VirtualClock::removeTicker(int number) {
+    std::erase_if(m_tickers, [number](const Entry& entry) { return entry.number == number; });
+}
+
+} // namespace simhost

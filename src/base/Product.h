@@ -1,0 +1,16 @@
+#pragma once
+// Who we are: the names that stores, registry keys and windows are formed from.
+
+namespace ocuva {
+
+/// The application title. It names the program store (title + ".INI") and the registry key of the toolbar
+/// layout.
+inline constexpr const char* productTitle = "Ocuva";
+
+/// Shown on the splash window and in the about box.
+inline constexpr const char* productVersion = OCUVA_VERSION;
+
+/// The organisation's part of the registry key "Software\Brem\" + title.
+inline constexpr const char* registryOrganisation = "Brem";
+
+} // namespace ocuva

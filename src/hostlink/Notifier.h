@@ -1,0 +1,41 @@
+#pragma once
+// The host's notification object: named messages between the host and its programs.
+
+#include "base/Types.h"
+
+#include <functional>
+#include <memory>
+#include <string>
+
+namespace ocuva {
+
+/// One message as OnNotify delivers it.
+struct Notification {
+    Long msgHandler = 0; ///< number that the host gives the delivery; the program does not use it
+    std::string strComponent;
+    std::string strSubComponent;
+    std::string strId; ///< what the message means, compared exactly ("OCUVA_WAKEUP")
+};
+
+/// Events arrive one at a time on the thread that made the notifier, from its event loop, never from inside
+/// Send or Subscribe. A notifier does not receive its own messages.
+class Notifier {
+public:
+    using OnNotify = std::function<void(const Notification&)>;
+
+    virtual ~Notifier() = default;
+
+    /// Sets the receiver of events; to be set before Subscribe.
+    virtual void setOnNotify(OnNotify receiver) = 0;
+
+    /// Receives from now on the messages that the filter lets through: "DST_APP=X" lets through those whose
+    /// component is X, an empty filter all. A second call replaces the filter.
+    virtual void Subscribe(const std::string& filter) = 0;
+
+    /// Sends to every subscriber, in this and in other processes of the same user, whose filter lets it
+    /// through.
+    virtual void Send(const std::string& component, const std::string& subComponent,
+                      const std::string& id) = 0;
+};
+
+} // namespace ocuva
