@@ -1,0 +1,218 @@
+"""A desk of its own for the program: a virtual display with a window manager, a fresh folder for all its data, the
+trace of its host calls, and hands that press real keys and move a real pointer."""
+
+import json
+import os
+import re
+import shutil
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+PATIENCE_S = 30.0  # for anything the program is expected to do; a busy machine is slow, a hung program never comes
+POLL_S = 0.02
+SCREEN = "1280x1024x24"
+
+
+class Failure(Exception):
+    """What went wrong, as a sentence."""
+
+
+def wait_until(condition, otherwise, patience_s=PATIENCE_S):
+    """Waits until the condition gives something true and returns that; else fails with the sentence `otherwise`."""
+    deadline = time.monotonic() + patience_s
+    while True:
+        if result := condition():
+            return result
+        if time.monotonic() > deadline:
+            raise Failure(f"{otherwise} (waited {patience_s:.0f} s)")
+        time.sleep(POLL_S)
+
+
+class Trace:
+    """The host calls of one process, read from its trace file while it grows."""
+
+    def __init__(self, path):
+        self._path = path
+        self._read_bytes = 0
+        self._calls = []
+
+    def calls(self):
+        """All calls so far, oldest first; each with fn, in, out and ret."""
+        if self._path.exists():
+            with open(self._path, "rb") as file:
+                file.seek(self._read_bytes)
+                for line in file:
+                    if not line.endswith(b"\n"):
+                        break  # still being written
+                    self._read_bytes += len(line)
+                    self._calls.append(json.loads(line))
+        return self._calls
+
+    def mark(self):
+        """A place in the trace: what comes later is what is done from now on."""
+        return len(self.calls())
+
+    def find(self, fn, since=0, where=lambda call: True):
+        """The first call of that function after the mark, or None."""
+        return next((call for call in self.calls()[since:] if call["fn"] == fn and where(call)), None)
+
+    def last(self, fn, where=lambda call: True):
+        """The latest call of that function, or None."""
+        return next((call for call in reversed(self.calls()) if call["fn"] == fn and where(call)), None)
+
+    def wait(self, fn, since, where=lambda call: True, meaning=""):
+        """Waits for a call of that function after the mark."""
+        return wait_until(lambda: self.find(fn, since, where),
+                          f"{fn} {meaning}{' ' if meaning else ''}was expected and did not come")
+
+
+class Desk:
+    """Used as `with Desk() as desk`; at the end every process that was started here has ended."""
+
+    def __init__(self):
+        self.folder = Path(tempfile.mkdtemp(prefix="ocuva-tour-"))
+        self._processes = []
+        self._env = None
+
+    def __enter__(self):
+        try:
+            self._open()
+        except BaseException:
+            self.__exit__()
+            raise
+        return self
+
+    def __exit__(self, *_):
+        for process in reversed(self._processes):
+            if process.poll() is None:
+                process.terminate()
+                try:
+                    process.wait(5)
+                except subprocess.TimeoutExpired:
+                    process.kill()
+                    process.wait()
+        shutil.rmtree(self.folder, ignore_errors=True)
+
+    def _open(self):
+        for name in ("data", "config", "runtime", "tmp"):
+            (self.folder / name).mkdir(mode=0o700)
+        display_in, display_out = os.pipe()
+        self._start("Xvfb", "-displayfd", str(display_out), "-screen", "0", SCREEN, "-nolisten", "tcp", "-noreset",
+                    pass_fds=(display_out,), log="xvfb.log")
+        os.close(display_out)
+        with os.fdopen(display_in) as answer:
+            number = answer.readline().strip()
+        if not number:
+            raise Failure("Xvfb did not open a display: " + (self.folder / "xvfb.log").read_text())
+
+        kept = {key: value for key, value in os.environ.items()
+                if not key.startswith(("QT_", "OCUVA_", "XDG_", "WAYLAND_", "DBUS_"))}
+        self._env = kept | {
+            "DISPLAY": f":{number}",
+            "QT_QPA_PLATFORM": "xcb",
+            "LC_ALL": "C.UTF-8",
+            "OCUVA_DATA": str(self.folder / "data"),
+            "XDG_CONFIG_HOME": str(self.folder / "config"),
+            "XDG_RUNTIME_DIR": str(self.folder / "runtime"),
+            "TMPDIR": str(self.folder / "tmp"),
+        }
+        self._start("openbox", "--sm-disable", log="openbox.log")
+        wait_until(lambda: self._try("xdotool", "get_num_desktops"), "The window manager did not come up")
+
+    def _start(self, *command, log, pass_fds=(), **extra_env):
+        env = (self._env or dict(os.environ)) | extra_env
+        with open(self.folder / log, "wb") as output:
+            process = subprocess.Popen(command, env=env, stdin=subprocess.DEVNULL, stdout=output,
+                                       stderr=subprocess.STDOUT, pass_fds=pass_fds)
+        self._processes.append(process)
+        return process
+
+    def _try(self, *command):
+        """The command's output, or None when it fails."""
+        done = subprocess.run(command, env=self._env, stdin=subprocess.DEVNULL, capture_output=True, text=True,
+                              timeout=PATIENCE_S)
+        return done.stdout if done.returncode == 0 else None
+
+    def _do(self, *command):
+        output = self._try(*command)
+        if output is None:
+            raise Failure(f"'{' '.join(command)}' failed")
+        return output
+
+    # -- programs and their windows
+
+    def start_program(self, program, *arguments, trace, log):
+        """Starts the program; its output goes to the named file of the desk's folder."""
+        return self._start(str(program), *arguments, log=log, OCUVA_TRACE=str(trace))
+
+    def windows(self, title):
+        """Ids of the visible windows whose title matches the pattern."""
+        found = self._try("xdotool", "search", "--onlyvisible", "--name", title)
+        return found.split() if found else []
+
+    def wait_for_window(self, title):
+        return wait_until(lambda: self.windows(title), f"No window titled '{title}' came up")[0]
+
+    def windows_of(self, process):
+        """Ids of all visible windows of a process, dialogs included."""
+        found = self._try("xdotool", "search", "--onlyvisible", "--pid", str(process.pid))
+        return found.split() if found else []
+
+    def wait_for_dialog(self, process, window):
+        """The window that comes up beside the given one."""
+        return wait_until(lambda: [other for other in self.windows_of(process) if other != window],
+                          "No dialog came up")[0]
+
+    def wait_until_closed(self, process, window):
+        wait_until(lambda: window not in self.windows_of(process), "The window stays open")
+
+    def window_size(self, window):
+        """Width and height of the window without its decoration, in pixels."""
+        shell = self._do("xdotool", "getwindowgeometry", "--shell", window)
+        return tuple(int(re.search(rf"^{key}=(\d+)$", shell, re.M).group(1)) for key in ("WIDTH", "HEIGHT"))
+
+    def window_origin(self, window):
+        """Where the inside of the window begins on the screen: left, top."""
+        shell = self._do("xdotool", "mousemove", "--window", window, "0", "0", "getmouselocation", "--shell")
+        return tuple(int(re.search(rf"^{key}=(\d+)$", shell, re.M).group(1)) for key in ("X", "Y"))
+
+    def resize(self, window, width, height):
+        self._do("xdotool", "windowsize", window, str(width), str(height))
+        wait_until(lambda: self.window_size(window) == (width, height),
+                   f"The window did not take the size {width} x {height}")
+
+    def activate(self, window):
+        self._do("xdotool", "windowactivate", "--sync", window)
+
+    # -- hands and eyes
+
+    def press(self, *keys):
+        """Presses keys one after the other in the active window: press("alt+v", "n")."""
+        self._do("xdotool", "key", "--delay", "120", *keys)
+
+    def click(self, x, y, button=1):
+        """Clicks a point of the screen."""
+        self._do("xdotool", "mousemove", "--sync", str(round(x)), str(round(y)))
+        self._do("xdotool", "click", str(button))
+
+    def screenshot(self, path):
+        self._do("import", "-window", "root", str(path))
+
+    def living_area(self):
+        """Left, top, width and height of the part of the screen that changes from moment to moment: with live video
+        on, that is the image, since every frame has noise of its own."""
+        before, after = self.folder / "before.png", self.folder / "after.png"
+        self.screenshot(before)
+        time.sleep(0.3)
+        self.screenshot(after)
+        box = self._do("convert", str(before), str(after), "-compose", "difference", "-composite", "-threshold", "0",
+                       "-format", "%@", "info:")
+        width, height, left, top = (int(number) for number in re.findall(r"\d+", box))
+        return left, top, width, height
+
+    def contrast(self, picture, left, top, width, height):
+        """Standard deviation of a part of a screenshot, 0 (one colour) to 1."""
+        return float(self._do("convert", str(picture), "-crop", f"{width}x{height}+{left}+{top}", "+repage",
+                              "-colorspace", "Gray", "-format", "%[fx:standard_deviation]", "info:"))
