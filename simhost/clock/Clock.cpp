@@ -21,7 +21,7 @@ double RealClock::nowMs() const { return (monotonicSeconds() - m_startSeconds) *
 
 void RealClock::spend(double ms) {
     if (ms > 0.0) {
-        std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(ms / m_timeFactor));
+        std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(wallMs(ms)));
     }
 }
 

@@ -21,6 +21,9 @@ public:
 
     /// True when time passes only by advance and spend.
     virtual bool isVirtual() const = 0;
+
+    /// Milliseconds on the wall while ms of simulated time pass by themselves; 0 on a virtual clock.
+    virtual double wallMs(double ms) const = 0;
 };
 
 /// Wall time, run faster or slower by a factor (2 = twice as fast; 0.01 to 1000).
@@ -30,6 +33,7 @@ public:
     double nowMs() const override;
     void spend(double ms) override;
     bool isVirtual() const override { return false; }
+    double wallMs(double ms) const override { return ms / m_timeFactor; }
     double timeFactor() const { return m_timeFactor; }
 
 private:
@@ -43,6 +47,7 @@ public:
     double nowMs() const override;
     void spend(double ms) override { advance(ms); }
     bool isVirtual() const override { return true; }
+    double wallMs(double) const override { return 0.0; }
 
     /// Moves time on, stopping at every due time that a registered ticker names, in order.
     void advance(double ms);
