@@ -1,0 +1,35 @@
+#pragma once
+// Mutual exclusion between processes, and between threads that each make a lock of their own.
+
+#include <chrono>
+#include <filesystem>
+#include <string>
+
+namespace simhost {
+
+/// Holds an exclusive advisory lock on a file from construction to destruction. The system frees the lock of
+/// a process that dies. The file is made where needed and stays: removing it would let two holders in.
+class FileLock {
+public:
+    /// Waits for the lock, but not longer than patience; then, or when the file cannot be opened, it is not
+    /// held.
+    FileLock(const std::filesystem::path& file, std::chrono::milliseconds patience);
+    ~FileLock();
+    FileLock(const FileLock&) = delete;
+    FileLock& operator=(const FileLock&) = delete;
+
+    bool held() const { return m_problem.empty(); }
+
+    /// Why it is not held, one clause; empty when it is.
+    const std::string& problem() const { return m_problem; }
+
+private:
+#ifdef _WIN32
+    void* m_handle;
+#else
+    int m_number;
+#endif
+    std::string m_problem;
+};
+
+} // namespace simhost

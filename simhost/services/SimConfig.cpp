@@ -1,0 +1,84 @@
+#include "simhost/services/SimConfig.h"
+
+#include "simhost/services/Numerals.h"
+#include "simhost/services/PlatformFiles.h"
+
+namespace simhost {
+
+std::string defaultSimConfigText() {
+    std::string text =
+        "; The simulated host's own configuration. Every setting is shown with its default; delete a\n"
+        "; line to return to it. Read when the host starts.\n";
+    std::string_view section;
+    for (const SimSetting* setting : simSettings) {
+        if (section != setting->section)
+            text += "\n[" + std::string(setting->section) + "]\n";
+        section = setting->section;
+        text += "; " + std::string(setting->comment) + " (" + numberText(setting->lowest) + " to " +
+                numberText(setting->highest) + ")\n" + setting->key + "=" +
+                numberText(setting->defaultValue) + "\n";
+    }
+    return text;
+}
+
+SimConfig::SimConfig(std::filesystem::path file, HostLog& log)
+    : m_file(std::move(file))
+    , m_log(log) {
+    FileReading reading = readFile(m_file, IniText::maxBytes);
+    std::string problem = reading.problem;
+    if (reading.state == FileReading::State::tooLarge)
+        problem = "it is larger than 16 MiB";
+    if (reading.state == FileReading::State::read)
+        if (auto ini = IniText::parse(std::move(reading.text), &problem))
+            m_ini = std::move(*ini);
+    if (!problem.empty())
+        m_log.line("Configuration " + m_file.string() + " cannot be read, defaults hold: " + problem);
+}
+
+double SimConfig::getDouble(std::string_view section, std::string_view key, double defaultValue,
+                            double lowest, double highest) {
+    const auto text = m_ini.value(section, key);
+    if (!text)
+        return defaultValue;
+    const auto value = number(*text);
+    if (value && *value >= lowest && *value <= highest)
+        return *value;
+    complain(section, key, *text, numberText(defaultValue));
+    return defaultValue;
+}
+
+ocuva::Long SimConfig::getLong(std::string_view section, std::string_view key, ocuva::Long defaultValue,
+                               ocuva::Long lowest, ocuva::Long highest) {
+    const auto text = m_ini.value(section, key);
+    if (!text)
+        return defaultValue;
+    const auto value = wholeNumber(*text);
+    if (value && *value >= lowest && *value <= highest)
+        return *value;
+    complain(section, key, *text, std::to_string(defaultValue));
+    return defaultValue;
+}
+
+double SimConfig::getDouble(const SimSetting& setting) {
+    return getDouble(setting.section, setting.key, setting.defaultValue, setting.lowest, setting.highest);
+}
+
+ocuva::Long SimConfig::getLong(const SimSetting& setting) {
+    return getLong(setting.section, setting.key, static_cast<ocuva::Long>(setting.defaultValue),
+                   static_cast<ocuva::Long>(setting.lowest), static_cast<ocuva::Long>(setting.highest));
+}
+
+SurfaceShape SimConfig::surface() {
+    return {getDouble(settings::surfaceHeight), getDouble(settings::tiltX), getDouble(settings::tiltY),
+            getDouble(settings::curvature)};
+}
+
+void SimConfig::complain(std::string_view section, std::string_view key, const std::string& value,
+                         const std::string& used) {
+    if (!m_reported.insert(std::string(section) + '/' + std::string(key)).second)
+        return;
+    m_log.line("Configuration " + m_file.string() + ": [" + std::string(section) + "] " + std::string(key) +
+               "=\"" + value + "\" is not a usable value, " + used + " is used");
+}
+
+} // namespace simhost

@@ -1,0 +1,57 @@
+#pragma once
+// Standards: reference samples whose stage positions the host keeps, one ".std" file each.
+//
+// A ".std" file is INI text (IniText.h) of at most 1 MiB:
+//     [OCUVASTD]
+//     Name=Quartz      shown to people; the file's name without ".std" where it is absent
+//     X=-9000          stage position in whole stage units, 32 bits
+//     Y=4000
+//     Z=-22
+// A file without that section is no standard. One in which X, Y or Z is absent or no whole number is a
+// standard without position.
+
+#include "base/Types.h"
+#include "simhost/services/HostLog.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace simhost {
+
+inline constexpr const char* standardType = "OCUVASTD"; ///< type name of the database object, and the section
+inline constexpr std::size_t maxStandardBytes = 1024u * 1024u;
+
+struct StagePosition {
+    ocuva::Long x = 0; ///< stage units
+    ocuva::Long y = 0;
+    ocuva::Long z = 0;
+    bool operator==(const StagePosition&) const = default;
+};
+
+/// What one file holds.
+struct StandardFile {
+    std::string name;
+    std::optional<StagePosition> position;
+    std::string problem; ///< why the file is no standard; empty when it is one
+};
+
+StandardFile readStandardFile(const std::filesystem::path& file);
+
+/// The text of a ".std" file.
+std::string standardText(const std::string& name, const StagePosition& position);
+
+/// A standard that sits on the stage.
+struct StandardMount {
+    std::string name;
+    ocuva::Long x = 0; ///< stage units
+    ocuva::Long y = 0;
+    ocuva::Long z = 0; ///< the focus at its middle
+};
+
+/// All standards of a folder (files ending in ".std", in any case of letters) by file name. What is no
+/// standard or has no position is left out with a log line; a missing folder gives none, with a log line.
+std::vector<StandardMount> readStandards(const std::filesystem::path& folder, HostLog& log);
+
+} // namespace simhost

@@ -1,0 +1,196 @@
+#include "simhost/services/Stores.h"
+
+#include "simhost/services/FileLock.h"
+#include "simhost/services/Numerals.h"
+
+#include <algorithm>
+
+namespace simhost {
+
+namespace {
+
+/// File systems stamp changes with clocks that tick as slowly as once in 2 s, and a file number may be given
+/// again at once. A file that changed less than this long ago may therefore change again behind the same
+/// stamp.
+constexpr std::int64_t settleNs = 3'000'000'000;
+
+bool isSettled(const FileStamp& stamp) {
+    return wallClockNs() - std::max(stamp.modifiedNs, stamp.changedNs) > settleNs;
+}
+
+bool endsWith(std::string_view text, std::string_view end) {
+    return text.size() >= end.size() && equalIgnoringCase(text.substr(text.size() - end.size()), end);
+}
+
+std::string stampText(const FileStamp& stamp) {
+    return std::to_string(stamp.size) + ' ' + std::to_string(stamp.modifiedNs);
+}
+
+/// The file's content as INI text, or what is wrong with it.
+struct Content {
+    IniText ini;
+    std::string unusable;
+    std::string problem;
+    bool damaged = false;
+};
+
+Content contentOf(FileReading reading) {
+    switch (reading.state) {
+    case FileReading::State::absent:
+        return {};
+    case FileReading::State::unreadable:
+        return {{}, {}, std::move(reading.problem), false};
+    case FileReading::State::tooLarge:
+        return {{}, stampText(reading.stamp), "it is larger than 16 MiB", true};
+    case FileReading::State::read:
+        break;
+    }
+    Content content;
+    std::string whole = reading.text;
+    if (auto ini = IniText::parse(std::move(reading.text), &content.problem)) {
+        content.ini = std::move(*ini);
+    } else {
+        content.unusable = std::move(whole);
+        content.damaged = true;
+    }
+    return content;
+}
+
+} // namespace
+
+Stores::Stores(std::filesystem::path folder, HostLog& log, std::chrono::milliseconds patience)
+    : m_folder(std::move(folder))
+    , m_log(log)
+    , m_patience(patience) {}
+
+ocuva::Long Stores::getInt(std::string_view section, std::string_view key, ocuva::Long defaultValue,
+                           std::string_view store) {
+    const std::lock_guard guard(m_mutex);
+    return isStoreName(store) ? refreshed(store).ini.intValue(section, key, defaultValue) : defaultValue;
+}
+
+std::string Stores::getString(std::string_view section, std::string_view key, std::string_view defaultValue,
+                              std::string_view store) {
+    const std::lock_guard guard(m_mutex);
+    if (!isStoreName(store))
+        return std::string(defaultValue);
+    auto value = refreshed(store).ini.value(section, key);
+    return value ? std::move(*value) : std::string(defaultValue);
+}
+
+ocuva::Long Stores::entryCount(std::string_view section, std::string_view store) {
+    const std::lock_guard guard(m_mutex);
+    return isStoreName(store) ? static_cast<ocuva::Long>(refreshed(store).ini.entries(section).size()) : 0;
+}
+
+std::string Stores::entry(std::string_view section, ocuva::Long number, std::string_view store) {
+    const std::lock_guard guard(m_mutex);
+    if (number < 1 || !isStoreName(store))
+        return {};
+    const auto entries = refreshed(store).ini.entries(section);
+    const auto index = static_cast<std::size_t>(number) - 1;
+    return index < entries.size() ? entries[index] : std::string();
+}
+
+std::uint64_t Stores::revision(std::string_view store) {
+    const std::lock_guard guard(m_mutex);
+    return isStoreName(store) ? refreshed(store).revision : 0;
+}
+
+bool Stores::setString(std::string_view section, std::string_view key, std::string_view value,
+                       std::string_view store) {
+    const std::lock_guard guard(m_mutex);
+    if (!isStoreName(store))
+        return false;
+    std::filesystem::path lockFile = pathOf(store);
+    lockFile += ".lock";
+    const FileLock lock(lockFile, m_patience);
+    return lock.held() ? write(section, key, value, store) : refuse(store, lock.problem());
+}
+
+/// The caller holds the store's lock.
+bool Stores::write(std::string_view section, std::string_view key, std::string_view value,
+                   std::string_view store) {
+    Cached& cached = refreshed(store);
+    if (!cached.problem.empty() && !cached.damaged)
+        return refuse(store, cached.problem);
+    IniText edited = cached.ini;
+    if (!edited.setValue(section, key, value))
+        return refuse(store, "[" + std::string(section) + "] " + std::string(key) + "=" + std::string(value) +
+                                 " cannot be kept in an INI file");
+    if (cached.damaged && !moveDamagedAside(store))
+        return false;
+    if (cached.stamp && !cached.damaged && edited.text() == cached.ini.text())
+        return true;
+    cached.settled = false;
+    const std::string problem = replaceFile(pathOf(store), edited.text());
+    return problem.empty() || refuse(store, problem);
+}
+
+bool Stores::moveDamagedAside(std::string_view store) {
+    std::error_code error;
+    std::filesystem::path target;
+    for (int n = 1; target.empty() || std::filesystem::exists(target, error); ++n) {
+        target = pathOf(store);
+        target += ".damaged-" + std::to_string(n);
+    }
+    std::filesystem::rename(pathOf(store), target, error);
+    if (error)
+        return refuse(store, "it is damaged and cannot be moved aside: " + error.message());
+    m_log.line("Store " + pathOf(store).string() + " is damaged; it was kept as " +
+               target.filename().string() + " and a new one is begun");
+    return true;
+}
+
+bool Stores::refuse(std::string_view store, const std::string& reason) {
+    m_log.line("Store " + pathOf(store).string() + " could not be written: " + reason);
+    return false;
+}
+
+std::filesystem::path Stores::pathOf(std::string_view store) const {
+    return m_folder / std::filesystem::path(std::string(store));
+}
+
+bool Stores::isStoreName(std::string_view store) {
+    const bool plain = std::none_of(store.begin(), store.end(), [](char c) {
+        return c == '/' || c == '\\' || c == ':' || static_cast<unsigned char>(c) < 0x20;
+    });
+    const bool taken = store.empty() || store == "." || store == ".." || endsWith(store, ".lock") ||
+                       endsWith(store, ".aside");
+    if (plain && !taken)
+        return true;
+    m_log.line("\"" + std::string(store) + "\" is no name of a settings store");
+    return false;
+}
+
+Stores::Cached& Stores::refreshed(std::string_view store) {
+    auto found = m_cache.find(store);
+    if (found == m_cache.end())
+        found = m_cache.emplace(std::string(store), Cached{}).first;
+    Cached& cached = found->second;
+    if (!cached.settled || cached.stamp != fileStamp(pathOf(store)))
+        read(cached, store);
+    return cached;
+}
+
+void Stores::read(Cached& cached, std::string_view store) {
+    FileReading reading = readFile(pathOf(store), IniText::maxBytes);
+    const bool hasStamp =
+        reading.state == FileReading::State::read || reading.state == FileReading::State::tooLarge;
+    cached.stamp = hasStamp ? std::optional(reading.stamp) : std::nullopt;
+    cached.settled = hasStamp && isSettled(reading.stamp);
+
+    Content content = contentOf(std::move(reading));
+    if (content.ini.text() == cached.ini.text() && content.unusable == cached.unusable &&
+        content.problem == cached.problem && cached.revision > 0)
+        return;
+    cached.ini = std::move(content.ini);
+    cached.unusable = std::move(content.unusable);
+    cached.problem = std::move(content.problem);
+    cached.damaged = content.damaged;
+    ++cached.revision;
+    if (!cached.problem.empty())
+        m_log.line("Store " + pathOf(store).string() + " cannot be read, defaults hold: " + cached.problem);
+}
+
+} // namespace simhost

@@ -1,0 +1,83 @@
+#pragma once
+// The host's named settings stores: INI files in the data folder, each named exactly like its store
+// ("Ocuva.INI", "TARN.INI", "TARN"). IniText.h says how their text is understood.
+
+#include "simhost/services/HostLog.h"
+#include "simhost/services/IniText.h"
+#include "simhost/services/PlatformFiles.h"
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace simhost {
+
+/// Any number of processes may read and write the same folder: a read sees every write that was finished
+/// before it, and writers of different keys lose nothing of each other.
+///
+/// A store name that is empty, is "." or "..", holds a separator, a colon or a control character, or ends
+/// with
+/// ".lock" or ".aside" is refused with a log line. A file that cannot be read as INI text is like an empty
+/// one, with one log line per content; it is never overwritten: the next write moves it to
+/// "<name>.damaged-<n>". Any thread.
+class Stores {
+public:
+    /// patience: how long a write waits for another process that is writing the same store.
+    Stores(std::filesystem::path folder, HostLog& log,
+           std::chrono::milliseconds patience = std::chrono::seconds(5));
+
+    /// The stored value, or the default when store, section or key is absent (getInt: or the value begins
+    /// with no whole number of 32 bits). An empty value is a value to getString.
+    ocuva::Long getInt(std::string_view section, std::string_view key, ocuva::Long defaultValue,
+                       std::string_view store);
+    std::string getString(std::string_view section, std::string_view key, std::string_view defaultValue,
+                          std::string_view store);
+
+    /// On the disk when it returns true. False, with a log line, when it could not be written or IniText
+    /// refuses it.
+    bool setString(std::string_view section, std::string_view key, std::string_view value,
+                   std::string_view store);
+
+    /// Number of entries of a section, and the entry of a number counted from 1 as "key=value"; "" for a
+    /// number out of range.
+    ocuva::Long entryCount(std::string_view section, std::string_view store);
+    std::string entry(std::string_view section, ocuva::Long number, std::string_view store);
+
+    /// A number that is another one whenever the store's content is: who reads often keeps what he read
+    /// together with this number. Costs one look at the file's stamp while nothing changes. Numbers of
+    /// different stores, objects or processes mean nothing to each other.
+    std::uint64_t revision(std::string_view store);
+
+private:
+    struct Cached {
+        std::optional<FileStamp> stamp;
+        bool settled = false; ///< the stamp alone proves that the content is still the same
+        IniText ini;          ///< empty where the content cannot be used
+        std::string unusable; ///< that content, to tell one damage from the next
+        std::string problem;  ///< why it cannot be used; empty for a good or an absent file
+        bool damaged = false; ///< not INI text, as opposed to a file that the system does not let us read
+        std::uint64_t revision = 0;
+    };
+
+    std::filesystem::path pathOf(std::string_view store) const;
+    bool isStoreName(std::string_view store);
+    Cached& refreshed(std::string_view store);
+    void read(Cached& cached, std::string_view store);
+    bool write(std::string_view section, std::string_view key, std::string_view value,
+               std::string_view store);
+    bool moveDamagedAside(std::string_view store);
+    bool refuse(std::string_view store, const std::string& reason);
+
+    std::filesystem::path m_folder;
+    HostLog& m_log;
+    std::chrono::milliseconds m_patience;
+    std::mutex m_mutex;
+    std::map<std::string, Cached, std::less<>> m_cache;
+};
+
+} // namespace simhost
