@@ -1,0 +1,65 @@
+#include "app/toolbar/ButtonMenus.h"
+
+#include <QAction>
+
+#include <algorithm>
+
+namespace ocuva {
+
+namespace {
+
+// Where an item keeps the text as it was given, before "&" was doubled for the menu.
+constexpr char givenText[] = "givenText";
+
+} // namespace
+
+ButtonMenus::ButtonMenus()
+    : m_menu(std::make_unique<QMenu>()) {
+    showEmptyLine();
+}
+
+void ButtonMenus::showEmptyLine() {
+    m_emptyLine = m_menu->addAction(QStringLiteral("(empty)"));
+    m_emptyLine->setEnabled(false);
+}
+
+void ButtonMenus::clear() {
+    // Deleted later: the list may be cleared by what one of its own items has set off.
+    for (QAction* item : m_menu->actions()) {
+        m_menu->removeAction(item);
+        item->deleteLater();
+    }
+    showEmptyLine();
+}
+
+bool ButtonMenus::add(const QString& key, const QString& text) {
+    const QList<QAction*> present = m_menu->actions();
+    const auto sameKey = [&](const QAction* item) { return item->data().toString() == key; };
+    if (key.isEmpty() || std::any_of(present.begin(), present.end(), sameKey)) {
+        return false;
+    }
+    if (m_emptyLine != nullptr) {
+        m_menu->removeAction(m_emptyLine);
+        m_emptyLine->deleteLater();
+        m_emptyLine = nullptr;
+    }
+    QAction* item = m_menu->addAction(QString(text).replace(u'&', QStringLiteral("&&")));
+    item->setData(key);
+    item->setProperty(givenText, text);
+    return true;
+}
+
+int ButtonMenus::count() const {
+    return m_emptyLine != nullptr ? 0 : static_cast<int>(m_menu->actions().size());
+}
+
+QString ButtonMenus::key(int index) const {
+    return index >= 0 && index < count() ? m_menu->actions().at(index)->data().toString() : QString();
+}
+
+QString ButtonMenus::text(int index) const {
+    return index >= 0 && index < count() ? m_menu->actions().at(index)->property(givenText).toString()
+                                         : QString();
+}
+
+} // namespace ocuva

@@ -1,0 +1,37 @@
+#pragma once
+// The drop-down list of a toolbar button.
+
+#include <QMenu>
+#include <QString>
+
+#include <memory>
+
+namespace ocuva {
+
+/// An ordered list of items, each with a key that is unique in the list. While it is empty the drop-down shows
+/// one greyed line that says so and is not an item.
+class ButtonMenus {
+public:
+    ButtonMenus();
+
+    void clear();
+
+    /// Appends an item; `text` is shown as it is (an "&" is no mnemonic). False and no change when the key is
+    /// empty or already in the list.
+    bool add(const QString& key, const QString& text);
+
+    int count() const;
+    QString key(int index) const;  ///< empty when there is no such item
+    QString text(int index) const; ///< as given to add; empty when there is no such item
+
+    /// The menu that shows the list. Its triggered signal gives actions whose data() is the item's key.
+    QMenu* menu() const { return m_menu.get(); }
+
+private:
+    void showEmptyLine();
+
+    std::unique_ptr<QMenu> m_menu;
+    QAction* m_emptyLine = nullptr; ///< in the menu only while there is no item
+};
+
+} // namespace ocuva

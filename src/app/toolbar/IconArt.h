@@ -1,0 +1,22 @@
+#pragma once
+// The program's icons as drawings: one function per icon, in a table.
+
+#include "app/toolbar/IconInk.h"
+
+#include <QImage>
+#include <QString>
+#include <QStringList>
+
+namespace ocuva {
+
+/// The keys that have a drawing: every button of the toolbar.
+QStringList iconKeys();
+
+/// A square transparent image of sizePx (1 or more) device pixels with that icon. `on` gives the image of an
+/// active function where the icon has one. An unknown key gives an empty (fully transparent) image.
+QImage drawIcon(const QString& key, bool on, const IconInk& ink, int sizePx);
+
+/// The program's own emblem, an eyepiece with its reticle on a badge; it does not follow the palette.
+QImage drawEmblem(int sizePx);
+
+} // namespace ocuva
