@@ -1,0 +1,18 @@
+#pragma once
+// Where the board's pictures come from.
+
+#include "simhost/picture/Exposure.h"
+
+#include <cstdint>
+
+namespace simhost {
+
+class FrameSource {
+public:
+    virtual ~FrameSource() = default;
+    /// Fills mode.width x mode.height pixels 0xffRRGGBB, row after row. Calls come one at a time, from the
+    /// thread that grabs or the one that focuses.
+    virtual void render(const Exposure& exposure, std::uint32_t* pixels) = 0;
+};
+
+} // namespace simhost

@@ -1,0 +1,114 @@
+#pragma once
+// The simulated frame grabber: board states, grabbing, the display hand-over and the current frame.
+
+#include "hostlink/DisplayWindow.h"
+#include "hostlink/tarn_abi.h"
+#include "simhost/board/CameraReferences.h"
+#include "simhost/board/FramePool.h"
+#include "simhost/board/FrameSource.h"
+#include "simhost/board/GrabTimer.h"
+#include "simhost/mechanics/StageMechanics.h"
+
+#include <functional>
+#include <mutex>
+
+namespace simhost {
+
+/// What the optics show: stage units across the whole picture, both > 0.
+struct FieldSize {
+    double width = 640.0;
+    double height = 480.0;
+};
+
+/// What a board is joined to; all of it outlives the board.
+struct BoardConnections {
+    Clock& clock;
+    const StageMechanics& stage;
+    FrameSource& source;
+    const ocuva::DisplayWindows* windows = nullptr; ///< null: nobody sees live video
+    std::function<FieldSize()> fieldSeen;           ///< asked for each frame, on the grabbing thread
+};
+
+/// Commands come from one thread; frames are made and delivered on the board's own (on a virtual clock, on
+/// the thread that advances it). A sink must not command the board from inside present.
+///
+/// States: down -> init -> ready -> startGrab -> grabbing -> haltGrab -> ready -> shutdown -> down. Setting
+/// the board type leaves the board down, but a grab that runs goes on until it is halted.
+class VideoBoard {
+public:
+    explicit VideoBoard(BoardConnections connections);
+    ~VideoBoard();
+
+    /// Makes the board ready; a grab that runs ends, for a board that is set up afresh grabs nothing.
+    bool init();
+    /// Ends the grab, forgets the current frame.
+    void shutdown();
+    bool isReady() const;
+
+    /// One frame, or frames at the camera's rate until the halt; a grab that runs is replaced. False when the
+    /// board is not ready.
+    bool startGrab(bool continuous);
+    /// Returns when no frame will be delivered any more; the current frame stays.
+    void haltGrab();
+
+    /// Types 0 and 1; false, and nothing changed, for others. Type 1 shows live video in the display window,
+    /// type 0 grabs without showing.
+    bool setBoardType(TarnLong boardType);
+    /// The same, but the board stays as ready as it is: the host's note of which board is there.
+    bool noteBoardType(TarnLong boardType);
+    TarnLong boardType() const;
+
+    /// Types 1 to 4; 0 until one is chosen. The next frame has the new format.
+    bool setCameraType(TarnLong cameraType);
+    TarnLong cameraType() const;
+
+    void setDisplay(const TarnDisplayRequest& request);
+
+    /// 0 to 4, or -1 for automatic; kept, without effect on the picture.
+    bool setGain(TarnLong gain);
+    TarnLong gain() const;
+
+    /// TARN_BUFFER_NONE when the board is not ready.
+    TarnLong allocateBuffer() const;
+    /// Fills all but recordSize; false, and nothing changed, for another handle, a record of another size, or
+    /// a board that is not ready.
+    bool describeBuffer(TarnLong handle, TarnBufferDesc& descriptor) const;
+
+    bool setReferences(TarnLong group, double first, double second);
+    bool references(TarnLong group, double& first, double& second) const;
+
+    /// The last frame grabbed, full size; null before the first.
+    ocuva::FramePtr currentFrame() const;
+
+    /// Exposes one frame now, for a measurement: it is neither shown nor kept. Board and grab need not be
+    /// ready.
+    ocuva::FramePtr expose();
+
+    /// The one buffer that there is: the current frame.
+    static constexpr TarnLong currentBuffer = 0;
+
+private:
+    struct State {
+        bool ready = false;
+        TarnLong boardType = 1;
+        TarnLong cameraType = 0;
+        TarnLong gain = -1;
+        TarnDisplayRequest display{0, -1, 0};
+        CameraReferences references;
+    };
+    State state() const;
+    CameraMode mode() const;
+    void capture(); ///< one frame of the grab: exposes, keeps, shows
+    void show(const ocuva::FramePtr& frame);
+
+    BoardConnections m_connections;
+    FramePool m_pool;
+    mutable std::mutex m_stateMutex;
+    State m_state;
+    ocuva::FramePtr m_currentFrame;
+    std::mutex m_exposureMutex; ///< one exposure at a time
+    std::int64_t m_frameNumber = 0;
+    GrabTimer m_timer; ///< last: its thread ends before anything that it uses
+};
+
+} // namespace simhost
