@@ -49,4 +49,11 @@ Long checkedAdd(Long a, Long b) { return narrowed(std::int64_t{a} + b); }
 Long checkedSubtract(Long a, Long b) { return narrowed(std::int64_t{a} - b); }
 Long checkedNegate(Long a) { return narrowed(-std::int64_t{a}); }
 
+double checkedDivide(double dividend, double divisor) {
+    if (divisor == 0.0) {
+        throw ArithmeticError("Division by zero");
+    }
+    return dividend / divisor;
+}
+
 } // namespace ocuva

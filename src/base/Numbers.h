@@ -26,4 +26,7 @@ Long checkedAdd(Long a, Long b);
 Long checkedSubtract(Long a, Long b);
 Long checkedNegate(Long a);
 
+/// Throws ArithmeticError for a divisor of 0.
+double checkedDivide(double dividend, double divisor);
+
 } // namespace ocuva
