@@ -1,0 +1,72 @@
+#pragma once
+// The watching of stage moves: from SyncStageMove, through the ticks of the move timer that make the monitor
+// frame blink, to the end of the move and the display of the position.
+//
+//            SyncStageMove                     tick, no axis moves (MoveEnd)
+//     idle ----------------> watching a move ------------------------------> idle
+//                              |         ^
+//                              +---------+  SyncStageMove (starts another axis), tick while an axis moves
+
+#include "base/Types.h"
+#include "stage/CTnStage.h"
+
+#include <array>
+#include <string>
+
+namespace ocuva {
+
+/// What the watch changes on the window. Colours are the window system's: red in the lowest byte, then green,
+/// then blue.
+class StageWatchView {
+public:
+    virtual ~StageWatchView() = default;
+    virtual Long monitorColour() const = 0;
+    virtual void setMonitorColour(Long colour) = 0;
+    virtual void enableMoveTimer(bool on) = 0;
+    /// Text of the status bar's panel "X", "Y" or "Z".
+    virtual void showPosition(Integer axis, const std::string& text) = 0;
+};
+
+class StageWatch {
+public:
+    /// Orange (red 255, green 192, blue 0), shown on every other tick while a move runs.
+    static constexpr Long movingColour = 49407;
+    /// Period of the move timer, and so the longest delay after which the end of a move is seen.
+    static constexpr int tickMs = 64;
+
+    StageWatch(CTnStage& stage, StageWatchView& view)
+        : m_stage(stage)
+        , m_view(view) {}
+
+    /// Starts the loaded moves of an axis (0: all) and watches them to their end.
+    void SyncStageMove(Integer axis);
+
+    /// One tick of the move timer. The stage raises MoveEnd, and so moveEnded runs, from inside when nothing
+    /// moves.
+    void tick();
+
+    /// The end of a move, also when none was watched: stops the timer, gives the frame its colour back, shows
+    /// where the stage is.
+    void moveEnded();
+
+    /// Reads X, Y and Z, in this order, and shows them as whole numbers.
+    void UpdateStagePos();
+
+    bool isWatching() const { return m_bStageMoving; }
+
+private:
+    CTnStage& m_stage;
+    StageWatchView& m_view;
+    bool m_bStageMoving = false;
+    Long m_savedColour = 0;
+    bool m_oddTick = false; // the tick counter's lowest bit, all that is ever used of it
+};
+
+/// Steps of the Z buttons in stage units, by the buttons' index.
+inline constexpr std::array<Long, 4> zSteps{1, 2, 5, 10};
+
+/// One press of the Z button of that index, up or down: waits until Z stands, loads the step and watches it.
+/// The wait asks the stage again and again on purpose, so that a step is never given while Z still moves.
+void stepZ(CTnStage& stage, StageWatch& watch, std::size_t index, bool up);
+
+} // namespace ocuva
