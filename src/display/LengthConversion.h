@@ -1,0 +1,56 @@
+#pragma once
+// Lengths on the displayed image against lengths on the stage.
+
+#include "base/Types.h"
+#include "hostlink/Host.h"
+#include "video/Magnification.h"
+
+namespace ocuva {
+
+/// A length measured on the displayed image, in any unit, beside the whole field's length in the same unit.
+struct FrameLength {
+    Long length = 0;
+    Long fullLength = 0;
+};
+
+/// The two conversions, for one axis. At magnification m the whole field spans fieldFactor * 100 / m stage
+/// units. Both round half to even; neither raises an error: a failure (magnification or field 0, a result
+/// that leaves 32 bits) is one line in the host's log and the result 0.
+class LengthConversion {
+public:
+    explicit LengthConversion(TnLog& log)
+        : m_log(log) {}
+
+    Long frameToStage(Long magnification, Single fieldFactor, FrameLength frame) const;
+    Long stageToFrame(Long magnification, Single fieldFactor, Long stageLength, Long fullFrameLength) const;
+
+private:
+    TnLog& m_log;
+};
+
+/// Lengths on the two axes of the image and of the stage.
+struct FramePair {
+    Long x = 0;
+    Long y = 0;
+};
+struct StagePair {
+    Long x = 0;
+    Long y = 0;
+};
+
+/// Converts a pair of lengths with the present magnification, read afresh on every call.
+class PairConversion {
+public:
+    PairConversion(const MagnificationStore& magnification, const LengthConversion& conversion)
+        : m_magnification(magnification)
+        , m_conversion(conversion) {}
+
+    StagePair frameToStage(FramePair frame, FramePair fullFrame) const;
+    FramePair stageToFrame(StagePair stage, FramePair fullFrame) const;
+
+private:
+    const MagnificationStore& m_magnification;
+    const LengthConversion& m_conversion;
+};
+
+} // namespace ocuva

@@ -1,0 +1,92 @@
+#include "display/MilDisplay.h"
+
+#include "display/TwipsGeometry.h"
+
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <utility>
+
+namespace ocuva {
+
+MilDisplay::MilDisplay(DisplayWindows& windows, QWidget* parent)
+    : QWidget(parent)
+    , m_windows(windows)
+    // The one hop between threads: the grab thread wakes, the user-interface thread fetches.
+    , m_mailbox([this] { QMetaObject::invokeMethod(this, &MilDisplay::takeFrame, Qt::QueuedConnection); }) {
+    setObjectName(QStringLiteral("milDisp"));
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    setAttribute(Qt::WA_DontCreateNativeAncestors);
+    setAttribute(Qt::WA_NativeWindow);
+    setMouseTracking(true);
+    setCursor(Qt::CrossCursor);
+    setAccessibleName(tr("Live image"));
+    setAccessibleDescription(tr("Click a point to bring it to the centre"));
+    m_hWnd = static_cast<Long>(winId());
+    m_windows.attach(m_hWnd, m_mailbox);
+}
+
+MilDisplay::~MilDisplay() { m_windows.detach(m_hWnd); }
+
+void MilDisplay::takeFrame() {
+    if (FramePtr frame = m_mailbox.take()) {
+        m_frame = std::move(frame);
+        m_frameIsNew = true;
+        update();
+    }
+}
+
+void MilDisplay::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    if (m_frame == nullptr) {
+        painter.fillRect(rect(), Qt::black);
+        return;
+    }
+    // The image only borrows the frame's pixels; m_frame keeps them.
+    const QImage image(reinterpret_cast<const uchar*>(m_frame->pixels.data()), m_frame->width,
+                       m_frame->height, m_frame->width * static_cast<int>(sizeof(std::uint32_t)),
+                       QImage::Format_RGB32);
+    const bool pixelForPixel = image.size() == size() * devicePixelRatioF();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, !pixelForPixel);
+    painter.drawImage(rect(), image);
+    if (std::exchange(m_frameIsNew, false)) {
+        ++m_framesShown;
+        Q_EMIT frameShown();
+    }
+}
+
+bool MilDisplay::event(QEvent* event) {
+    switch (event->type()) {
+    case QEvent::WinIdChange:
+        // The window system may give the control another window, for instance when its parent changes.
+        if (m_hWnd != 0 && internalWinId() != 0 && static_cast<Long>(internalWinId()) != m_hWnd) {
+            m_windows.detach(m_hWnd);
+            m_hWnd = static_cast<Long>(internalWinId());
+            m_windows.attach(m_hWnd, m_mailbox);
+        }
+        break;
+    case QEvent::Show:
+    case QEvent::ScreenChangeInternal:
+        m_mailbox.setDevicePixelRatio(devicePixelRatioF());
+        break;
+    default:
+        break;
+    }
+    return QWidget::event(event);
+}
+
+void MilDisplay::mouseMoveEvent(QMouseEvent* event) {
+    const QPointF twips = toTwips(event->position());
+    Q_EMIT mouseMoved(event->button(), event->modifiers().toInt(), static_cast<float>(twips.x()),
+                      static_cast<float>(twips.y()));
+}
+
+void MilDisplay::mousePressEvent(QMouseEvent* event) { event->accept(); }
+
+void MilDisplay::mouseReleaseEvent(QMouseEvent* event) {
+    const QPointF twips = toTwips(event->position());
+    Q_EMIT mouseUp(event->button(), event->modifiers().toInt(), static_cast<float>(twips.x()),
+                   static_cast<float>(twips.y()));
+}
+
+} // namespace ocuva

@@ -1,0 +1,55 @@
+#pragma once
+// The display control milDisp: shows the frames that the board delivers, and tells where the mouse is on them
+// in twips.
+
+#include "display/FrameMailbox.h"
+#include "hostlink/DisplayWindow.h"
+
+#include <QWidget>
+
+namespace ocuva {
+
+/// A native window, because its handle crosses the seam: a real host draws into it, a simulated one delivers
+/// frames to its mailbox. The frame always fills the control.
+class MilDisplay final : public QWidget {
+    Q_OBJECT
+
+public:
+    MilDisplay(DisplayWindows& windows, QWidget* parent);
+    ~MilDisplay() override;
+
+    /// The window handle as it crosses the seam.
+    Long hWnd() const { return m_hWnd; }
+
+    /// Frames drawn so far, and frames that came too fast to be drawn.
+    std::uint64_t framesShown() const { return m_framesShown; }
+    std::uint64_t framesDropped() const { return m_mailbox.droppedFrames(); }
+    /// The frame on the screen; null before the first.
+    const FramePtr& shownFrame() const { return m_frame; }
+
+Q_SIGNALS:
+    /// x, y in twips from the control's top left corner.
+    void mouseMoved(Qt::MouseButton button, int shift, float x, float y);
+    void mouseUp(Qt::MouseButton button, int shift, float x, float y);
+    /// A new frame has been drawn.
+    void frameShown();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    bool event(QEvent* event) override;
+
+private:
+    void takeFrame();
+
+    DisplayWindows& m_windows;
+    FrameMailbox m_mailbox;
+    Long m_hWnd = 0;
+    FramePtr m_frame;
+    bool m_frameIsNew = false;
+    std::uint64_t m_framesShown = 0;
+};
+
+} // namespace ocuva

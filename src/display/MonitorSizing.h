@@ -1,0 +1,80 @@
+#pragma once
+// How large the image is drawn, and where every frame round it goes.
+//
+//   frMonitor > frImage > milDisp: the frame that takes the window's free room, the sunken frame, the
+//   display. Beside them frUpDown, and frMicroMarker on the display. All lengths in twips, rounded half to
+//   even, but where pixels are named.
+
+#include "base/Types.h"
+#include "display/MonitorView.h"
+#include "hostlink/Host.h"
+#include "settings/Settings.h"
+
+namespace ocuva {
+
+/// The main window's public fields about its image.
+struct MonitorFields {
+    Long GrabSizeX = 0;      ///< width of the video buffer, pixels
+    Long GrabSizeY = 0;      ///< height of the video buffer, pixels
+    Integer GrabZoom = 0;    ///< zoom divisor: one screen pixel shows that many image pixels, 1 or 2
+    Long ImageSizeX = 0;     ///< width given to milDisp, twips
+    Long ImageSizeY = 0;     ///< height given to milDisp, twips
+    Long InitImageSizeX = 0; ///< the same at the last start or zoom change; the overlays centre on half of it
+    Long InitImageSizeY = 0;
+    Long CrossSize = 0; ///< screen pixels at the present zoom
+    Long CrossWidth = 0;
+    Long GridSizeX = 0;
+    Long GridSizeY = 0;
+    Long GridLineWidth = 0;
+};
+
+class MonitorSizing {
+public:
+    /// The smallest image in either direction, twips.
+    static constexpr Long smallestImage = 360;
+
+    MonitorSizing(TnVideo& video, TnLog& log, const Settings& settings, MonitorView& view)
+        : m_video(video)
+        , m_log(log)
+        , m_settings(settings)
+        , m_view(view) {}
+
+    /// Takes from the window as designed what it has around the monitor frame, then sizes the image for
+    /// divisor 2. Once, before the window is shown.
+    void ComputeInitialSize();
+
+    /// With bInit: sizes the image from the video buffer and the zoom divisor, and tells the board. Without:
+    /// from the window as the user made it. Does nothing while the busy flag is set. An error ends it with a
+    /// line in the host's log; what was already set stays.
+    void ComputeImageSize(bool bInit, Integer nZoom);
+
+    /// Places every frame for the present image size, with bResizeForm fits the window round them, and
+    /// redraws what lies on the image. An error ends it with a line in the host's log.
+    void ResizeAll(bool bResizeForm);
+
+    void setBusy(bool busy) { m_busy = busy; }
+    bool isBusy() const { return m_busy; }
+
+    const MonitorFields& fields() const { return m_fields; }
+
+private:
+    void sizeFromWindow();
+    void sizeFromBuffer(Integer nZoom);
+    void readBufferSize(Integer nZoom);
+    void readOverlayLengths(Integer nZoom);
+    void placeMonitor();
+    void fitWindow();
+    void placeUpDown();
+    void placeMicroMarker();
+
+    TnVideo& m_video;
+    TnLog& m_log;
+    const Settings& m_settings;
+    MonitorView& m_view;
+    MonitorFields m_fields;
+    Long m_extraWidth = 0;
+    Long m_extraHeight = 0;
+    bool m_busy = false;
+};
+
+} // namespace ocuva
