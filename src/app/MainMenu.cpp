@@ -1,0 +1,84 @@
+#include "app/MainMenu.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+
+namespace ocuva {
+
+namespace {
+
+enum class Kind { Menu, Item, Check, Separator, BarItem };
+
+struct Row {
+    Kind kind;
+    const char* name;
+    const char* caption;
+    const char* shortcut;
+    Command command;
+};
+
+// An item belongs to the menu above it.
+constexpr std::array<Row, 20> rows{{
+    {Kind::Menu, "mnuFile", QT_TRANSLATE_NOOP("MainMenu", "&File"), "", Command::None},
+    {Kind::Item, "mmuOpen", QT_TRANSLATE_NOOP("MainMenu", "&Open"), "Ctrl+O", Command::Open},
+    {Kind::Item, "mnuSaveAs", QT_TRANSLATE_NOOP("MainMenu", "&Save As..."), "Ctrl+S", Command::SaveAs},
+    {Kind::Separator, "mnuSep", "", "", Command::None},
+    {Kind::Item, "mnuExit", QT_TRANSLATE_NOOP("MainMenu", "&Exit"), "Ctrl+Q", Command::Exit},
+    {Kind::Menu, "mnuView", QT_TRANSLATE_NOOP("MainMenu", "&View"), "", Command::None},
+    {Kind::Check, "mnuAcq", QT_TRANSLATE_NOOP("MainMenu", "&Live"), "F7", Command::Acquire},
+    {Kind::Check, "mnuZoom0", QT_TRANSLATE_NOOP("MainMenu", "&Normal (1:1)"), "", Command::Zoom},
+    {Kind::Check, "mnuZoom1", QT_TRANSLATE_NOOP("MainMenu", "&Zoom out (1:2)"), "", Command::Zoom},
+    {Kind::Check, "mnuCross", QT_TRANSLATE_NOOP("MainMenu", "&Cross"), "F9", Command::Cross},
+    {Kind::Check, "mnuGrid", QT_TRANSLATE_NOOP("MainMenu", "&Grid"), "F5", Command::Grid},
+    {Kind::Check, "mnuMicroMarker", QT_TRANSLATE_NOOP("MainMenu", "&MicroMarker"), "", Command::MicroMarker},
+    {Kind::Menu, "mnuStage", QT_TRANSLATE_NOOP("MainMenu", "&Stage"), "", Command::None},
+    {Kind::Item, "mnuMove", QT_TRANSLATE_NOOP("MainMenu", "&Move..."), "F8", Command::Move},
+    {Kind::Item, "mmuBckl", QT_TRANSLATE_NOOP("MainMenu", "&Backlash"), "F6", Command::Backlash},
+    {Kind::Item, "mnuStandard", QT_TRANSLATE_NOOP("MainMenu", "&Standard"), "", Command::None},
+    {Kind::Item, "mnuFocus", QT_TRANSLATE_NOOP("MainMenu", "&Autofocus"), "F4", Command::Focus},
+    {Kind::Item, "Picture", QT_TRANSLATE_NOOP("MainMenu", "&Picture"), "F3", Command::Picture},
+    {Kind::BarItem, "mnuSetup", QT_TRANSLATE_NOOP("MainMenu", "Se&tup..."), "", Command::Setup},
+    {Kind::BarItem, "mnuAbout", QT_TRANSLATE_NOOP("MainMenu", "&About..."), "", Command::About},
+}};
+
+// Commands whose windows or functions are not part of this version yet.
+constexpr std::array unavailable{Command::Open,  Command::SaveAs,  Command::Cross,
+                                 Command::Grid,  Command::Move,    Command::MicroMarker,
+                                 Command::Focus, Command::Picture, Command::Setup};
+
+} // namespace
+
+bool MainMenu::isAvailable(Command command) {
+    return std::find(unavailable.begin(), unavailable.end(), command) == unavailable.end();
+}
+
+MainMenu::MainMenu(QMenuBar& bar, const std::function<void(Command)>& run) {
+    QMenu* menu = nullptr;
+    for (const Row& row : rows) {
+        const QString caption = QCoreApplication::translate("MainMenu", row.caption);
+        if (row.kind == Kind::Menu) {
+            menu = bar.addMenu(caption);
+            menu->setObjectName(QString::fromLatin1(row.name));
+            continue;
+        }
+        QAction* action = nullptr;
+        if (row.kind == Kind::BarItem) {
+            action = bar.addAction(caption);
+        } else if (row.kind == Kind::Separator) {
+            action = menu->addSeparator();
+        } else {
+            action = menu->addAction(caption);
+        }
+        action->setObjectName(QString::fromLatin1(row.name));
+        action->setCheckable(row.kind == Kind::Check);
+        action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
+        action->setEnabled(isAvailable(row.command));
+        QObject::connect(action, &QAction::triggered, &bar, [run, command = row.command] { run(command); });
+        m_actions[row.name] = action;
+    }
+}
+
+QAction* MainMenu::action(std::string_view name) const { return m_actions.at(name); }
+
+} // namespace ocuva

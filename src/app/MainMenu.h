@@ -1,0 +1,47 @@
+#pragma once
+// The menu bar of the main window as one table: caption, shortcut, command.
+
+#include <QAction>
+#include <QMenuBar>
+
+#include <array>
+#include <functional>
+#include <map>
+#include <string_view>
+
+namespace ocuva {
+
+/// What a menu item, its shortcut and its toolbar key do; one entry each, so that all three have the same
+/// effect.
+enum class Command {
+    None,
+    Open,
+    SaveAs,
+    Exit,
+    Acquire,
+    Zoom,
+    Cross,
+    Grid,
+    MicroMarker,
+    Move,
+    Backlash,
+    Focus,
+    Picture,
+    Setup,
+    About,
+};
+
+/// Actions by their names; the two items of the zoom array are "mnuZoom0" and "mnuZoom1".
+class MainMenu {
+public:
+    MainMenu(QMenuBar& bar, const std::function<void(Command)>& run);
+
+    QAction* action(std::string_view name) const;
+    /// Whether the command can be run in this version of the program, wherever it is reached from.
+    static bool isAvailable(Command command);
+
+private:
+    std::map<std::string_view, QAction*> m_actions;
+};
+
+} // namespace ocuva

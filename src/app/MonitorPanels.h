@@ -1,0 +1,52 @@
+#pragma once
+// The controls in the main window's client area: the nest of frames with the display, and the panel of Z
+// buttons.
+
+#include "app/GroupFrame.h"
+#include "display/MilDisplay.h"
+
+#include <QToolButton>
+#include <QWidget>
+
+#include <array>
+
+namespace ocuva {
+
+/// The sunken frame right round the display.
+class ImageFrame final : public QWidget {
+    Q_OBJECT
+
+public:
+    explicit ImageFrame(QWidget* parent);
+    /// The control that the bevel is drawn round.
+    void setFramed(const QWidget* framed) { m_framed = framed; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    const QWidget* m_framed = nullptr;
+};
+
+/// The Z buttons: four steps up and four down, the biggest outermost.
+class UpDownPanel {
+public:
+    explicit UpDownPanel(QWidget* parent);
+
+    GroupFrame* frUpDown = nullptr;
+    std::array<QToolButton*, 4> cmdUp{};
+    std::array<QToolButton*, 4> cmdDown{};
+};
+
+/// frMonitor with what is inside it, in its design geometry.
+class MonitorPanels {
+public:
+    MonitorPanels(DisplayWindows& windows, QWidget* parent);
+
+    GroupFrame* frMonitor = nullptr;
+    ImageFrame* frImage = nullptr;
+    MilDisplay* milDisp = nullptr;
+    QWidget* frMicroMarker = nullptr;
+};
+
+} // namespace ocuva

@@ -1,0 +1,329 @@
+#include "app/frmOcuva.h"
+
+#include "app/frmSplash.h"
+#include "app/toolbar/VectorIcon.h"
+#include "autofocus/DoFocus.h"
+#include "base/Numbers.h"
+#include "base/Product.h"
+#include "display/TwipsGeometry.h"
+#include "video/DisplayHandOver.h"
+
+#include <QCloseEvent>
+#include <QMessageBox>
+
+namespace ocuva {
+
+namespace {
+
+constexpr int frameRatePeriodMs = 1000;
+// Twips left free below the panels of the designed window.
+constexpr Long designBottomMargin = 180;
+constexpr Long designWindowWidth = 8190;
+
+struct ToolbarCommand {
+    QLatin1StringView key;
+    Command command;
+};
+constexpr std::array<ToolbarCommand, 9> toolbarCommands{{
+    {QLatin1StringView("Acq"), Command::Acquire},
+    {QLatin1StringView("Save"), Command::SaveAs},
+    {QLatin1StringView("Zoom"), Command::Zoom},
+    {QLatin1StringView("Cross"), Command::Cross},
+    {QLatin1StringView("Grid"), Command::Grid},
+    {QLatin1StringView("Stage"), Command::Move},
+    {QLatin1StringView("Standard"), Command::None},
+    {QLatin1StringView("Focus"), Command::Focus},
+    {QLatin1StringView("Setup"), Command::Setup},
+}};
+
+} // namespace
+
+frmOcuva::frmOcuva(const MainWindowContext& context)
+    : m_context(context)
+    , m_settings(context.host.tn_reg())
+    , m_magnification(m_settings, context.host.tn_lib_proxy())
+    , m_conversion(context.host.tn_log())
+    , m_stage(context.host.tn_lib_proxy(), context.host.tn_micro_proxy())
+    , m_watch(m_stage, *this)
+    , m_sizing(context.host.tn_video(), context.host.tn_log(), m_settings, *this) {
+    setObjectName(QStringLiteral("frmOcuva"));
+    setWindowTitle(context.windowTitle);
+    setWindowIcon(applicationIcon());
+    setContextMenuPolicy(Qt::NoContextMenu);
+    makeControls();
+    makeTimers();
+    connectControls();
+}
+
+frmOcuva::~frmOcuva() = default;
+
+void frmOcuva::makeControls() {
+    m_client = new QWidget(this);
+    setCentralWidget(m_client);
+    tbMain = new MainToolbar(m_client);
+    tbMain->move(0, 0);
+    m_panels = std::make_unique<MonitorPanels>(m_context.displayWindows, m_client);
+    m_upDown = std::make_unique<UpDownPanel>(m_client);
+    m_menu = std::make_unique<MainMenu>(*menuBar(), [this](Command command) { run(command); });
+    sbMain = new StatusBar(this);
+    setStatusBar(sbMain);
+
+    // The window as designed: what stands around the monitor frame, from the frame's edge to the window's.
+    const QRect monitor = m_panels->frMonitor->geometry();
+    ensurePolished();
+    resize(pixelsX(designWindowWidth), monitor.bottom() + 1 + pixelsY(designBottomMargin) +
+                                           menuBar()->sizeHint().height() + sbMain->sizeHint().height());
+    setMinimumSize(1, 1);
+}
+
+void frmOcuva::makeTimers() {
+    const auto makeTimer = [this](const char* name, int intervalMs) {
+        auto* timer = new QTimer(this);
+        timer->setObjectName(QString::fromLatin1(name));
+        timer->setInterval(intervalMs);
+        return timer;
+    };
+    tServerCheckIdle = makeTimer("tServerCheckIdle", modServer::idleTickMs);
+    tStageMove = makeTimer("tStageMove", StageWatch::tickMs);
+    tStageMove->setTimerType(Qt::PreciseTimer);
+    tInitTBMain = makeTimer("tInitTBMain", 0); // due as soon as the message loop runs
+}
+
+void frmOcuva::connectControls() {
+    m_stage.MoveEnd = [this](Integer ErrCode) { cxsStage_MoveEnd(ErrCode); };
+    for (std::size_t i = 0; i < zSteps.size(); ++i) {
+        connect(m_upDown->cmdUp.at(i), &QToolButton::clicked, this, [this, i] { cmdUp_Click(i); });
+        connect(m_upDown->cmdDown.at(i), &QToolButton::clicked, this, [this, i] { cmdDown_Click(i); });
+    }
+    connect(m_panels->milDisp, &MilDisplay::mouseMoved, this, &frmOcuva::milDisp_MouseMove);
+    connect(m_panels->milDisp, &MilDisplay::mouseUp, this, &frmOcuva::milDisp_MouseUp);
+    connect(m_panels->milDisp, &MilDisplay::frameShown, this, &frmOcuva::frameShown);
+    connect(tStageMove, &QTimer::timeout, this, &frmOcuva::tStageMove_Timer);
+    connect(tInitTBMain, &QTimer::timeout, this, &frmOcuva::tInitTBMain_Timer);
+    connect(tServerCheckIdle, &QTimer::timeout, this, [this] { m_server->idleTick(); });
+    connect(tbMain, &MainToolbar::buttonClicked, this, &frmOcuva::tbMain_ButtonClick);
+    connect(tbMain, &MainToolbar::customized, this, [this] { m_layoutStore.save(tbMain->layoutText()); });
+    connect(sbMain, &StatusBar::panelClicked, this, [this] { UpdateStagePos(); });
+    connect(sbMain, &StatusBar::panelDoubleClicked, this, [this] { run(Command::Move); });
+}
+
+void frmOcuva::Load() {
+    Host& host = m_context.host;
+    constexpr Long boardInUse = 1;
+    host.tn_lib_proxy().TarnSetVideoBoardType(boardInUse);
+    m_board = std::make_unique<CTnVideoBoard>(host.tn_video());
+    m_image = std::make_unique<CTnVideoImage>(host.tn_video(), host.tn_vduti(), m_context.automation);
+    m_sizing.ComputeInitialSize();
+    m_sizing.ResizeAll(true);
+    m_vgaMouse = m_settings.readVgaModeForMouse();
+    m_notifier = host.createNotifier();
+    m_server.emplace(m_context.flags, host.tn_log(), *m_notifier, static_cast<ServerWindow&>(*this),
+                     [this](Long soFar) { return m_settings.readServerIdleCount(soFar); });
+    m_notifier->setOnNotify([this](const Notification& notification) { m_notifier_OnNotify(notification); });
+    m_notifier->Subscribe("DST_APP=TN_OCUVA_SERVER");
+    m_loaded = true;
+    showStartState();
+    tInitTBMain->start();
+}
+
+void frmOcuva::showStartState() {
+    const ViewOptions view = m_settings.readView();
+    if (view.FullImage != 0) {
+        mnuZoom_Click();
+    }
+    if (view.LiveImage != 0) {
+        mnuAcq_Click();
+    }
+    showZoom();
+    showAcquisition();
+}
+
+void frmOcuva::setUpToolbar() {
+    restoreToolbarLayout();
+    for (const ToolbarCommand& row : toolbarCommands) {
+        tbMain->setEnabled(row.key, MainMenu::isAvailable(row.command));
+    }
+    showZoom();
+    showAcquisition();
+}
+
+void frmOcuva::restoreToolbarLayout() { tbMain->restoreLayout(m_layoutStore.load()); }
+
+void frmOcuva::tInitTBMain_Timer() {
+    tInitTBMain->stop();
+    restoreToolbarLayout();
+}
+
+void frmOcuva::initialiseCamera() {
+    constexpr Long boardWithDisplay = 1;
+    constexpr Long startDivisor = 2;
+    if (m_board->BoardType() == boardWithDisplay) {
+        handDisplayToBoard(m_context.host.tn_video(), displayHandle(), startDivisor, m_normalZoom);
+    }
+    tbMain->setEnabled(QStringLiteral("Acq"), m_board->IsInitialized());
+}
+
+void frmOcuva::run(Command command) {
+    if (!MainMenu::isAvailable(command)) {
+        return;
+    }
+    guarded([this, command] {
+        switch (command) {
+        case Command::Exit:
+            exitOperation();
+            break;
+        case Command::Acquire:
+            mnuAcq_Click();
+            break;
+        case Command::Zoom:
+            mnuZoom_Click();
+            break;
+        case Command::Backlash:
+            mmuBckl_Click();
+            break;
+        case Command::About:
+            mnuAbout_Click();
+            break;
+        default:
+            break;
+        }
+    });
+}
+
+void frmOcuva::tbMain_ButtonClick(const QString& key) {
+    for (const ToolbarCommand& row : toolbarCommands) {
+        if (key == row.key) {
+            run(row.command);
+        }
+    }
+}
+
+void frmOcuva::mnuAcq_Click() {
+    m_board->GrabToggle(m_image.get());
+    m_rateTimer.invalidate();
+    showAcquisition();
+}
+
+void frmOcuva::mnuZoom_Click() {
+    const bool wasNormal = m_normalZoom;
+    m_normalZoom = !wasNormal;
+    ComputeImageSize(true, wasNormal ? 2 : 1);
+    ResizeAll(true);
+}
+
+void frmOcuva::mmuBckl_Click() {
+    m_context.host.tn_micro_proxy().TarnBacklashStage(axisAll);
+    SyncStageMove(axisAll);
+}
+
+void frmOcuva::mnuAbout_Click() { m_context.splash.showModal(this); }
+
+void frmOcuva::cmdUp_Click(std::size_t index) { stepZ_Click(index, true); }
+void frmOcuva::cmdDown_Click(std::size_t index) { stepZ_Click(index, false); }
+
+void frmOcuva::stepZ_Click(std::size_t index, bool up) {
+    guarded([this, index, up] {
+        if (!m_settings.readVgaMode()) {
+            stepZ(m_stage, m_watch, index, up);
+        }
+    });
+}
+
+void frmOcuva::tStageMove_Timer() { m_watch.tick(); }
+
+void frmOcuva::cxsStage_MoveEnd(Integer /*ErrCode*/) { m_watch.moveEnded(); }
+
+void frmOcuva::milDisp_MouseMove(Qt::MouseButton /*button*/, int /*shift*/, float /*x*/, float /*y*/) {}
+
+void frmOcuva::milDisp_MouseUp(Qt::MouseButton button, int /*shift*/, float x, float y) {
+    const QRectF onImage = m_panels->milDisp->rect();
+    const QPointF pixels(x / screen().TwipsPerPixelX, y / screen().TwipsPerPixelY);
+    // A press that is dragged off the image is one that the operator thought better of.
+    if (button != Qt::LeftButton || m_vgaMouse || !onImage.contains(pixels)) {
+        return;
+    }
+    guarded([this, x, y] {
+        const TwipsRect display = rect(MonitorPart::milDisp);
+        moveToPoint({x,
+                     y,
+                     {toLong(display.width / 2.0), toLong(display.height / 2.0)},
+                     {display.width, display.height}});
+    });
+}
+
+void frmOcuva::moveToPoint(const ClickOnImage& click) {
+    const Magnification magnification = m_magnification.read();
+    const StagePair move = ocuva::moveToPoint(click, magnification, m_settings.readView(), m_conversion);
+    m_stage.DX(move.x);
+    m_stage.DY(move.y);
+    SyncStageMove(axisAll);
+}
+
+void frmOcuva::DoFocus() { doFocus(m_stage, m_watch, *m_board, *m_image); }
+
+void frmOcuva::Shutdown() { m_board->Shutdown(); }
+
+void frmOcuva::m_notifier_OnNotify(const Notification& notification) {
+    guarded([this, &notification] { m_server->onNotify(notification); });
+}
+
+void frmOcuva::frameShown() {
+    const std::uint64_t shown = m_panels->milDisp->framesShown();
+    if (!m_rateTimer.isValid()) {
+        m_rateTimer.start();
+        m_framesAtRateStart = shown;
+        m_framesPerSecond = 0.0;
+        showInformation();
+    } else if (m_rateTimer.elapsed() >= frameRatePeriodMs) {
+        m_framesPerSecond = static_cast<double>(shown - m_framesAtRateStart) * 1000.0 /
+                            static_cast<double>(m_rateTimer.restart());
+        m_framesAtRateStart = shown;
+        showInformation();
+    }
+}
+
+void frmOcuva::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    tbMain->resize(m_client->width(), tbMain->sizeHint().height());
+    if (m_loaded && !m_exiting && !m_sizing.isBusy()) {
+        ComputeImageSize(false, 2);
+        ResizeAll(false);
+    }
+}
+
+void frmOcuva::closeEvent(QCloseEvent* event) {
+    exitOperation();
+    event->accept();
+}
+
+void frmOcuva::exitOperation() {
+    if (m_exiting) {
+        return;
+    }
+    m_exiting = true;
+    tStageMove->stop();
+    tServerCheckIdle->stop();
+    tInitTBMain->stop();
+    Shutdown();
+    m_notifier.reset();
+    close();
+    m_context.endProcess();
+}
+
+void frmOcuva::guarded(const std::function<void()>& handler) {
+    try {
+        handler();
+    } catch (const std::exception& error) {
+        reportError(QString::fromLocal8Bit(error.what()));
+    }
+}
+
+void frmOcuva::reportError(const QString& text) {
+    const QString line = tr("Error: %1").arg(text);
+    m_context.host.tn_log().TarnPrintfVB((line + u'\n').toLocal8Bit().constData());
+    if (isVisible()) {
+        QMessageBox::critical(this, QString::fromLatin1(productTitle), text);
+    }
+}
+
+} // namespace ocuva

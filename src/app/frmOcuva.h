@@ -1,0 +1,184 @@
+#pragma once
+// The main window: the live monitor with its frames, menus, toolbar, status bar and timers. It reads its
+// controls, calls an operation of the logic, and shows the answer.
+
+#include "app/MainMenu.h"
+#include "app/MonitorPanels.h"
+#include "app/StatusBar.h"
+#include "app/toolbar/MainToolbar.h"
+#include "app/toolbar/ToolbarLayoutStore.h"
+#include "display/LengthConversion.h"
+#include "display/MonitorSizing.h"
+#include "display/PointMove.h"
+#include "hostlink/DisplayWindow.h"
+#include "hostlink/Host.h"
+#include "hostlink/modServer.h"
+#include "settings/Settings.h"
+#include "stage/CTnStage.h"
+#include "stage/StageWatch.h"
+#include "video/CTnVideoBoard.h"
+#include "video/CTnVideoImage.h"
+#include "video/Magnification.h"
+
+#include <QElapsedTimer>
+#include <QMainWindow>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace ocuva {
+
+class frmSplash;
+
+/// What the main window needs of the world; everything outlives it.
+struct MainWindowContext {
+    Host& host;
+    DisplayWindows& displayWindows;
+    Automation& automation;
+    ProcessFlags& flags;
+    frmSplash& splash;                ///< serves as about box
+    QString windowTitle;              ///< says so when the host is simulated
+    std::function<void()> endProcess; ///< the last step of the exit operation
+};
+
+class frmOcuva final : public QMainWindow, private StageWatchView, private MonitorView, private ServerWindow {
+    Q_OBJECT
+
+public:
+    /// Makes the controls as designed; no host call is made before Load.
+    explicit frmOcuva(const MainWindowContext& context);
+    ~frmOcuva() override;
+
+    /// The load handler. Once.
+    void Load();
+
+    /// Sets the toolbar up under the name that its layout is kept by.
+    void setUpToolbar();
+    /// The board and camera parameters that this window shares with the set-up dialog.
+    void initialiseCamera();
+
+    // Operations that other windows call.
+    void SyncStageMove(Integer axis) { m_watch.SyncStageMove(axis); }
+    void UpdateStagePos() { m_watch.UpdateStagePos(); }
+    void ComputeImageSize(bool bInit, Integer nZoom) { m_sizing.ComputeImageSize(bInit, nZoom); }
+    void ResizeAll(bool bResizeForm) { m_sizing.ResizeAll(bResizeForm); }
+    /// Moves the stage so that the clicked point comes to the reference point; lengths in twips.
+    void moveToPoint(const ClickOnImage& click);
+    void DoFocus() override;
+    void Shutdown();
+
+    /// Runs a command as its menu item, shortcut or toolbar key does.
+    void run(Command command);
+
+    const MonitorFields& fields() const { return m_sizing.fields(); }
+    CTnVideoBoard& cxvbBoard() { return *m_board; }
+    CTnVideoImage& vimage() { return *m_image; }
+    CTnStage& cxsStage() { return m_stage; }
+
+    /// The images that the toolbar chooses from: small and large, plain, under the pointer, disabled.
+    const ToolbarImageLists imageLists;
+
+    MainToolbar* tbMain = nullptr;
+    StatusBar* sbMain = nullptr;
+    QTimer* tServerCheckIdle = nullptr;
+    QTimer* tStageMove = nullptr;
+    QTimer* tInitTBMain = nullptr;
+
+    const MainMenu& menu() const { return *m_menu; }
+    const MonitorPanels& panels() const { return *m_panels; }
+    const UpDownPanel& upDown() const { return *m_upDown; }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void makeControls();
+    void makeTimers();
+    void connectControls();
+    void showStartState();
+    void restoreToolbarLayout();
+
+    // Event handlers.
+    void cmdUp_Click(std::size_t index);
+    void cmdDown_Click(std::size_t index);
+    void stepZ_Click(std::size_t index, bool up);
+    void tStageMove_Timer();
+    void tInitTBMain_Timer();
+    void cxsStage_MoveEnd(Integer ErrCode);
+    void milDisp_MouseMove(Qt::MouseButton button, int shift, float x, float y);
+    void milDisp_MouseUp(Qt::MouseButton button, int shift, float x, float y);
+    void m_notifier_OnNotify(const Notification& notification);
+    void tbMain_ButtonClick(const QString& key);
+    void mnuAcq_Click();
+    void mnuZoom_Click();
+    void mmuBckl_Click();
+    void mnuAbout_Click();
+    void frameShown();
+    void exitOperation();
+
+    /// Runs a handler; an error that leaves it is shown by the general error report.
+    void guarded(const std::function<void()>& handler);
+    void reportError(const QString& text);
+    void showAcquisition();
+    void showZoom();
+    void showInformation();
+
+    // StageWatchView
+    Long monitorColour() const override;
+    void setMonitorColour(Long colour) override;
+    void enableMoveTimer(bool on) override;
+    void showPosition(Integer axis, const std::string& text) override;
+
+    // MonitorView
+    ScreenMetrics screen() const override;
+    TwipsRect rect(MonitorPart part) const override;
+    void setRect(MonitorPart part, const TwipsRect& rect) override;
+    Long windowWidth() const override;
+    Long windowHeight() const override;
+    bool windowIsMaximised() const override;
+    void setWindowSize(Long width, Long height) override;
+    Long displayHandle() const override;
+    bool normalZoomIsChecked() const override { return m_normalZoom; }
+    void redrawOverlays(Long centreY, Long centreX) override;
+    void refreshState() override;
+    QWidget* partWidget(MonitorPart part) const;
+
+    // ServerWindow
+    void applyWindowState(ServerWindow::State state) override;
+    void showModeless() override;
+    void hideWindow() override;
+    void enableIdleTimer(bool on) override;
+    void exitProgram() override;
+
+    MainWindowContext m_context;
+    Settings m_settings;
+    MagnificationStore m_magnification;
+    LengthConversion m_conversion;
+    CTnStage m_stage;
+    StageWatch m_watch;
+    MonitorSizing m_sizing;
+    std::unique_ptr<CTnVideoBoard> m_board; // cxvbBoard
+    std::unique_ptr<CTnVideoImage> m_image; // vimage
+    std::unique_ptr<Notifier> m_notifier;
+    std::optional<modServer> m_server;
+    ToolbarLayoutStore m_layoutStore;
+
+    QWidget* m_client = nullptr;
+    std::unique_ptr<MainMenu> m_menu;
+    std::unique_ptr<MonitorPanels> m_panels;
+    std::unique_ptr<UpDownPanel> m_upDown;
+
+    bool m_normalZoom = false; // the mark of "&Normal (1:1)"; not set at start, where the divisor is 2
+    bool m_vgaMouse = false;   // taken once at start
+    bool m_loaded = false;
+    bool m_exiting = false;
+    QElapsedTimer m_rateTimer;
+    std::uint64_t m_framesAtRateStart = 0;
+    double m_framesPerSecond = 0.0;
+};
+
+} // namespace ocuva

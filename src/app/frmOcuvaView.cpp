@@ -1,0 +1,140 @@
+// The main window as the logic sees it: lengths in twips, colours as numbers, panels by axis.
+
+#include "app/frmOcuva.h"
+#include "display/TwipsGeometry.h"
+
+#include <QEvent>
+
+namespace ocuva {
+
+namespace {
+
+Long toColourNumber(const QColor& colour) { return colour.red() | colour.green() << 8 | colour.blue() << 16; }
+
+QColor fromColourNumber(Long colour) { return {colour & 0xff, (colour >> 8) & 0xff, (colour >> 16) & 0xff}; }
+
+} // namespace
+
+Long frmOcuva::monitorColour() const { return toColourNumber(m_panels->frMonitor->fillColour()); }
+
+void frmOcuva::setMonitorColour(Long colour) { m_panels->frMonitor->setFillColour(fromColourNumber(colour)); }
+
+void frmOcuva::enableMoveTimer(bool on) {
+    if (!on) {
+        tStageMove->stop();
+    } else if (!tStageMove->isActive()) {
+        tStageMove->start();
+    }
+}
+
+void frmOcuva::showPosition(Integer axis, const std::string& text) {
+    static constexpr const char* keys[]{"X", "Y", "Z"};
+    sbMain->panel(QString::fromLatin1(keys[axis - axisX]))->setText(QString::fromStdString(text));
+}
+
+ScreenMetrics frmOcuva::screen() const { return screenMetrics(); }
+
+QWidget* frmOcuva::partWidget(MonitorPart part) const {
+    switch (part) {
+    case MonitorPart::milDisp:
+        return m_panels->milDisp;
+    case MonitorPart::frImage:
+        return m_panels->frImage;
+    case MonitorPart::frMonitor:
+        return m_panels->frMonitor;
+    case MonitorPart::frUpDown:
+        return m_upDown->frUpDown;
+    case MonitorPart::frMicroMarker:
+        return m_panels->frMicroMarker;
+    case MonitorPart::tbMain:
+        break;
+    }
+    return tbMain;
+}
+
+TwipsRect frmOcuva::rect(MonitorPart part) const {
+    const QWidget* widget = partWidget(part);
+    if (part == MonitorPart::tbMain) {
+        // Its height is that of its buttons, whether or not the window has laid it out yet.
+        return toTwips(QRect(widget->pos(), QSize(widget->width(), widget->sizeHint().height())));
+    }
+    return toTwips(widget->geometry());
+}
+
+void frmOcuva::setRect(MonitorPart part, const TwipsRect& rect) {
+    partWidget(part)->setGeometry(toPixels(rect));
+}
+
+Long frmOcuva::windowWidth() const { return twipsX(width()); }
+
+Long frmOcuva::windowHeight() const { return twipsY(height()); }
+
+bool frmOcuva::windowIsMaximised() const { return isMaximized() || isFullScreen(); }
+
+void frmOcuva::setWindowSize(Long width, Long height) { resize(pixelsX(width), pixelsY(height)); }
+
+Long frmOcuva::displayHandle() const { return m_panels->milDisp->hWnd(); }
+
+void frmOcuva::redrawOverlays(Long /*centreY*/, Long /*centreX*/) {}
+
+void frmOcuva::refreshState() {
+    UpdateStagePos();
+    showZoom();
+    showAcquisition();
+}
+
+void frmOcuva::showAcquisition() {
+    const bool grabbing = m_board != nullptr && m_board->IsGrabbing();
+    m_menu->action("mnuAcq")->setChecked(grabbing);
+    tbMain->setValue(QStringLiteral("Acq"), grabbing);
+    showInformation();
+}
+
+void frmOcuva::showZoom() {
+    m_menu->action("mnuZoom0")->setChecked(m_normalZoom);
+    m_menu->action("mnuZoom1")->setChecked(!m_normalZoom);
+    tbMain->setValue(QStringLiteral("Zoom"), m_normalZoom);
+}
+
+void frmOcuva::showInformation() {
+    QString text = tr("Still");
+    if (m_board != nullptr && m_board->IsGrabbing()) {
+        text =
+            m_framesPerSecond > 0.0 ? tr("Live, %1 frames/s").arg(m_framesPerSecond, 0, 'f', 1) : tr("Live");
+    }
+    sbMain->panel(QStringLiteral("Info"))
+        ->setText(text + QStringLiteral("   ") + (m_normalZoom ? tr("1:1") : tr("1:2")));
+}
+
+void frmOcuva::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    // Another palette or font changes the toolbar's height and the frames with it.
+    if (event->type() == QEvent::StyleChange && m_loaded && !m_exiting) {
+        ResizeAll(false);
+    }
+}
+
+void frmOcuva::applyWindowState(ServerWindow::State state) {
+    setWindowState(state == ServerWindow::State::normal ? windowState() & ~Qt::WindowMinimized
+                                                        : windowState() | Qt::WindowMinimized);
+}
+
+void frmOcuva::showModeless() {
+    show();
+    raise();
+    activateWindow();
+}
+
+void frmOcuva::hideWindow() { hide(); }
+
+void frmOcuva::enableIdleTimer(bool on) {
+    if (on) {
+        tServerCheckIdle->start();
+    } else {
+        tServerCheckIdle->stop();
+    }
+}
+
+void frmOcuva::exitProgram() { exitOperation(); }
+
+} // namespace ocuva

@@ -1,0 +1,44 @@
+#pragma once
+// The start of the program, in its order.
+
+#include "app/frmOcuva.h"
+#include "app/frmSplash.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace ocuva {
+
+struct StartContext {
+    Host& host;
+    DisplayWindows& displayWindows;
+    Automation& automation;
+    std::string commandLine;                    ///< the words after the program's name, as they were typed
+    std::function<bool()> anotherCopyIsRunning; ///< asked once, after the command line has been scanned
+    QString windowTitle;
+    std::function<void()> endProcess;
+};
+
+class modInter {
+public:
+    explicit modInter(const StartContext& context);
+    ~modInter();
+
+    /// Starts the program. False when this copy has nothing to do, because another one runs: the process ends
+    /// at once.
+    bool Main();
+
+    const ProcessFlags& flags() const { return m_flags; }
+    frmOcuva& mainWindow() { return *m_frmOcuva; }
+    frmSplash& splash() { return *m_frmSplash; }
+
+private:
+    StartContext m_context;
+    ProcessFlags m_flags;
+    std::optional<frmSplash> m_frmSplash;
+    std::unique_ptr<frmOcuva> m_frmOcuva;
+};
+
+} // namespace ocuva
