@@ -66,8 +66,11 @@ StandardFile readStandardFile(const std::filesystem::path& file) {
 }
 
 std::string standardText(const std::string& name, const StagePosition& position) {
-    return "[" + std::string(standardType) + "]\nName=" + name + "\nX=" + std::to_string(position.x) +
-           "\nY=" + std::to_string(position.y) + "\nZ=" + std::to_string(position.z) + "\n";
+    std::string text = "[OCUVASTD]\nName=" + name;
+    text += "\nX=" + std::to_string(position.x);
+    text += "\nY=" + std::to_string(position.y);
+    text += "\nZ=" + std::to_string(position.z);
+    return text + "\n";
 }
 
 std::vector<StandardMount> readStandards(const std::filesystem::path& folder, HostLog& log) {

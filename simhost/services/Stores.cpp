@@ -116,7 +116,7 @@ bool Stores::write(std::string_view section, std::string_view key, std::string_v
         return refuse(store, cached.problem);
     IniText edited = cached.ini;
     if (!edited.setValue(section, key, value))
-        return refuse(store, "[" + std::string(section) + "] " + std::string(key) + "=" + std::string(value) +
+        return refuse(store, '[' + std::string(section) + "] " + std::string(key) + "=" + std::string(value) +
                                  " cannot be kept in an INI file");
     if (cached.damaged && !moveDamagedAside(store))
         return false;
@@ -159,7 +159,7 @@ bool Stores::isStoreName(std::string_view store) {
                        endsWith(store, ".aside");
     if (plain && !taken)
         return true;
-    m_log.line("\"" + std::string(store) + "\" is no name of a settings store");
+    m_log.line('"' + std::string(store) + "\" is no name of a settings store");
     return false;
 }
 

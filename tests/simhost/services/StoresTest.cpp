@@ -1,0 +1,237 @@
+#include "simhost/services/Stores.h"
+
+#include "TempFolder.h"
+#include "simhost/services/FileLock.h"
+
+#include <gmock/gmock.h>
+
+using namespace simhost;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+namespace {
+
+struct Rig {
+    TempFolder folder;
+    HostLog log{folder / "log"};
+    Stores stores{folder.path(), log, std::chrono::seconds(60)};
+
+    std::vector<std::string> logLines() const { return folder.lines("log"); }
+    ocuva::Long a(const std::string& store = "S.INI") { return stores.getInt("A", "k", -1, store); }
+};
+
+/// Makes a file look as if nobody had touched it for long, so that its stamp is trusted.
+void age(const std::filesystem::path& file) {
+    const auto hourAgo = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
+    std::filesystem::last_write_time(file, hourAgo);
+}
+
+} // namespace
+
+TEST(Stores, AMissingStoreGivesDefaultsAndIsNotMade) {
+    Rig rig;
+    EXPECT_EQ(rig.stores.getInt("A", "k", 42, "TARN.INI"), 42);
+    EXPECT_EQ(rig.stores.getString("A", "k", "none", "TARN.INI"), "none");
+    EXPECT_EQ(rig.stores.entryCount("A", "TARN.INI"), 0);
+    EXPECT_FALSE(rig.folder.has("TARN.INI"));
+    EXPECT_THAT(rig.logLines(), IsEmpty());
+}
+
+TEST(Stores, EachStoreIsAFileOfExactlyItsName) {
+    Rig rig;
+    EXPECT_TRUE(rig.stores.setString("tn_video", "VGAMode", "1", "TARN"));
+    EXPECT_TRUE(rig.stores.setString("tn_video", "VideoMag", "400", "TARN.INI"));
+    EXPECT_EQ(rig.folder.read("TARN"), "[tn_video]\nVGAMode=1\n");
+    EXPECT_EQ(rig.folder.read("TARN.INI"), "[tn_video]\nVideoMag=400\n");
+    EXPECT_EQ(rig.stores.getInt("tn_video", "VGAMode", 0, "TARN"), 1);
+    EXPECT_EQ(rig.stores.getInt("tn_video", "VGAMode", 0, "TARN.INI"), 0);
+}
+
+TEST(Stores, AnEmptyValueIsAValueToGetStringAndNoneToGetInt) {
+    Rig rig;
+    rig.folder.write("S.INI", "[A]\nk=\n");
+    EXPECT_EQ(rig.stores.getString("A", "k", "default", "S.INI"), "");
+    EXPECT_EQ(rig.a(), -1);
+}
+
+TEST(Stores, EntriesAreNumberedFromOne) {
+    Rig rig;
+    rig.folder.write("S.INI", "[A]\nx=1\ny = 2\n");
+    EXPECT_EQ(rig.stores.entryCount("A", "S.INI"), 2);
+    EXPECT_EQ(rig.stores.entry("A", 1, "S.INI"), "x=1");
+    EXPECT_EQ(rig.stores.entry("A", 2, "S.INI"), "y=2");
+    for (const ocuva::Long number : {0, 3, -1, 2147483647})
+        EXPECT_EQ(rig.stores.entry("A", number, "S.INI"), "");
+}
+
+TEST(Stores, AnEditKeepsCommentsOrderAndLineEnds) {
+    Rig rig;
+    rig.folder.write("S.INI", "; mine\r\n[A]\r\nk = 1\r\n\r\n[B]\r\nz=1");
+    EXPECT_TRUE(rig.stores.setString("a", "K", "2", "S.INI"));
+    EXPECT_EQ(rig.folder.read("S.INI"), "; mine\r\n[A]\r\nk = 2\r\n\r\n[B]\r\nz=1");
+}
+
+TEST(Stores, AChangeByAnotherWriterIsSeenAtTheNextRead) {
+    Rig rig;
+    rig.folder.write("S.INI", "[A]\nk=1\n");
+    age(rig.folder / "S.INI");
+    EXPECT_EQ(rig.a(), 1);
+    Stores other(rig.folder.path(), rig.log);
+    for (int value = 2; value < 300; ++value) {
+        EXPECT_TRUE(other.setString("A", "k", std::to_string(value), "S.INI"));
+        EXPECT_EQ(rig.a(), value);
+    }
+    std::filesystem::remove(rig.folder / "S.INI");
+    EXPECT_EQ(rig.a(), -1);
+}
+
+TEST(Stores, AnEditInPlaceOfTheSameLengthIsSeenAtTheNextRead) {
+    Rig rig;
+    for (int round = 0; round < 100; ++round)
+        for (const char digit : {'1', '2', '3'}) {
+            rig.folder.write("S.INI", std::string("[A]\nk=") + digit + "\n");
+            EXPECT_EQ(rig.a(), digit - '0');
+        }
+}
+
+TEST(Stores, TheRevisionChangesWithTheContentAndOnlyWithIt) {
+    Rig rig;
+    const auto empty = rig.stores.revision("S.INI");
+    EXPECT_EQ(rig.stores.revision("S.INI"), empty);
+    rig.folder.write("S.INI", "[A]\nk=1\n");
+    const auto first = rig.stores.revision("S.INI");
+    EXPECT_NE(first, empty);
+    age(rig.folder / "S.INI");
+    EXPECT_EQ(rig.stores.revision("S.INI"), first);
+    EXPECT_TRUE(rig.stores.setString("A", "k", "1", "S.INI"));
+    EXPECT_EQ(rig.stores.revision("S.INI"), first);
+    EXPECT_TRUE(rig.stores.setString("A", "k", "2", "S.INI"));
+    EXPECT_NE(rig.stores.revision("S.INI"), first);
+}
+
+TEST(Stores, ADamagedStoreGivesDefaultsWithOneLogLinePerContent) {
+    Rig rig;
+    rig.folder.write("S.INI", "garbage one\n");
+    EXPECT_EQ(rig.a(), -1);
+    EXPECT_EQ(rig.a(), -1);
+    EXPECT_EQ(rig.stores.getString("A", "k", "d", "S.INI"), "d");
+    EXPECT_THAT(rig.logLines(),
+                ElementsAre(HasSubstr("S.INI cannot be read, defaults hold: it has lines but no section")));
+    rig.folder.write("S.INI", "garbage two\n");
+    EXPECT_EQ(rig.a(), -1);
+    EXPECT_EQ(rig.logLines().size(), 2u);
+}
+
+TEST(Stores, ADamagedStoreIsKeptAsideAndNeverOverwritten) {
+    Rig rig;
+    const std::string garbage("\0\1garbage", 9);
+    rig.folder.write("S.INI", garbage);
+    rig.folder.write("S.INI.damaged-1", "older");
+    EXPECT_TRUE(rig.stores.setString("A", "k", "1", "S.INI"));
+    EXPECT_EQ(rig.folder.read("S.INI.damaged-1"), "older");
+    EXPECT_EQ(rig.folder.read("S.INI.damaged-2"), garbage);
+    EXPECT_EQ(rig.folder.read("S.INI"), "[A]\nk=1\n");
+    EXPECT_EQ(rig.a(), 1);
+    EXPECT_THAT(rig.logLines(),
+                ElementsAre(HasSubstr("cannot be read"), HasSubstr("kept as S.INI.damaged-2")));
+}
+
+TEST(Stores, ARefusedWriteLeavesEvenADamagedStoreWhereItIs) {
+    Rig rig;
+    rig.folder.write("S.INI", "garbage\n");
+    EXPECT_FALSE(rig.stores.setString("A", "k", "a\nb", "S.INI"));
+    EXPECT_EQ(rig.folder.read("S.INI"), "garbage\n");
+}
+
+TEST(Stores, AStoreThatIsTooLargeIsDamaged) {
+    Rig rig;
+    rig.folder.write("S.INI", "[A]\nk=1\n");
+    std::filesystem::resize_file(rig.folder / "S.INI", IniText::maxBytes + 1);
+    EXPECT_EQ(rig.a(), -1);
+    EXPECT_TRUE(rig.stores.setString("A", "k", "2", "S.INI"));
+    EXPECT_EQ(std::filesystem::file_size(rig.folder / "S.INI.damaged-1"), IniText::maxBytes + 1);
+    EXPECT_EQ(rig.a(), 2);
+}
+
+TEST(Stores, ALineBreakInAValueIsRefusedWithALogLine) {
+    Rig rig;
+    rig.folder.write("S.INI", "[A]\nk=1\n");
+    EXPECT_FALSE(rig.stores.setString("A", "k", "1\n[B]", "S.INI"));
+    EXPECT_FALSE(rig.stores.setString("A", "k", std::string_view("\0", 1), "S.INI"));
+    EXPECT_EQ(rig.folder.read("S.INI"), "[A]\nk=1\n");
+    EXPECT_EQ(rig.logLines().size(), 2u);
+}
+
+TEST(Stores, NamesThatLeaveTheFolderAreRefusedWithALogLine) {
+    Rig rig;
+    std::size_t lines = 0;
+    for (const char* store :
+         {"", ".", "..", "../S.INI", "a\\b", "/etc/passwd", "C:x", "a\nb", "S.INI.lock", "S.INI.ASIDE"}) {
+        EXPECT_EQ(rig.stores.getInt("A", "k", 5, store), 5);
+        EXPECT_FALSE(rig.stores.setString("A", "k", "1", store)) << store;
+        EXPECT_EQ(rig.stores.getString("A", "k", "d", store), "d");
+        EXPECT_EQ(rig.stores.entryCount("A", store), 0);
+        EXPECT_EQ(rig.stores.entry("A", 1, store), "");
+        lines += 5;
+        EXPECT_EQ(rig.logLines().size(), lines) << store;
+    }
+}
+
+TEST(Stores, AFolderInPlaceOfAStoreIsLeftAlone) {
+    Rig rig;
+    std::filesystem::create_directory(rig.folder / "S.INI");
+    EXPECT_EQ(rig.a(), -1);
+    EXPECT_FALSE(rig.stores.setString("A", "k", "1", "S.INI"));
+    EXPECT_TRUE(std::filesystem::is_directory(rig.folder / "S.INI"));
+    EXPECT_EQ(rig.logLines().size(), 2u);
+}
+
+TEST(Stores, AWriteProtectedStoreIsReadAndNotWritten) {
+    Rig rig;
+    rig.folder.write("S.INI", "[A]\nk=1\n");
+    std::filesystem::permissions(rig.folder / "S.INI", std::filesystem::perms::owner_read);
+    EXPECT_FALSE(rig.stores.setString("A", "k", "2", "S.INI"));
+    EXPECT_EQ(rig.a(), 1);
+    EXPECT_THAT(rig.logLines(), ElementsAre(HasSubstr("write-protected")));
+}
+
+TEST(Stores, AFolderThatCannotBeWrittenGivesALogLineAndFalse) {
+    const TempFolder folder;
+    folder.write("file", "");
+    HostLog log(folder / "log");
+    Stores stores(folder / "file", log);
+    EXPECT_FALSE(stores.setString("A", "k", "1", "S.INI"));
+    EXPECT_EQ(stores.getInt("A", "k", 3, "S.INI"), 3);
+    EXPECT_THAT(folder.lines("log"), ElementsAre(HasSubstr("could not be written")));
+}
+
+TEST(Stores, AWriteKeepsTheAccessRightsOfTheFile) {
+    Rig rig;
+    rig.folder.write("S.INI", "[A]\nk=1\n");
+    const auto rights = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
+    std::filesystem::permissions(rig.folder / "S.INI", rights);
+    EXPECT_TRUE(rig.stores.setString("A", "k", "2", "S.INI"));
+    EXPECT_EQ(std::filesystem::status(rig.folder / "S.INI").permissions(), rights);
+}
+
+TEST(Stores, WhatAKilledWriterLeftAsideDoesNoHarm) {
+    Rig rig;
+    rig.folder.write("S.INI", "[A]\nk=1\n");
+    rig.folder.write("S.INI.aside", "[A]\nk=2, and half a lin and much more than the new content will be");
+    EXPECT_EQ(rig.a(), 1);
+    EXPECT_TRUE(rig.stores.setString("A", "k", "3", "S.INI"));
+    EXPECT_EQ(rig.folder.read("S.INI"), "[A]\nk=3\n");
+    EXPECT_FALSE(rig.folder.has("S.INI.aside"));
+}
+
+TEST(Stores, AWriteGivesUpWhenAnotherHoldsTheLock) {
+    Rig rig;
+    rig.folder.write("S.INI", "[A]\nk=1\n");
+    const FileLock lock(rig.folder / "S.INI.lock", std::chrono::seconds(0));
+    ASSERT_TRUE(lock.held());
+    Stores hasty(rig.folder.path(), rig.log, std::chrono::milliseconds(0));
+    EXPECT_FALSE(hasty.setString("A", "k", "2", "S.INI"));
+    EXPECT_EQ(rig.a(), 1);
+    EXPECT_THAT(rig.logLines(), ElementsAre(HasSubstr("another process keeps it locked")));
+}

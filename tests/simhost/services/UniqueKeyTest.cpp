@@ -1,0 +1,15 @@
+#include "simhost/services/UniqueKey.h"
+
+#include <gmock/gmock.h>
+#include <set>
+
+TEST(UniqueKey, IsAUuidOfLowerCaseDigits) {
+    EXPECT_THAT(simhost::uniqueKey(),
+                testing::MatchesRegex("[0-9a-f]{8}-[0-9a-f]{4}-4[0-9a-f]{3}-[89ab][0-9a-f]{3}-[0-9a-f]{12}"));
+}
+
+TEST(UniqueKey, NoTwoAreEqual) {
+    std::set<std::string> keys;
+    for (int i = 0; i < 10000; ++i)
+        EXPECT_TRUE(keys.insert(simhost::uniqueKey()).second);
+}
