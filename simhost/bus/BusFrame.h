@@ -1,0 +1,63 @@
+#pragma once
+// The form that a message has on its way between two processes, and how names and filters are understood.
+// Plain functions over bytes: whatever arrives, they answer.
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace simhost {
+
+struct BusMessage {
+    std::string component;
+    std::string subComponent;
+    std::string id;
+
+    bool operator==(const BusMessage&) const = default;
+};
+
+/// A frame, all told, in bytes.
+inline constexpr std::size_t busFrameMaxBytes = 16 * 1024;
+
+/// A frame: the four bytes "OCUB", one byte version (1), four bytes length of what follows, then component,
+/// sub-component and identifier, each as two bytes length and its bytes. Numbers have their low byte first.
+/// Nothing when the frame would be longer than busFrameMaxBytes.
+std::optional<std::string> encodeBusFrame(const BusMessage& message);
+
+enum class FrameState {
+    incomplete, ///< good so far; more bytes are needed
+    complete,
+    malformed, ///< no frame and no beginning of one; the stream cannot be read any further
+};
+
+struct DecodedFrame {
+    FrameState state = FrameState::incomplete;
+    std::size_t usedBytes = 0; ///< length of the frame when complete
+    BusMessage message;        ///< filled when complete
+};
+
+/// Reads the frame at the beginning of a stream. Never asks for more than busFrameMaxBytes.
+DecodedFrame decodeBusFrame(std::string_view bytes);
+
+/// What a subscriber wants to hear: "DST_APP=X" lets through the messages whose component is X, letter for
+/// letter; an empty filter all; a text that is neither nothing.
+class BusFilter {
+public:
+    explicit BusFilter(std::string_view text = {});
+
+    bool isUnderstood() const { return m_kind != Kind::none; }
+    bool letsThrough(const BusMessage& message) const;
+
+private:
+    enum class Kind { all, component, none };
+    Kind m_kind;
+    std::string m_component;
+};
+
+/// The message that a name stands for: component "TN_OCUVA_SERVER", no sub-component, and as identifier the
+/// one of OCUVA_IS_SERVER_UP, OCUVA_AUTOFOCUS, OCUVA_WAKEUP and OCUVA_SLEEP that equals the name without
+/// regard to letter case; any other name as it stands.
+BusMessage messageOfName(std::string_view name);
+
+} // namespace simhost

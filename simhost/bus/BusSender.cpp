@@ -1,0 +1,137 @@
+#include "simhost/bus/BusSender.h"
+
+#include "simhost/bus/BusSocket.h"
+
+#include <QLocalSocket>
+
+#include <algorithm>
+#include <utility>
+
+namespace simhost {
+
+namespace {
+
+constexpr qint64 maxWaitingBytes = 1024 * 1024;
+
+int msUntil(std::chrono::steady_clock::time_point deadline) {
+    const auto left = deadline - std::chrono::steady_clock::now();
+    return static_cast<int>(
+        std::max<std::int64_t>(0, std::chrono::duration_cast<std::chrono::milliseconds>(left).count()));
+}
+
+bool isConnected(const QLocalSocket* socket) {
+    return socket != nullptr && socket->state() == QLocalSocket::ConnectedState;
+}
+
+} // namespace
+
+BusSender::BusSender(std::shared_ptr<const PeerFolder> peers)
+    : m_peers(std::move(peers))
+    , m_machine(machineName()) {}
+
+BusSender::~BusSender() { flush(); }
+
+int BusSender::send(const BusMessage& message, const std::string& exceptPeer) {
+    const auto frame = encodeBusFrame(message);
+    if (!frame) {
+        m_peers->log("Messages: a message that is too long was not sent");
+        return 0;
+    }
+    const Deadline deadline = std::chrono::steady_clock::now() + busSendLimit;
+    findPeers();
+    int taken = 0;
+    for (auto next = m_connections.begin(); next != m_connections.end();) {
+        const auto peer = next++; // sendTo may erase it
+        if (peer->first != exceptPeer && sendTo(peer->first, peer->second, *frame, deadline)) {
+            ++taken;
+        }
+    }
+    return taken;
+}
+
+void BusSender::findPeers() {
+    const std::vector<std::string> names = m_peers->names();
+    std::erase_if(m_connections, [&names](const auto& known) {
+        return !std::binary_search(names.begin(), names.end(), known.first);
+    });
+    for (const std::string& name : names) {
+        if (m_connections.count(name) != 0 || m_unreadable.count(name) != 0) {
+            continue;
+        }
+        if (const auto peer = m_peers->read(name)) {
+            m_connections[name] = {peer->machine, peer->socket, nullptr, false};
+        } else {
+            m_unreadable.insert(name);
+            m_peers->log("Messages: the file \"" + name + "\" in the folder \"peers\" names no peer");
+        }
+    }
+}
+
+bool BusSender::sendTo(const std::string& peerName, Connection& connection, const std::string& frame,
+                       Deadline deadline) {
+    if (connection.machine != m_machine) {
+        return false;
+    }
+    // A connection whose far end has gone shows it only when it is written to; a second attempt then learns
+    // whether the peer itself has gone.
+    for (int attempt = 0; attempt < 2; ++attempt) {
+        if (!isConnected(connection.socket.get()) && !connectTo(peerName, connection, deadline)) {
+            return false;
+        }
+        if (!hasRoom(connection, frame)) {
+            return false;
+        }
+        QLocalSocket& socket = *connection.socket;
+        socket.write(frame.data(), static_cast<qint64>(frame.size()));
+        socket.flush();
+        if (isConnected(&socket)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+bool BusSender::connectTo(const std::string& peerName, Connection& connection, Deadline deadline) {
+    connection.socket = std::make_unique<QLocalSocket>();
+    QLocalSocket& socket = *connection.socket;
+    socket.setReadBufferSize(1); // nothing is read from it
+    socket.connectToServer(QString::fromStdString(connection.socketName), QIODevice::ReadWrite);
+    if (socket.waitForConnected(msUntil(deadline))) {
+        return true;
+    }
+    const QLocalSocket::LocalSocketError reason = socket.error();
+    connection.socket.reset();
+    if (reason == QLocalSocket::ConnectionRefusedError || reason == QLocalSocket::ServerNotFoundError) {
+        forget(peerName, connection);
+    } else {
+        m_peers->log("Messages: a peer did not take a connection; the message did not reach it");
+    }
+    return false;
+}
+
+bool BusSender::hasRoom(Connection& connection, const std::string& frame) {
+    const bool room =
+        connection.socket->bytesToWrite() + static_cast<qint64>(frame.size()) <= maxWaitingBytes;
+    if (!room && !connection.stuck) {
+        m_peers->log("Messages: a peer has stopped reading; messages to it are dropped");
+    }
+    connection.stuck = !room;
+    return room;
+}
+
+void BusSender::forget(const std::string& peerName, const Connection& connection) {
+    m_peers->withdraw(peerName);
+    removeBusSocket(connection.socketName);
+    m_connections.erase(std::string(peerName));
+}
+
+void BusSender::flush() {
+    const Deadline deadline = std::chrono::steady_clock::now() + busSendLimit;
+    for (auto& [name, connection] : m_connections) {
+        while (isConnected(connection.socket.get()) && connection.socket->bytesToWrite() > 0 &&
+               connection.socket->waitForBytesWritten(msUntil(deadline))) {
+        }
+    }
+}
+
+} // namespace simhost

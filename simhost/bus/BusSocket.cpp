@@ -1,0 +1,67 @@
+#include "simhost/bus/BusSocket.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QLocalServer>
+#include <QRandomGenerator>
+#include <QStringList>
+#include <QSysInfo>
+
+#include <filesystem>
+#include <system_error>
+
+namespace simhost {
+
+namespace {
+
+const QString socketPrefix = QStringLiteral("ocuva-bus-");
+
+#ifdef Q_OS_WIN
+
+// Pipe names have no folder.
+QStringList socketPlaces() { return {QString()}; }
+
+#else
+
+QStringList socketPlaces() {
+    QStringList places;
+    for (const QString& folder :
+         {qEnvironmentVariable("XDG_RUNTIME_DIR"), QDir::tempPath(), QStringLiteral("/tmp")}) {
+        if (QDir::isAbsolutePath(folder) && QDir(folder).exists()) {
+            places += folder + QLatin1Char('/');
+        }
+    }
+    return places;
+}
+
+#endif
+
+} // namespace
+
+std::string machineName() { return QSysInfo::machineHostName().toStdString(); }
+
+std::string newPeerName() {
+    const QString random = QString::number(QRandomGenerator::system()->generate64(), 36);
+    return (QString::number(QCoreApplication::applicationPid()) + QLatin1Char('-') + random).toStdString();
+}
+
+bool listenForUser(QLocalServer& server, const std::string& peerName) {
+    server.setSocketOptions(QLocalServer::UserAccessOption);
+    for (const QString& place : socketPlaces()) {
+        if (server.listen(place + socketPrefix + QString::fromStdString(peerName))) {
+            return true;
+        }
+    }
+    return false;
+}
+
+void removeBusSocket(const std::string& socketName) {
+    const std::filesystem::path file(QString::fromStdString(socketName).toStdU16String());
+    std::error_code error;
+    if (QString::fromStdU16String(file.filename().u16string()).startsWith(socketPrefix) &&
+        std::filesystem::is_socket(std::filesystem::symlink_status(file, error))) {
+        std::filesystem::remove(file, error);
+    }
+}
+
+} // namespace simhost
