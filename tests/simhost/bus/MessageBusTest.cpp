@@ -2,13 +2,13 @@
 
 #include "simhost/bus/BusFrame.h"
 
-#include <QEventLoop>
+#include <QDir>
 #include <QLocalSocket>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTimer>
 
+#include <algorithm>
 #include <fstream>
 #include <gtest/gtest.h>
 
@@ -332,7 +332,8 @@ TEST(MessageBus, PutsAFrameTogetherThatArrivesInPieces) {
     QLocalSocket socket;
     socket.connectToServer(socketOf(place));
     ASSERT_TRUE(socket.waitForConnected());
-    for (const char byte : *encodeBusFrame({"A", "", "pieces"})) {
+    const std::string frame = *encodeBusFrame({"A", "", "pieces"});
+    for (const char byte : frame) {
         socket.write(&byte, 1);
         socket.flush();
         QTest::qWait(0);
