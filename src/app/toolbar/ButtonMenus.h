@@ -8,8 +8,8 @@
 
 namespace ocuva {
 
-/// An ordered list of items, each with a key that is unique in the list. While it is empty the drop-down shows
-/// one greyed line that says so and is not an item.
+/// An ordered list of items, each with a key that is unique in the list. While it is empty the drop-down
+/// shows one greyed line that says so and is not an item.
 class ButtonMenus {
 public:
     ButtonMenus();

@@ -54,14 +54,15 @@ QMimeData* ButtonList::mimeData(const QList<QListWidgetItem*>& items) const {
     }
     auto* const dragged = new QMimeData;
     dragged->setData(rowMimeType(), QStringLiteral("%1:%2:%3")
-                                     .arg(QCoreApplication::applicationPid())
-                                     .arg(objectName())
-                                     .arg(row(items.first()))
-                                     .toUtf8());
+                                        .arg(QCoreApplication::applicationPid())
+                                        .arg(objectName())
+                                        .arg(row(items.first()))
+                                        .toUtf8());
     return dragged;
 }
 
-// The base class would take the dragged rows out of the list after a move; here the dialog fills the lists anew.
+// The base class would take the dragged rows out of the list after a move; here the dialog fills the lists
+// anew.
 void ButtonList::startDrag(Qt::DropActions) {
     const QList<QListWidgetItem*> items = selectedItems();
     if (items.isEmpty()) {
@@ -240,8 +241,8 @@ void CustomizeToolbarDialog::addRow(ButtonList& list, const QString& key) const 
     const ToolbarButton* const button = findButton(key);
     auto* const row = new QListWidgetItem(button != nullptr ? button->text : separatorText);
     row->setData(Qt::UserRole, key);
+    row->setIcon(m_iconOf(key));
     if (button != nullptr) {
-        row->setIcon(m_iconOf(key));
         row->setToolTip(button->tooltip);
     }
     row->setSizeHint({0, rowIconSize.height() + 4});

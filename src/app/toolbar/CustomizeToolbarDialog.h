@@ -12,8 +12,8 @@
 
 namespace ocuva {
 
-/// A list of buttons whose rows can be dragged within the list and to the other list of the dialog. It changes
-/// nothing by itself; it reports where a row was dropped.
+/// A list of buttons whose rows can be dragged within the list and to the other list of the dialog. It
+/// changes nothing by itself; it reports where a row was dropped.
 class ButtonList final : public QListWidget {
     Q_OBJECT
 
@@ -21,7 +21,8 @@ public:
     explicit ButtonList(const QString& name);
 
 Q_SIGNALS:
-    /// Row `row` of the list named `source` was dropped on this list, in the gap before row `gap` (0 to count).
+    /// Row `row` of the list named `source` was dropped on this list, in the gap before row `gap` (0 to
+    /// count).
     void rowDropped(const QString& source, int row, int gap);
 
 protected:
@@ -38,7 +39,8 @@ class CustomizeToolbarDialog final : public QDialog {
     Q_OBJECT
 
 public:
-    /// `iconOf` gives the icon of a button's key; it must stay callable while the dialog lives.
+    /// `iconOf` gives the icon of a button's or separator's key; it must stay callable while the dialog
+    /// lives.
     CustomizeToolbarDialog(const ToolbarLayout& layout, std::function<QIcon(const QString&)> iconOf,
                            QWidget* parent);
 

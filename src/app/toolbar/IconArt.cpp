@@ -1,6 +1,7 @@
 #include "app/toolbar/IconArt.h"
 
 #include "app/toolbar/IconCanvas.h"
+#include "app/toolbar/ToolbarButtons.h"
 
 #include <QLatin1StringView>
 #include <QLinearGradient>
@@ -46,10 +47,10 @@ void drawZoom(const IconCanvas& canvas, const IconInk& ink, bool on) {
 void drawCross(const IconCanvas& canvas, const IconInk& ink, bool on) {
     canvas.box({QPointF(3, 3), QPointF(21, 21)}, 1.5, ink.line, on ? ink.accentBody : ink.body);
     const QColor& arm = on ? ink.accent : ink.line;
-    canvas.line({12, 7}, {12, 9}, arm);
-    canvas.line({12, 15}, {12, 17}, arm);
-    canvas.line({7, 12}, {9, 12}, arm);
-    canvas.line({15, 12}, {17, 12}, arm);
+    canvas.line({12, 6}, {12, 10}, arm);
+    canvas.line({12, 14}, {12, 18}, arm);
+    canvas.line({6, 12}, {10, 12}, arm);
+    canvas.line({14, 12}, {18, 12}, arm);
 }
 
 // The monitor ruled in both directions.
@@ -83,16 +84,15 @@ void drawStandard(const IconCanvas& canvas, const IconInk& ink, bool) {
     }
 }
 
-// A lens that brings two rays to a point on the specimen.
+// An objective over the specimen, its beam on the surface, and the way that it is driven for focus.
 void drawFocus(const IconCanvas& canvas, const IconInk& ink, bool) {
-    QPainterPath lens({3, 6});
-    lens.quadTo({12, 0}, {21, 6});
-    lens.quadTo({12, 12}, {3, 6});
-    canvas.shape(lens, ink.line, ink.body);
-    canvas.line({6, 9}, {12, 18}, ink.line);
-    canvas.line({18, 9}, {12, 18}, ink.line);
-    canvas.line({4, 20}, {20, 20}, ink.line);
-    canvas.dot({12, 18}, 2.6, ink.accent);
+    canvas.polygon({{5, 15}, {11, 15}, {8, 20}}, none, ink.accentBody);
+    canvas.polygon({{4, 3}, {12, 3}, {12, 10}, {10, 14}, {6, 14}, {4, 10}}, ink.line, ink.body);
+    canvas.line({4, 10}, {12, 10}, ink.line);
+    canvas.line({3, 21}, {21, 21}, ink.line);
+    canvas.line({18, 4}, {18, 16}, ink.accent);
+    canvas.polyline({{15, 6}, {18, 3}, {21, 6}}, ink.accent);
+    canvas.polyline({{15, 14}, {18, 17}, {21, 14}}, ink.accent);
 }
 
 // A gear wheel.
@@ -119,17 +119,34 @@ void drawSetup(const IconCanvas& canvas, const IconInk& ink, bool) {
     canvas.ring({12, 12}, 3, ink.accent, none);
 }
 
+// Not a button's: what stands for a separator in lists.
+void drawSeparator(const IconCanvas& canvas, const IconInk& ink, bool) {
+    canvas.line({12, 4}, {12, 20}, ink.unlit);
+}
+
+// Not a button's either: there is more than the bar has room for.
+void drawOverflow(const IconCanvas& canvas, const IconInk& ink, bool) {
+    canvas.polyline({{8, 9}, {11, 12}, {8, 15}}, ink.line);
+    canvas.polyline({{13, 9}, {16, 12}, {13, 15}}, ink.line);
+}
+
 struct Icon {
     QLatin1StringView key;
     void (*draw)(const IconCanvas&, const IconInk&, bool on);
 };
 
 constexpr std::array icons{
-    Icon{QLatin1StringView{"Save"}, drawSave},         Icon{QLatin1StringView{"Acq"}, drawAcq},
-    Icon{QLatin1StringView{"Zoom"}, drawZoom},         Icon{QLatin1StringView{"Cross"}, drawCross},
-    Icon{QLatin1StringView{"Grid"}, drawGrid},         Icon{QLatin1StringView{"Stage"}, drawStage},
-    Icon{QLatin1StringView{"Standard"}, drawStandard}, Icon{QLatin1StringView{"Focus"}, drawFocus},
+    Icon{QLatin1StringView{"Save"}, drawSave},
+    Icon{QLatin1StringView{"Acq"}, drawAcq},
+    Icon{QLatin1StringView{"Zoom"}, drawZoom},
+    Icon{QLatin1StringView{"Cross"}, drawCross},
+    Icon{QLatin1StringView{"Grid"}, drawGrid},
+    Icon{QLatin1StringView{"Stage"}, drawStage},
+    Icon{QLatin1StringView{"Standard"}, drawStandard},
+    Icon{QLatin1StringView{"Focus"}, drawFocus},
     Icon{QLatin1StringView{"Setup"}, drawSetup},
+    Icon{separatorText, drawSeparator},
+    Icon{overflowIconKey, drawOverflow},
 };
 
 QImage blankImage(int sizePx) {
@@ -181,7 +198,7 @@ QImage drawEmblem(int sizePx) {
     painter.setPen(QPen(QColor(0xee, 0xf4, 0xf8), 1.75));
     painter.drawEllipse(QPointF(12, 12), 7.5, 7.5);
 
-    painter.setPen(QPen(QColor(0x0d, 0x1f, 0x33), 1.2, Qt::SolidLine, Qt::FlatCap));
+    painter.setPen(QPen(QColor(0x0d, 0x1f, 0x33), 1.0, Qt::SolidLine, Qt::FlatCap));
     for (const int quarter : {0, 1, 2, 3}) {
         painter.save();
         painter.translate(12, 12);

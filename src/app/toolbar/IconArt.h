@@ -4,12 +4,17 @@
 #include "app/toolbar/IconInk.h"
 
 #include <QImage>
+#include <QLatin1StringView>
 #include <QString>
 #include <QStringList>
 
 namespace ocuva {
 
-/// The keys that have a drawing: every button of the toolbar.
+/// The chevron of a bar that is too narrow.
+inline constexpr QLatin1StringView overflowIconKey{"Overflow"};
+
+/// The keys that have a drawing: every button of the toolbar, separatorText (for separators in lists) and
+/// overflowIconKey.
 QStringList iconKeys();
 
 /// A square transparent image of sizePx (1 or more) device pixels with that icon. `on` gives the image of an

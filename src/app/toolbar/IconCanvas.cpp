@@ -60,7 +60,8 @@ void IconCanvas::polygon(std::initializer_list<QPointF> points, const QColor& ou
 void IconCanvas::box(QRectF rect, qreal radius, const QColor& outline, const QColor& fill) const {
     choose(outline, fill);
     const qreal radiusPx = radius * m_pxPerUnit;
-    m_painter.drawRoundedRect(QRectF(snapped(rect.topLeft()), snapped(rect.bottomRight())), radiusPx, radiusPx);
+    m_painter.drawRoundedRect(QRectF(snapped(rect.topLeft()), snapped(rect.bottomRight())), radiusPx,
+                              radiusPx);
 }
 
 void IconCanvas::ring(QPointF centre, qreal radius, const QColor& outline, const QColor& fill) const {

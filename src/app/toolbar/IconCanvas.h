@@ -10,8 +10,8 @@
 
 namespace ocuva {
 
-/// Coordinates and lengths are units of the grid (0 to 24, y down). Straight outlines and circles are shifted by
-/// less than a pixel so that their edges fall between pixels; curves given as paths are drawn as they are.
+/// Coordinates and lengths are units of the grid (0 to 24, y down). Straight outlines and circles are shifted
+/// by less than a pixel so that their edges fall between pixels; curves given as paths are drawn as they are.
 class IconCanvas {
 public:
     static constexpr qreal gridUnits = 24.0;

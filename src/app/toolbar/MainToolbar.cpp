@@ -1,6 +1,7 @@
 #include "app/toolbar/MainToolbar.h"
 
 #include "app/toolbar/CustomizeToolbarDialog.h"
+#include "app/toolbar/IconArt.h"
 #include "app/toolbar/ToolbarButtons.h"
 #include "app/toolbar/VectorIcon.h"
 
@@ -23,11 +24,7 @@ MainToolbar::MainToolbar(QWidget* parent)
     setImageLists(lists.ilTbImage[0], lists.ilTbHot[0], lists.ilTbDisabled[0]);
     showLayout();
 
-    if (QToolButton* overflow = chevron(); overflow != nullptr) {
-        overflow->setFocusPolicy(Qt::TabFocus);
-        overflow->setAccessibleName(QStringLiteral("More buttons"));
-        overflow->installEventFilter(this);
-    }
+    dressChevron();
     connect(&m_drag, &ToolbarDrag::moved, this, [this](int index, int gap) {
         ToolbarLayout layout = m_layout;
         layout.move(index, gap);
@@ -159,7 +156,10 @@ void MainToolbar::customize() {
     if (findChild<CustomizeToolbarDialog*>() != nullptr) {
         return;
     }
-    const auto iconOf = [this](const QString& key) { return m_actions.value(key)->icon(); };
+    const auto iconOf = [this](const QString& key) {
+        return findButton(key) != nullptr ? m_actions.value(key)->icon()
+                                          : vectorIcon(separatorText, false, IconLook::Normal);
+    };
     auto* const dialog = new CustomizeToolbarDialog(m_layout, iconOf, this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     connect(dialog, &CustomizeToolbarDialog::layoutChanged, this, &MainToolbar::setLayoutByUser);
@@ -232,6 +232,13 @@ void MainToolbar::mouseDoubleClickEvent(QMouseEvent* event) {
     event->accept();
 }
 
+void MainToolbar::changeEvent(QEvent* event) {
+    QToolBar::changeEvent(event);
+    if (event->type() == QEvent::StyleChange) {
+        dressChevron();
+    }
+}
+
 bool MainToolbar::eventFilter(QObject* watched, QEvent* event) {
     auto* const button = qobject_cast<QToolButton*>(watched);
     const bool isKey = event->type() == QEvent::KeyPress;
@@ -286,8 +293,8 @@ bool MainToolbar::focusNeighbour(const QToolButton& from, int key) {
     return true;
 }
 
-// The base class puts the actions that find no room into the chevron's menu, but an action does not know of its
-// button's drop-down, which would be out of reach.
+// The base class puts the actions that find no room into the chevron's menu, but an action does not know of
+// its button's drop-down, which would be out of reach.
 void MainToolbar::completeOverflowMenu() {
     QMenu* const overflow = chevron()->menu();
     if (overflow == nullptr) {
@@ -300,6 +307,16 @@ void MainToolbar::completeOverflowMenu() {
             overflow->insertAction(at + 1 < shown.size() ? shown.at(at + 1) : nullptr,
                                    menus.menu()->menuAction());
         }
+    }
+}
+
+void MainToolbar::dressChevron() {
+    if (QToolButton* const overflow = chevron(); overflow != nullptr) {
+        overflow->setFocusPolicy(Qt::TabFocus);
+        overflow->setAccessibleName(QStringLiteral("More buttons"));
+        // Styles bring an image of their own, which some of them leave black on a dark bar.
+        overflow->setIcon(vectorIcon(overflowIconKey, false, IconLook::Normal));
+        overflow->installEventFilter(this);
     }
 }
 

@@ -16,12 +16,13 @@
 namespace ocuva {
 
 /// The program's buttons (designButtons()) in an order of the user's choice. Buttons are addressed by key. A
-/// button that the user has taken off the bar keeps its value, enabled state and menu and comes back with them.
-/// A key that names no button changes nothing and is warned of in the log.
+/// button that the user has taken off the bar keeps its value, enabled state and menu and comes back with
+/// them. A key that names no button changes nothing and is warned of in the log.
 ///
 /// The user rearranges the bar with Shift+drag or Alt+drag, with the context menu, or in the dialog that a
-/// double click beside the buttons opens. The arrow keys, Home and End go from button to button, Space and Enter
-/// click, Down opens the drop-down. Buttons that find no room are in the menu of the chevron at the end.
+/// double click beside the buttons opens. The arrow keys, Home and End go from button to button, Space and
+/// Enter click, Down opens the drop-down. Buttons that find no room are in the menu of the chevron at the
+/// end.
 class MainToolbar final : public QToolBar {
     Q_OBJECT
 
@@ -75,6 +76,7 @@ Q_SIGNALS:
 protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void changeEvent(QEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
@@ -88,6 +90,7 @@ private:
     bool keyOnButton(QToolButton& button, int key);
     bool focusNeighbour(const QToolButton& from, int key);
     void completeOverflowMenu();
+    void dressChevron();
     QToolButton* chevron() const;
 
     QMap<QString, QAction*> m_actions; ///< of all buttons, and of separators as they are needed

@@ -1,1 +1,159 @@
+// The layout as a value, its text, and the store that keeps it.
+
+#include "app/toolbar/ToolbarButtons.h"
+#include "app/toolbar/ToolbarLayout.h"
+#include "app/toolbar/ToolbarLayoutStore.h"
+
+#include <QDir>
+#include <QFile>
+#include <QSettings>
+#include <QTemporaryDir>
+
 #include <gtest/gtest.h>
+
+using namespace ocuva;
+
+namespace {
+
+const char designText[] = "Save,Acq,Sep1,Zoom,Cross,Grid,Sep2,Stage,Standard,Focus,Sep3,Setup,Sep4";
+
+QString text(const char* latin1) { return QString::fromLatin1(latin1); }
+
+std::string restored(const char* from) {
+    const auto layout = ToolbarLayout::fromText(text(from));
+    return layout ? layout->text().toStdString() : "refused";
+}
+
+// Sends the per-user store to a folder of the test's own.
+struct StoreFolder {
+    explicit StoreFolder(const QString& path) {
+        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, path);
+    }
+    ~StoreFolder() { QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QDir::homePath()); }
+    StoreFolder(const StoreFolder&) = delete;
+    StoreFolder& operator=(const StoreFolder&) = delete;
+};
+
+} // namespace
+
+TEST(ToolbarLayout, TheDesignHasAllButtonsAndFourSeparatorsInOrder) {
+    EXPECT_EQ(ToolbarLayout::design().text().toStdString(), designText);
+    EXPECT_TRUE(ToolbarLayout::design().available().isEmpty());
+}
+
+TEST(ToolbarLayout, ItsTextReadsBackAsTheSameLayout) {
+    EXPECT_EQ(restored(designText), designText);
+    EXPECT_EQ(restored("Setup,Sep3,Save"), "Setup,Sep3,Save");
+    EXPECT_EQ(restored("Setup,Sep99"), "Setup,Sep99");
+}
+
+TEST(ToolbarLayout, WhatIsUnknownOrRepeatedIsLeftOutAndTheRestKept) {
+    EXPECT_EQ(restored("Print,Setup,save,Setup,,Sep2,Sep2,Acq"), "Setup,Sep2,Acq");
+    EXPECT_EQ(restored(" Save ,\tGrid\n"), "Save,Grid");
+    EXPECT_EQ(restored("Save,Sep,Sep0,Sep01,Sep+1,Sep100,Sep-1,Sep 1,Sep1x"), "Save");
+}
+
+TEST(ToolbarLayout, ATextThatNamesNoButtonIsRefused) {
+    for (const char* const nothing : {"", ",,,", "rubbish", "Sep1,Sep2", "\x01\x02;Save;Acq"}) {
+        EXPECT_EQ(restored(nothing), "refused") << nothing;
+    }
+}
+
+TEST(ToolbarLayout, AButtonTakenOffBecomesAvailableInDesignOrder) {
+    ToolbarLayout layout = ToolbarLayout::design();
+    EXPECT_TRUE(layout.remove(layout.indexOf(text("Setup"))));
+    EXPECT_TRUE(layout.remove(layout.indexOf(text("Acq"))));
+    EXPECT_TRUE(layout.remove(layout.indexOf(text("Sep1"))));
+    EXPECT_EQ(layout.available(), QStringList({text("Acq"), text("Setup")}));
+}
+
+TEST(ToolbarLayout, AnItemMovesToTheGapItIsSentTo) {
+    const auto after = [](int index, int gap) {
+        auto layout = *ToolbarLayout::fromText(text("Save,Acq,Zoom"));
+        const bool moved = layout.move(index, gap);
+        return (moved ? "" : "stays ") + layout.text().toStdString();
+    };
+    EXPECT_EQ(after(0, 3), "Acq,Zoom,Save");
+    EXPECT_EQ(after(0, 2), "Acq,Save,Zoom");
+    EXPECT_EQ(after(2, 0), "Zoom,Save,Acq");
+    EXPECT_EQ(after(1, 1), "stays Save,Acq,Zoom");
+    EXPECT_EQ(after(1, 2), "stays Save,Acq,Zoom");
+    EXPECT_EQ(after(3, 0), "stays Save,Acq,Zoom");
+    EXPECT_EQ(after(-1, 0), "stays Save,Acq,Zoom");
+    EXPECT_EQ(after(0, 4), "stays Save,Acq,Zoom");
+}
+
+TEST(ToolbarLayout, AButtonIsThereOnceButSeparatorsAsOftenAsWanted) {
+    auto layout = *ToolbarLayout::fromText(text("Save,Sep2"));
+    EXPECT_FALSE(layout.insertButton(0, text("Save")));
+    EXPECT_FALSE(layout.insertButton(0, text("Nonsense")));
+    EXPECT_FALSE(layout.insertButton(0, text("Sep4")));
+    EXPECT_TRUE(layout.insertButton(-5, text("Grid")));
+    EXPECT_TRUE(layout.insertSeparator(1));
+    EXPECT_TRUE(layout.insertSeparator(1000));
+    EXPECT_EQ(layout.text().toStdString(), "Grid,Sep1,Save,Sep2,Sep3");
+    int added = 0;
+    while (added < 1000 && layout.insertSeparator(0)) {
+        ++added;
+    }
+    EXPECT_EQ(added, maxSeparators - 3);
+    EXPECT_EQ(restored(layout.text().toLatin1().constData()), layout.text().toStdString());
+}
+
+TEST(ToolbarLayout, RemovingWhatIsNotThereIsRefused) {
+    ToolbarLayout layout = ToolbarLayout::design();
+    EXPECT_FALSE(layout.remove(-1));
+    EXPECT_FALSE(layout.remove(layout.size()));
+    EXPECT_EQ(layout, ToolbarLayout::design());
+}
+
+TEST(ToolbarLayoutStore, WhatIsSavedIsLoadedByTheNextRun) {
+    const QTemporaryDir folder;
+    const StoreFolder store(folder.path());
+    EXPECT_EQ(ToolbarLayoutStore(text("NextRun")).load(), QString());
+    EXPECT_TRUE(ToolbarLayoutStore(text("NextRun")).save(text("Setup,Sep1,Save")));
+    EXPECT_EQ(ToolbarLayoutStore(text("NextRun")).load(), text("Setup,Sep1,Save"));
+}
+
+TEST(ToolbarLayoutStore, TheLayoutLiesUnderTheNamesOfTheRegistryKey) {
+    const QTemporaryDir folder;
+    const StoreFolder store(folder.path());
+    ASSERT_TRUE(ToolbarLayoutStore().save(text("Grid")));
+    const QSettings key(QSettings::NativeFormat, QSettings::UserScope, text("Brem"), text("Ocuva"));
+    EXPECT_EQ(key.value(text("CustomToolbar/MainToolbar")).toString(), text("Grid"));
+    EXPECT_EQ(key.allKeys().size(), 1);
+}
+
+TEST(ToolbarLayoutStore, TitlesKeepTheirLayoutsApart) {
+    const QTemporaryDir folder;
+    const StoreFolder store(folder.path());
+    ASSERT_TRUE(ToolbarLayoutStore(text("One")).save(text("Grid")));
+    EXPECT_EQ(ToolbarLayoutStore(text("Two")).load(), QString());
+}
+
+TEST(ToolbarLayoutStore, AWriteThatFailsIsReported) {
+    const QTemporaryDir folder;
+    QFile inTheWay(folder.filePath(text("file")));
+    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
+    inTheWay.close();
+    const StoreFolder store(inTheWay.fileName() + text("/below"));
+    EXPECT_FALSE(ToolbarLayoutStore(text("Unwritable")).save(text("Grid")));
+}
+
+TEST(ToolbarLayoutStore, AFileEditedByHandWithoutQuotesIsUnderstood) {
+    const QTemporaryDir folder;
+    const StoreFolder store(folder.path());
+    const ToolbarLayoutStore edited(text("Edited"));
+    ASSERT_TRUE(edited.save(text("Save")));
+    const QString path =
+        QSettings(QSettings::NativeFormat, QSettings::UserScope, text("Brem"), text("Edited")).fileName();
+    // A title of its own, so that no copy in memory answers for the file.
+    QFile file(
+        QFileInfo(path).dir().filePath(QFileInfo(path).fileName().replace(text("Edited"), text("ByHand"))));
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    file.write("[CustomToolbar]\nMainToolbar=Setup, Sep1, Save\n");
+    file.close();
+    const auto layout = ToolbarLayout::fromText(ToolbarLayoutStore(text("ByHand")).load());
+    ASSERT_TRUE(layout);
+    EXPECT_EQ(layout->text().toStdString(), "Setup,Sep1,Save");
+}
