@@ -1,0 +1,110 @@
+#include "display/MilDisplay.h"
+
+#include "display/TwipsGeometry.h"
+
+#include <QImage>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+#include <thread>
+
+using namespace ocuva;
+
+namespace {
+
+FramePtr plainFrame(int width, int height, std::uint32_t colour) {
+    auto frame = std::make_shared<Frame>();
+    frame->width = width;
+    frame->height = height;
+    frame->pixels.assign(static_cast<std::size_t>(width) * static_cast<std::size_t>(height), colour);
+    return frame;
+}
+
+struct LiveDisplay : testing::Test {
+    DisplayWindows windows;
+    MilDisplay display{windows, nullptr};
+
+    void SetUp() override {
+        display.resize(384, 288);
+        display.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&display));
+    }
+    bool waitForFrames(std::uint64_t count) {
+        return QTest::qWaitFor([&] { return display.framesShown() >= count; });
+    }
+};
+
+} // namespace
+
+TEST_F(LiveDisplay, IsBlackBeforeTheFirstFrame) {
+    EXPECT_EQ(display.grab().toImage().pixelColor(100, 100), QColor(Qt::black));
+}
+
+TEST_F(LiveDisplay, ShowsAFrameThatAnotherThreadDeliversToItsHandle) {
+    std::thread grab([&] { windows.deliver(display.hWnd(), plainFrame(384, 288, 0xff204060)); });
+    grab.join();
+    ASSERT_TRUE(waitForFrames(1));
+    EXPECT_EQ(display.grab().toImage().pixelColor(200, 200), QColor(0x20, 0x40, 0x60));
+}
+
+TEST_F(LiveDisplay, FillsItselfWithAFrameOfAnotherSize) {
+    windows.deliver(display.hWnd(), plainFrame(64, 48, 0xffa0b0c0));
+    ASSERT_TRUE(waitForFrames(1));
+    const QImage shown = display.grab().toImage();
+    EXPECT_EQ(shown.pixelColor(1, 1), QColor(0xa0, 0xb0, 0xc0));
+    EXPECT_EQ(shown.pixelColor(shown.width() - 2, shown.height() - 2), QColor(0xa0, 0xb0, 0xc0));
+}
+
+TEST_F(LiveDisplay, ShowsAFrameOnceHoweverOftenItIsRepainted) {
+    windows.deliver(display.hWnd(), plainFrame(384, 288, 0xff000001));
+    ASSERT_TRUE(waitForFrames(1));
+    display.repaint();
+    display.repaint();
+    EXPECT_EQ(display.framesShown(), 1U);
+}
+
+TEST_F(LiveDisplay, DropsFramesThatComeFasterThanTheyCanBeDrawn) {
+    for (int i = 0; i < 5; ++i) {
+        windows.deliver(display.hWnd(), plainFrame(384, 288, 0xff000000U + static_cast<std::uint32_t>(i)));
+    }
+    ASSERT_TRUE(waitForFrames(1));
+    EXPECT_EQ(display.shownFrame()->pixels[0], 0xff000004U);
+    EXPECT_EQ(display.framesDropped(), 4U);
+}
+
+TEST_F(LiveDisplay, TellsTheMouseInTwipsFromItsCorner) {
+    QSignalSpy up(&display, &MilDisplay::mouseUp);
+    QTest::mouseClick(&display, Qt::LeftButton, Qt::NoModifier, QPoint(100, 40));
+    ASSERT_EQ(up.count(), 1);
+    EXPECT_EQ(up[0][2].toFloat(), 1500.0F);
+    EXPECT_EQ(up[0][3].toFloat(), 600.0F);
+    QSignalSpy moved(&display, &MilDisplay::mouseMoved);
+    QTest::mouseMove(&display, QPoint(10, 20));
+    ASSERT_TRUE(QTest::qWaitFor([&] { return moved.count() > 0; }));
+    EXPECT_EQ(moved.last()[2].toFloat(), 150.0F);
+}
+
+TEST_F(LiveDisplay, FramesForAHandleThatIsGoneHarmNothing) {
+    Long handle = 0;
+    {
+        const MilDisplay gone(windows, nullptr);
+        handle = gone.hWnd();
+    }
+    windows.deliver(handle, plainFrame(8, 8, 0xffffffff));
+    EXPECT_EQ(windows.devicePixelRatio(handle), 1.0);
+}
+
+TEST(TwipsGeometry, LengthsBecomeWholePixelsRoundedHalfToEven) {
+    EXPECT_EQ(pixelsX(45), 3);
+    EXPECT_EQ(pixelsY(170), 11);
+    EXPECT_EQ(pixelsX(22), 1);
+    EXPECT_EQ(twipsX(24), 360);
+    EXPECT_EQ(toPixels({30, 120, 5760, 4320}), QRect(2, 8, 384, 288));
+    EXPECT_EQ(toTwips(QRect(2, 8, 384, 288)), (TwipsRect{30, 120, 5760, 4320}));
+}
+
+TEST(TwipsGeometry, LengthsBeyondAnyScreenStayWithinWhatAWidgetCanBe) {
+    EXPECT_EQ(pixelsX(2147483647), QWIDGETSIZE_MAX);
+    EXPECT_EQ(pixelsX(-2147483647), -QWIDGETSIZE_MAX);
+}
