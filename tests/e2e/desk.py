@@ -9,10 +9,26 @@ import subprocess
 import tempfile
 import time
 from pathlib import Path
+from typing import NamedTuple
 
 PATIENCE_S = 30.0  # for anything the program is expected to do; a busy machine is slow, a hung program never comes
 POLL_S = 0.02
 SCREEN = "1280x1024x24"
+
+
+class Area(NamedTuple):
+    """A part of the screen, in pixels."""
+    left: int
+    top: int
+    width: int
+    height: int
+
+    def contains(self, other):
+        return (self.left <= other.left and other.left + other.width <= self.left + self.width and
+                self.top <= other.top and other.top + other.height <= self.top + self.height)
+
+    def as_crop(self):
+        return f"{self.width}x{self.height}+{self.left}+{self.top}"
 
 
 class Failure(Exception):
@@ -147,40 +163,33 @@ class Desk:
         """Starts the program; its output goes to the named file of the desk's folder."""
         return self._start(str(program), *arguments, log=log, OCUVA_TRACE=str(trace))
 
-    def windows(self, title):
-        """Ids of the visible windows whose title matches the pattern."""
-        found = self._try("xdotool", "search", "--onlyvisible", "--name", title)
+    def windows(self, process):
+        """Ids of the visible titled windows of a process, dialogs included."""
+        found = self._try("xdotool", "search", "--all", "--onlyvisible", "--pid", str(process.pid), "--name", ".")
         return found.split() if found else []
 
-    def wait_for_window(self, title):
-        return wait_until(lambda: self.windows(title), f"No window titled '{title}' came up")[0]
-
-    def windows_of(self, process):
-        """Ids of all visible windows of a process, dialogs included."""
-        found = self._try("xdotool", "search", "--onlyvisible", "--pid", str(process.pid))
-        return found.split() if found else []
+    def title(self, window):
+        return self._do("xdotool", "getwindowname", window).strip()
 
     def wait_for_dialog(self, process, window):
         """The window that comes up beside the given one."""
-        return wait_until(lambda: [other for other in self.windows_of(process) if other != window],
-                          "No dialog came up")[0]
+        return wait_until(lambda: [other for other in self.windows(process) if other != window], "No dialog came up")[0]
 
     def wait_until_closed(self, process, window):
-        wait_until(lambda: window not in self.windows_of(process), "The window stays open")
+        wait_until(lambda: window not in self.windows(process), "The window stays open")
 
-    def window_size(self, window):
-        """Width and height of the window without its decoration, in pixels."""
-        shell = self._do("xdotool", "getwindowgeometry", "--shell", window)
-        return tuple(int(re.search(rf"^{key}=(\d+)$", shell, re.M).group(1)) for key in ("WIDTH", "HEIGHT"))
-
-    def window_origin(self, window):
-        """Where the inside of the window begins on the screen: left, top."""
-        shell = self._do("xdotool", "mousemove", "--window", window, "0", "0", "getmouselocation", "--shell")
-        return tuple(int(re.search(rf"^{key}=(\d+)$", shell, re.M).group(1)) for key in ("X", "Y"))
+    def area(self, window):
+        """Where the inside of a window, or of a control with a window of its own, is on the screen."""
+        size = self._do("xdotool", "getwindowgeometry", "--shell", window)
+        width, height = (int(re.search(rf"^{key}=(\d+)$", size, re.M).group(1)) for key in ("WIDTH", "HEIGHT"))
+        # Asking for the position itself counts a window manager's frame twice.
+        place = self._do("xdotool", "mousemove", "--window", window, "0", "0", "getmouselocation", "--shell")
+        left, top = (int(re.search(rf"^{key}=(\d+)$", place, re.M).group(1)) for key in ("X", "Y"))
+        return Area(left, top, width, height)
 
     def resize(self, window, width, height):
         self._do("xdotool", "windowsize", window, str(width), str(height))
-        wait_until(lambda: self.window_size(window) == (width, height),
+        wait_until(lambda: self.area(window)[2:] == (width, height),
                    f"The window did not take the size {width} x {height}")
 
     def activate(self, window):
@@ -200,19 +209,7 @@ class Desk:
     def screenshot(self, path):
         self._do("import", "-window", "root", str(path))
 
-    def living_area(self):
-        """Left, top, width and height of the part of the screen that changes from moment to moment: with live video
-        on, that is the image, since every frame has noise of its own."""
-        before, after = self.folder / "before.png", self.folder / "after.png"
-        self.screenshot(before)
-        time.sleep(0.3)
-        self.screenshot(after)
-        box = self._do("convert", str(before), str(after), "-compose", "difference", "-composite", "-threshold", "0",
-                       "-format", "%@", "info:")
-        width, height, left, top = (int(number) for number in re.findall(r"\d+", box))
-        return left, top, width, height
-
-    def contrast(self, picture, left, top, width, height):
-        """Standard deviation of a part of a screenshot, 0 (one colour) to 1."""
-        return float(self._do("convert", str(picture), "-crop", f"{width}x{height}+{left}+{top}", "+repage",
-                              "-colorspace", "Gray", "-format", "%[fx:standard_deviation]", "info:"))
+    def contrast(self, area):
+        """Standard deviation of what is seen in an area of the screen, 0 (one colour) to 1."""
+        return float(self._do("import", "-window", "root", "-crop", area.as_crop(), "-colorspace", "Gray",
+                              "-format", "%[fx:standard_deviation]", "info:"))
