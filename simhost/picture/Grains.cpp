@@ -1,0 +1,333 @@
+#include "simhost/picture/Grains.h"
+
+#include "simhost/picture/Hash.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace simhost {
+namespace {
+
+constexpr int kBlock = 16;          // samples; grains are culled per block
+constexpr float kJitter = 0.46F;    // of a cell; below one half no two grains can coincide
+constexpr float kMaxWeight = 0.20F; // of a cell squared
+// Boundaries are etched a little by polishing: a dark line about this wide, fainter where the hash says so.
+constexpr float kBoundaryWidth = 1.1F;
+constexpr float kBoundaryDepth = 0.42F;
+
+MineralId pick(const std::vector<Share>& shares, float chance) {
+    float total = 0.0F;
+    for (const Share& share : shares) {
+        total += share.weight;
+    }
+    float rest = chance * total;
+    for (const Share& share : shares) {
+        rest -= share.weight;
+        if (rest < 0.0F) {
+            return share.mineral;
+        }
+    }
+    return shares.back().mineral;
+}
+
+void giveLamellae(Grain& grain, const Mineral& kind, Draw& draw) {
+    if (draw.unit() >= kind.twinnedPart) {
+        return;
+    }
+    // A direction without trigonometry: a point of the square, brought to length 1.
+    const float x = draw.centred();
+    const float y = draw.centred() + 0.001F;
+    const float length = std::sqrt(x * x + y * y) + 1e-6F;
+    const float pitch = kind.twinPitch * draw.between(0.6F, 1.7F);
+    grain.lamellaX = x / length / pitch;
+    grain.lamellaY = y / length / pitch;
+    grain.lamellaContrast = kind.twinContrast * draw.between(0.6F, 1.1F);
+}
+
+Grain makeGrain(const Mosaic& mosaic, std::int64_t column, std::int64_t row, const SampleGrid& grid) {
+    Grain grain;
+    grain.hash = cellHash(mosaic.seed, column, row);
+    Draw draw(grain.hash);
+    const auto cell = static_cast<float>(mosaic.cell);
+    grain.x = static_cast<float>(static_cast<double>(column) * mosaic.cell - grid.x0) +
+              cell * (0.5F + kJitter * draw.centred());
+    grain.y = static_cast<float>(static_cast<double>(row) * mosaic.cell - grid.y0) +
+              cell * (0.5F + kJitter * draw.centred());
+    grain.weight = cell * cell * kMaxWeight * draw.unit();
+    grain.aggregate = draw.unit() < mosaic.aggregatePart;
+    const Mineral& kind = mineral(pick(*mosaic.shares, draw.unit()));
+    grain.colour = kind.colour * (1.0F + kind.spread * draw.centred());
+    grain.texture = kind.texture * draw.between(0.7F, 1.3F);
+    giveLamellae(grain, kind, draw);
+    return grain;
+}
+
+struct Bounds {
+    float lowX, highX, lowY, highY;
+};
+
+// The candidates of one block and the answers for its samples, laid out for vector arithmetic.
+struct Block {
+    int columns = 0;
+    int rows = 0;
+    float x[kBlock * kBlock];
+    float y[kBlock * kBlock];
+    float best[kBlock * kBlock];
+    float second[kBlock * kBlock];
+    std::int32_t owner[kBlock * kBlock];
+    std::int32_t neighbour[kBlock * kBlock];
+    int size() const { return columns * rows; }
+};
+
+Bounds boundsOf(const Block& block) {
+    Bounds bounds{block.x[0], block.x[0], block.y[0], block.y[0]};
+    for (int i = 1; i < block.size(); ++i) {
+        bounds.lowX = std::min(bounds.lowX, block.x[i]);
+        bounds.highX = std::max(bounds.highX, block.x[i]);
+        bounds.lowY = std::min(bounds.lowY, block.y[i]);
+        bounds.highY = std::max(bounds.highY, block.y[i]);
+    }
+    return bounds;
+}
+
+// Grains that can be first or second anywhere in the bounds: those not farther at best than two others at
+// worst.
+void candidatesIn(const std::vector<Grain>& grains, const Bounds& bounds,
+                  std::vector<std::int32_t>& candidates, std::vector<float>& nearest) {
+    float worst = 3e38F;
+    float secondWorst = 3e38F;
+    nearest.resize(grains.size());
+    for (std::size_t i = 0; i < grains.size(); ++i) {
+        const Grain& grain = grains[i];
+        const float farX = std::max(bounds.highX - grain.x, grain.x - bounds.lowX);
+        const float farY = std::max(bounds.highY - grain.y, grain.y - bounds.lowY);
+        const float nearX = std::max({bounds.lowX - grain.x, grain.x - bounds.highX, 0.0F});
+        const float nearY = std::max({bounds.lowY - grain.y, grain.y - bounds.highY, 0.0F});
+        nearest[i] = nearX * nearX + nearY * nearY - grain.weight;
+        const float farthest = farX * farX + farY * farY - grain.weight;
+        secondWorst = std::min(secondWorst, std::max(farthest, worst));
+        worst = std::min(worst, farthest);
+    }
+    candidates.clear();
+    for (std::size_t i = 0; i < grains.size(); ++i) {
+        if (nearest[i] <= secondWorst) {
+            candidates.push_back(static_cast<std::int32_t>(i));
+        }
+    }
+}
+
+void compete(Block& block, const Grain& grain, std::int32_t number) {
+    const int size = block.size();
+    const float gx = grain.x;
+    const float gy = grain.y;
+    const float weight = grain.weight;
+    for (int i = 0; i < size; ++i) {
+        const float dx = block.x[i] - gx;
+        const float dy = block.y[i] - gy;
+        const float power = dx * dx + dy * dy - weight;
+        const float best = block.best[i];
+        const float second = block.second[i];
+        const std::int32_t owner = block.owner[i];
+        const std::int32_t neighbour = block.neighbour[i];
+        const std::int32_t runnerUp = power < second ? number : neighbour;
+        block.neighbour[i] = power < best ? owner : runnerUp;
+        block.owner[i] = power < best ? number : owner;
+        const float lower = power < second ? power : second;
+        block.second[i] = power < best ? best : lower;
+        block.best[i] = power < best ? power : best;
+    }
+}
+
+void settle(Block& block, const std::vector<Grain>& grains, const std::vector<std::int32_t>& candidates) {
+    std::fill_n(block.best, kBlock * kBlock, 3e38F);
+    std::fill_n(block.second, kBlock * kBlock, 3e38F);
+    std::fill_n(block.owner, kBlock * kBlock, candidates[0]);
+    std::fill_n(block.neighbour, kBlock * kBlock, candidates[0]);
+    for (const std::int32_t number : candidates) {
+        compete(block, grains[static_cast<std::size_t>(number)], number);
+    }
+}
+
+void store(const Block& block, GrainMap& map, std::size_t first, int columns) {
+    for (int r = 0; r < block.rows; ++r) {
+        const std::size_t line = first + static_cast<std::size_t>(r) * static_cast<std::size_t>(columns);
+        const int from = r * block.columns;
+        std::copy_n(&block.owner[from], block.columns, &map.owner[line]);
+        std::copy_n(&block.neighbour[from], block.columns, &map.neighbour[line]);
+        for (int c = 0; c < block.columns; ++c) {
+            map.gap[line + static_cast<std::size_t>(c)] = block.second[from + c] - block.best[from + c];
+        }
+    }
+}
+
+void mapBlock(const std::vector<Grain>& grains, const std::vector<float>& qx, const std::vector<float>& qy,
+              int columns, std::size_t first, Block& block, GrainMap& map) {
+    for (int r = 0; r < block.rows; ++r) {
+        const std::size_t line = first + static_cast<std::size_t>(r) * static_cast<std::size_t>(columns);
+        std::copy_n(&qx[line], block.columns, &block.x[r * block.columns]);
+        std::copy_n(&qy[line], block.columns, &block.y[r * block.columns]);
+    }
+    std::vector<std::int32_t> candidates;
+    std::vector<float> nearest;
+    candidatesIn(grains, boundsOf(block), candidates, nearest);
+    settle(block, grains, candidates);
+    store(block, map, first, columns);
+}
+
+// Light and dark stripes of uneven width with soft flanks, counted from the grain's own place so that they do
+// not depend on the grid.
+float lamella(const Grain& grain, float x, float y, float footprint) {
+    const float across = (x - grain.x) * grain.lamellaX + (y - grain.y) * grain.lamellaY + 64.0F;
+    const auto number = static_cast<std::int32_t>(across);
+    const float phase = across - static_cast<float>(number);
+    const float width = 0.12F + 0.33F * unitFloat(mix(grain.hash + static_cast<std::uint32_t>(number)));
+    const float slope = std::abs(grain.lamellaX) + std::abs(grain.lamellaY); // about 1 / pitch
+    const float soft = 0.05F + 0.7F * footprint * slope;
+    const float offset = phase < 0.5F ? 0.5F - phase : phase - 0.5F; // 0 in the middle of a light stripe
+    const float part = coverage(width - offset, soft);
+    const float fade = soft > 0.6F ? 0.0F : 1.0F;
+    return 1.0F + grain.lamellaContrast * fade * (part - 0.57F);
+}
+
+class Shader {
+public:
+    Shader(const std::vector<Grain>& grains, const Relief& relief, const ColourPlanes* aggregates)
+        : m_grains(grains)
+        , m_relief(relief)
+        , m_aggregates(aggregates) {}
+
+    Rgb colour(std::int32_t number, std::size_t at) const {
+        const Grain& grain = m_grains[static_cast<std::size_t>(number)];
+        if (grain.aggregate && m_aggregates != nullptr) {
+            return m_aggregates->at(at);
+        }
+        float light = 1.0F + grain.texture * m_relief.texture[at];
+        if (grain.lamellaContrast > 0.0F) {
+            light *= lamella(grain, m_relief.straightX[at], m_relief.straightY[at], m_relief.footprint);
+        }
+        return grain.colour * light;
+    }
+
+    // Runs of one grain away from its edge: plain multiplication, the bulk of every picture.
+    void run(std::int32_t number, std::size_t begin, std::size_t end, ColourPlanes& out) const {
+        const Grain& grain = m_grains[static_cast<std::size_t>(number)];
+        if (grain.aggregate && m_aggregates != nullptr) {
+            std::copy(&m_aggregates->r[begin], &m_aggregates->r[begin] + (end - begin), &out.r[begin]);
+            std::copy(&m_aggregates->g[begin], &m_aggregates->g[begin] + (end - begin), &out.g[begin]);
+            std::copy(&m_aggregates->b[begin], &m_aggregates->b[begin] + (end - begin), &out.b[begin]);
+            return;
+        }
+        const float* texture = m_relief.texture.data();
+        const Rgb base = grain.colour;
+        const float strength = grain.texture;
+        for (std::size_t i = begin; i < end; ++i) {
+            const float light = 1.0F + strength * texture[i];
+            out.r[i] = base.r * light;
+            out.g[i] = base.g * light;
+            out.b[i] = base.b * light;
+        }
+        if (grain.lamellaContrast > 0.0F) {
+            for (std::size_t i = begin; i < end; ++i) {
+                const float light =
+                    lamella(grain, m_relief.straightX[i], m_relief.straightY[i], m_relief.footprint);
+                out.r[i] *= light;
+                out.g[i] *= light;
+                out.b[i] *= light;
+            }
+        }
+    }
+
+    // At an edge the two grains share the sample, and the etched boundary darkens both.
+    void edge(std::int32_t owner, std::int32_t neighbour, float gap, std::size_t at,
+              ColourPlanes& out) const {
+        const Grain& a = m_grains[static_cast<std::size_t>(owner)];
+        const Grain& b = m_grains[static_cast<std::size_t>(neighbour)];
+        // In a power mosaic the distance to the common edge is the difference of powers over twice the
+        // distance of the two grains: exact, and linear up to the edge.
+        const float distance =
+            gap / (2.0F * std::sqrt((a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y)) + 1e-3F);
+        const float width = kBoundaryWidth + 0.5F * m_relief.footprint;
+        if (distance >= width) {
+            return;
+        }
+        const std::uint32_t pair = a.hash ^ b.hash;
+        const float part = distance < width ? 1.0F - distance / width : 0.0F;
+        // The line is wider than it is when a sample is coarse, so it is fainter in proportion.
+        const float depth =
+            kBoundaryDepth * (0.25F + 0.75F * unitFloat(mix(pair))) * (kBoundaryWidth / width);
+        const Rgb own = colour(owner, at);
+        const float cover = coverage(distance, m_relief.footprint);
+        const Rgb blend = cover < 1.0F ? mixed(colour(neighbour, at), own, cover) : own;
+        out.set(at, blend * (1.0F - depth * part));
+    }
+
+private:
+    const std::vector<Grain>& m_grains;
+    const Relief& m_relief;
+    const ColourPlanes* m_aggregates;
+};
+
+} // namespace
+
+std::vector<Grain> collectGrains(const Mosaic& mosaic, const SampleGrid& grid, float reach) {
+    const auto cells = [&](double start, double step, int count) {
+        const double end = start + step * (count - 1);
+        const auto low = static_cast<std::int64_t>(std::floor((std::min(start, end) - reach) / mosaic.cell));
+        const auto high = static_cast<std::int64_t>(std::floor((std::max(start, end) + reach) / mosaic.cell));
+        return std::pair{low - 2, high + 2}; // no grain farther off can be nearest
+    };
+    const auto [left, right] = cells(grid.x0, grid.stepX, grid.columns);
+    const auto [bottom, top] = cells(grid.y0, grid.stepY, grid.rows);
+    std::vector<Grain> grains;
+    grains.reserve(static_cast<std::size_t>((right - left + 1) * (top - bottom + 1)));
+    for (std::int64_t row = bottom; row <= top; ++row) {
+        for (std::int64_t column = left; column <= right; ++column) {
+            grains.push_back(makeGrain(mosaic, column, row, grid));
+        }
+    }
+    return grains;
+}
+
+GrainMap mapGrains(const std::vector<Grain>& grains, const std::vector<float>& qx,
+                   const std::vector<float>& qy, int columns, int rows) {
+    GrainMap map;
+    map.owner.resize(qx.size());
+    map.neighbour.resize(qx.size());
+    map.gap.resize(qx.size());
+    Block block;
+    for (int top = 0; top < rows; top += kBlock) {
+        for (int left = 0; left < columns; left += kBlock) {
+            block.columns = std::min(kBlock, columns - left);
+            block.rows = std::min(kBlock, rows - top);
+            const auto first = static_cast<std::size_t>(top) * static_cast<std::size_t>(columns) +
+                               static_cast<std::size_t>(left);
+            mapBlock(grains, qx, qy, columns, first, block, map);
+        }
+    }
+    return map;
+}
+
+void shadeGrains(const Mosaic& mosaic, const std::vector<Grain>& grains, const GrainMap& map,
+                 const Relief& relief, const ColourPlanes* aggregates, ColourPlanes& out) {
+    const auto cell = static_cast<float>(mosaic.cell);
+    const Shader shader(grains, relief, aggregates);
+    // Neighbours are at most some three cells apart, so a wider gap of powers is away from every edge.
+    const float nearGap = 6.0F * cell * (kBoundaryWidth + 0.5F * relief.footprint);
+    const std::size_t size = map.owner.size();
+    for (std::size_t begin = 0; begin < size;) {
+        const std::int32_t owner = map.owner[begin];
+        std::size_t end = begin + 1;
+        while (end < size && map.owner[end] == owner) {
+            ++end;
+        }
+        shader.run(owner, begin, end, out);
+        for (std::size_t i = begin; i < end; ++i) {
+            if (map.gap[i] < nearGap) {
+                shader.edge(owner, map.neighbour[i], map.gap[i], i, out);
+            }
+        }
+        begin = end;
+    }
+}
+
+} // namespace simhost

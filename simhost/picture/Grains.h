@@ -1,0 +1,59 @@
+#pragma once
+// The mosaic of grains: which grain lies at each place, how far its edge is, and how grains are shaded.
+
+#include "simhost/picture/Minerals.h"
+#include "simhost/picture/SampleGrid.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace simhost {
+
+/// One grain. Places are relative to the first sample of the grid that it was collected for.
+struct Grain {
+    float x = 0.0F;
+    float y = 0.0F;
+    float weight = 0.0F; ///< larger grains push their neighbours' edges away (square units)
+    Rgb colour;
+    float texture = 0.0F;
+    float lamellaX = 0.0F; ///< direction across the lamellae, divided by their pitch
+    float lamellaY = 0.0F;
+    float lamellaContrast = 0.0F; ///< 0: no lamellae
+    bool aggregate = false;       ///< made of fine grains instead
+    std::uint32_t hash = 0;
+};
+
+/// Every grain that can show in a rectangle (relative places), for one mosaic.
+struct Mosaic {
+    double cell; ///< mean distance of grains, units
+    std::uint32_t seed;
+    const std::vector<Share>* shares;
+    float aggregatePart;
+};
+std::vector<Grain> collectGrains(const Mosaic& mosaic, const SampleGrid& grid, float reach);
+
+/// The grain at each sample and its nearest neighbour.
+struct GrainMap {
+    std::vector<std::int32_t> owner;
+    std::vector<std::int32_t> neighbour;
+    std::vector<float> gap; ///< difference of their powers, square units, >= 0; 0 on the boundary
+};
+
+/// Finds the grains at places (qx, qy), relative as above and row by row with `columns` to a row. Needs at
+/// least two grains.
+GrainMap mapGrains(const std::vector<Grain>& grains, const std::vector<float>& qx,
+                   const std::vector<float>& qy, int columns, int rows);
+
+/// What shading needs to know of each sample besides its grain.
+struct Relief {
+    std::vector<float> x, y;                 ///< relative places, gently bent: grain boundaries wander
+    std::vector<float> straightX, straightY; ///< the same, not bent: crystals and twins are straight
+    std::vector<float> texture;              ///< fine texture, about -1 to 1
+    float footprint = 1.0F;
+};
+
+/// Paints a mosaic. `aggregates`, when given, is what shows where a grain is an aggregate.
+void shadeGrains(const Mosaic& mosaic, const std::vector<Grain>& grains, const GrainMap& map,
+                 const Relief& relief, const ColourPlanes* aggregates, ColourPlanes& out);
+
+} // namespace simhost

@@ -1,0 +1,107 @@
+#include "simhost/picture/Section.h"
+
+#include "simhost/picture/Grains.h"
+#include "simhost/picture/Hash.h"
+#include "simhost/picture/LatticeNoise.h"
+#include "simhost/picture/Marks.h"
+
+#include <algorithm>
+
+namespace simhost {
+namespace {
+
+// Where samples are this wide no grain can be told from the next, and looking for them would take for ever.
+constexpr float kMosaicFootprint = 48.0F;
+constexpr float kFineMosaicFootprint = 12.0F;
+
+// Straight mosaic edges are bent by noise: a long swing and a short ripple, units.
+constexpr double kSwingSpacing = 42.0;
+constexpr float kSwing = 26.0F;
+constexpr double kRippleSpacing = 7.0;
+constexpr float kRipple = 2.6F;
+constexpr float kBendReach = kSwing + kRipple;
+
+Rgb meanColour(const std::vector<Share>& shares) {
+    Rgb sum;
+    float total = 0.0F;
+    for (const Share& share : shares) {
+        const Rgb colour = mineral(share.mineral).colour * share.weight;
+        sum = {sum.r + colour.r, sum.g + colour.g, sum.b + colour.b};
+        total += share.weight;
+    }
+    return sum * (1.0F / total);
+}
+
+void fill(ColourPlanes& out, Rgb colour) {
+    std::fill(out.r.begin(), out.r.end(), colour.r);
+    std::fill(out.g.begin(), out.g.end(), colour.g);
+    std::fill(out.b.begin(), out.b.end(), colour.b);
+}
+
+Relief reliefOf(const SampleGrid& grid, std::uint32_t seed) {
+    Relief relief;
+    relief.footprint = grid.footprint();
+    relief.x.resize(grid.size());
+    relief.y.resize(grid.size());
+    relief.texture.resize(grid.size());
+    std::size_t i = 0;
+    for (int r = 0; r < grid.rows; ++r) {
+        for (int c = 0; c < grid.columns; ++c, ++i) {
+            relief.x[i] = static_cast<float>(c * grid.stepX);
+            relief.y[i] = static_cast<float>(r * grid.stepY);
+        }
+    }
+    relief.straightX = relief.x;
+    relief.straightY = relief.y;
+    addLatticeNoise(grid, kSwingSpacing, mix(seed, 1), kSwing, relief.x);
+    addLatticeNoise(grid, kSwingSpacing, mix(seed, 2), kSwing, relief.y);
+    addLatticeNoise(grid, kRippleSpacing, mix(seed, 3), kRipple, relief.x);
+    addLatticeNoise(grid, kRippleSpacing, mix(seed, 4), kRipple, relief.y);
+    // Fine pitting for the focus, cloudiness above it.
+    addLatticeNoise(grid, 1.6, mix(seed, 5), 1.0F, relief.texture);
+    addLatticeNoise(grid, 5.5, mix(seed, 6), 0.7F, relief.texture);
+    addLatticeNoise(grid, 24.0, mix(seed, 7), 0.6F, relief.texture);
+    return relief;
+}
+
+void paintAggregates(const SampleGrid& grid, const Assemblage& assemblage, std::uint32_t seed,
+                     const Relief& relief, ColourPlanes& out) {
+    if (relief.footprint > kFineMosaicFootprint) {
+        fill(out, meanColour(assemblage.fine));
+        return;
+    }
+    const Mosaic mosaic{assemblage.fineCell, mix(seed, 21), &assemblage.fine, 0.0F};
+    const std::vector<Grain> grains = collectGrains(mosaic, grid, kBendReach);
+    shadeGrains(mosaic, grains, mapGrains(grains, relief.x, relief.y, grid.columns, grid.rows), relief,
+                nullptr, out);
+}
+
+} // namespace
+
+void paintSection(const SampleGrid& grid, const Assemblage& assemblage, std::uint32_t seed,
+                  ColourPlanes& out) {
+    if (grid.footprint() > kMosaicFootprint) {
+        fill(out,
+             mixed(meanColour(assemblage.coarse), meanColour(assemblage.fine), assemblage.aggregatePart));
+        return;
+    }
+    const Relief relief = reliefOf(grid, seed);
+    const Mosaic mosaic{assemblage.coarseCell, mix(seed, 20), &assemblage.coarse, assemblage.aggregatePart};
+    const std::vector<Grain> grains = collectGrains(mosaic, grid, kBendReach);
+    const GrainMap map = mapGrains(grains, relief.x, relief.y, grid.columns, grid.rows);
+    const auto isAggregate = [&](std::int32_t number) {
+        return grains[static_cast<std::size_t>(number)].aggregate;
+    };
+    if (std::any_of(map.owner.begin(), map.owner.end(), isAggregate) ||
+        std::any_of(map.neighbour.begin(), map.neighbour.end(), isAggregate)) {
+        ColourPlanes aggregates(grid.size());
+        paintAggregates(grid, assemblage, seed, relief, aggregates);
+        shadeGrains(mosaic, grains, map, relief, &aggregates, out);
+    } else {
+        shadeGrains(mosaic, grains, map, relief, nullptr, out);
+    }
+    addInclusionsAndPores(grid, assemblage, seed, relief, out);
+    addScratches(grid, seed, out);
+}
+
+} // namespace simhost

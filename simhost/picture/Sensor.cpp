@@ -1,0 +1,133 @@
+#include "simhost/picture/Sensor.h"
+
+#include "simhost/picture/Hash.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace simhost {
+namespace {
+
+constexpr std::size_t kPool = 1U << 16U;
+constexpr double kMostNoise = 30.0; // beyond it 16-bit sums could overflow
+constexpr int kDeviates = 6;        // uniform numbers in each near-Gaussian one
+
+// Noise with mean 0 and exactly the wanted root mean square over the pool, in the sensor image's fractions.
+std::vector<std::int16_t> noisePool(double rms) {
+    std::vector<double> values(kPool);
+    double sum = 0.0;
+    for (std::size_t i = 0; i < kPool; ++i) {
+        Draw draw(mix(0x0157eU, static_cast<std::uint32_t>(i)));
+        for (int k = 0; k < kDeviates; ++k) {
+            values[i] += static_cast<double>(draw.centred());
+        }
+        sum += values[i];
+    }
+    const double mean = sum / static_cast<double>(kPool);
+    double squares = 0.0;
+    for (double& value : values) {
+        value -= mean;
+        squares += value * value;
+    }
+    const double scale = rms * SensorImage::kOne / std::sqrt(squares / static_cast<double>(kPool));
+    std::vector<std::int16_t> pool;
+    pool.reserve(kPool + Sensor::kMaxWidth);
+    for (const double value : values) {
+        pool.push_back(static_cast<std::int16_t>(std::floor(value * scale + 0.5)));
+    }
+    pool.insert(pool.end(), pool.begin(), pool.begin() + Sensor::kMaxWidth); // a row may run over the end
+    return pool;
+}
+
+void addNoise(const std::uint16_t* light, const std::int16_t* noise, std::int16_t* out, int count) {
+    for (int i = 0; i < count; ++i) {
+        out[i] = static_cast<std::int16_t>(static_cast<std::int16_t>(light[i]) + noise[i]);
+    }
+}
+
+constexpr std::int16_t grey(std::int16_t value) {
+    const auto rounded =
+        static_cast<std::int16_t>((value + SensorImage::kOne / 2) >> SensorImage::kFractionBits);
+    const std::int16_t low = rounded > 0 ? rounded : std::int16_t{0};
+    return low < 255 ? low : std::int16_t{255};
+}
+
+void packColour(const std::int16_t* r, const std::int16_t* g, const std::int16_t* b, std::uint32_t* pixels,
+                int count) {
+    for (int i = 0; i < count; ++i) {
+        pixels[i] = 0xff000000U | static_cast<std::uint32_t>(grey(r[i])) << 16U |
+                    static_cast<std::uint32_t>(grey(g[i])) << 8U | static_cast<std::uint32_t>(grey(b[i]));
+    }
+}
+
+void packGrey(const std::int16_t* values, std::uint32_t* pixels, int count) {
+    for (int i = 0; i < count; ++i) {
+        pixels[i] = 0xff000000U | static_cast<std::uint32_t>(grey(values[i])) * 0x010101U;
+    }
+}
+
+} // namespace
+
+Sensor::Sensor(double noiseRms) {
+    if (noiseRms > 0.0) {
+        m_noise = noisePool(std::min(noiseRms, kMostNoise));
+    } else {
+        m_noise.assign(kPool + kMaxWidth, 0);
+    }
+}
+
+void Sensor::setControls(const PictureControls& controls) {
+    m_transform = transformOf(controls);
+    m_neutral = isNeutral(controls);
+}
+
+void Sensor::expose(const SensorImage& image, std::uint64_t frameNumber, std::uint32_t* pixels) {
+    const std::uint32_t frameSeed =
+        mix(static_cast<std::uint32_t>(frameNumber), static_cast<std::uint32_t>(frameNumber >> 32U));
+    for (auto& row : m_row) {
+        row.resize(static_cast<std::size_t>(image.width));
+    }
+    for (int row = 0; row < image.height; ++row) {
+        exposeRow(image, row, frameSeed, pixels + static_cast<std::ptrdiff_t>(row) * image.width);
+    }
+}
+
+void Sensor::exposeRow(const SensorImage& image, int row, std::uint32_t frameSeed, std::uint32_t* pixels) {
+    const std::size_t line = static_cast<std::size_t>(row) * static_cast<std::size_t>(image.width);
+    for (int channel = 0; channel < image.channels; ++channel) {
+        const std::uint32_t start = mix(frameSeed, static_cast<std::uint32_t>(row * 4 + channel)) % kPool;
+        addNoise(&image.plane[channel][line], &m_noise[start], m_row[channel].data(), image.width);
+    }
+    if (!m_neutral) {
+        adjust(image.channels, image.width);
+    }
+    if (image.channels == 3) {
+        packColour(m_row[0].data(), m_row[1].data(), m_row[2].data(), pixels, image.width);
+    } else {
+        packGrey(m_row[0].data(), pixels, image.width);
+    }
+}
+
+void Sensor::adjust(int channels, int width) {
+    constexpr float top = 32000.0F;
+    const auto held = [](float value) {
+        return static_cast<std::int16_t>(static_cast<std::int32_t>(value > top    ? top
+                                                                   : value < -top ? -top
+                                                                                  : value));
+    };
+    const auto& m = m_transform.matrix;
+    const float offset = m_transform.offset * static_cast<float>(SensorImage::kOne);
+    const bool colour = channels == 3;
+    for (int i = 0; i < width; ++i) {
+        const auto r = static_cast<float>(m_row[0][i]);
+        const float g = colour ? static_cast<float>(m_row[1][i]) : r;
+        const float b = colour ? static_cast<float>(m_row[2][i]) : r;
+        m_row[0][i] = held(m[0][0] * r + m[0][1] * g + m[0][2] * b + offset);
+        if (colour) {
+            m_row[1][i] = held(m[1][0] * r + m[1][1] * g + m[1][2] * b + offset);
+            m_row[2][i] = held(m[2][0] * r + m[2][1] * g + m[2][2] * b + offset);
+        }
+    }
+}
+
+} // namespace simhost
