@@ -1,0 +1,38 @@
+#include "app/HostMessageBox.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+namespace ocuva {
+
+TarnLong showHostMessageBox(const std::string& text, const std::string& title, TarnLong style) {
+    constexpr TarnLong buttonsMask = 0x0f;
+    QMessageBox box(QApplication::activeWindow());
+    box.setTextFormat(Qt::PlainText);
+    box.setText(QString::fromLocal8Bit(text));
+    box.setWindowTitle(QString::fromLocal8Bit(title));
+    box.setIcon((style & TARN_BOX_CRITICAL) != 0 ? QMessageBox::Critical : QMessageBox::Information);
+    switch (style & buttonsMask) {
+    case TARN_BOX_OK_CANCEL:
+        box.setStandardButtons(QMessageBox::Ok | QMessageBox::Cancel);
+        break;
+    case TARN_BOX_YES_NO:
+        box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+        box.setEscapeButton(QMessageBox::No);
+        break;
+    default:
+        box.setStandardButtons(QMessageBox::Ok);
+    }
+    switch (box.exec()) {
+    case QMessageBox::Yes:
+        return TARN_ANSWER_YES;
+    case QMessageBox::No:
+        return TARN_ANSWER_NO;
+    case QMessageBox::Cancel:
+        return TARN_ANSWER_CANCEL;
+    default:
+        return TARN_ANSWER_OK;
+    }
+}
+
+} // namespace ocuva

@@ -1,0 +1,14 @@
+#pragma once
+// Shows the message boxes of a host that runs inside this process.
+
+#include "hostlink/tarn_abi.h"
+
+#include <string>
+
+namespace ocuva {
+
+/// Shows the box over the program's active window and waits. style is TARN_BOX_..., the result
+/// TARN_ANSWER_...; closing the box counts as the answer that changes least.
+TarnLong showHostMessageBox(const std::string& text, const std::string& title, TarnLong style);
+
+} // namespace ocuva
