@@ -126,8 +126,8 @@ void drawSeparator(const IconCanvas& canvas, const IconInk& ink, bool) {
 
 // Not a button's either: there is more than the bar has room for.
 void drawOverflow(const IconCanvas& canvas, const IconInk& ink, bool) {
-    canvas.polyline({{8, 9}, {11, 12}, {8, 15}}, ink.line);
-    canvas.polyline({{13, 9}, {16, 12}, {13, 15}}, ink.line);
+    canvas.polyline({{4, 5}, {11, 12}, {4, 19}}, ink.line);
+    canvas.polyline({{13, 5}, {20, 12}, {13, 19}}, ink.line);
 }
 
 struct Icon {
