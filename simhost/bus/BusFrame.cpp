@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <utility>
 
 namespace simhost {
 
@@ -42,6 +43,8 @@ std::optional<std::string> takeText(std::string_view& bytes) {
     return text;
 }
 
+DecodedFrame malformedFrame() { return {FrameState::malformed, 0, {}}; }
+
 char upperAscii(char letter) {
     return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
 }
@@ -70,17 +73,16 @@ std::optional<std::string> encodeBusFrame(const BusMessage& message) {
 }
 
 DecodedFrame decodeBusFrame(std::string_view bytes) {
-    const DecodedFrame malformed = {FrameState::malformed, 0, {}};
     const std::size_t seen = std::min(bytes.size(), magicAndVersion.size());
     if (bytes.substr(0, seen) != magicAndVersion.substr(0, seen)) {
-        return malformed;
+        return malformedFrame();
     }
     if (bytes.size() < headerBytes) {
         return {};
     }
     const std::size_t bodyBytes = numberOf(bytes.substr(magicAndVersion.size(), lengthBytes));
     if (bodyBytes > busFrameMaxBytes - headerBytes) {
-        return malformed;
+        return malformedFrame();
     }
     if (bytes.size() < headerBytes + bodyBytes) {
         return {};
@@ -90,7 +92,7 @@ DecodedFrame decodeBusFrame(std::string_view bytes) {
     auto subComponent = component ? takeText(body) : std::nullopt;
     auto id = subComponent ? takeText(body) : std::nullopt;
     if (!id || !body.empty()) {
-        return malformed;
+        return malformedFrame();
     }
     return {FrameState::complete,
             headerBytes + bodyBytes,

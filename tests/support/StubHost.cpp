@@ -27,9 +27,8 @@ std::string joined(const std::vector<std::string>& parts) {
 
 std::string shownArray(const Double* values, Long count) {
     std::vector<std::string> parts;
-    for (Long i = 0; i < count; ++i) {
-        parts.push_back(shown(values[i]));
-    }
+    std::transform(values, values + count, std::back_inserter(parts),
+                   [](Double value) { return shown(value); });
     return '{' + joined(parts) + '}';
 }
 

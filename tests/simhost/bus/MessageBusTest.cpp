@@ -2,11 +2,14 @@
 
 #include "simhost/bus/BusFrame.h"
 
+#include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QLocalSocket>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <algorithm>
 #include <fstream>
@@ -25,7 +28,18 @@ namespace {
 namespace fs = std::filesystem;
 
 /// Runs the event loop until the condition holds, for at most half a minute.
-template <class Condition> bool eventually(Condition condition) { return QTest::qWaitFor(condition, 30000); }
+template <class Condition> bool eventually(Condition condition) {
+    QDeadlineTimer deadline(30000);
+    QTimer wake; // looks again now and then even when no event comes
+    wake.start(5);
+    while (!condition()) {
+        if (deadline.hasExpired()) {
+            return false;
+        }
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
+    return true;
+}
 
 /// Runs what is pending in the event loop; for showing that nothing comes.
 void letEverythingArrive() {
@@ -39,6 +53,12 @@ struct Place {
     QTemporaryDir temporary;
     fs::path folder = fs::path(temporary.path().toStdU16String()) / "data";
     std::vector<std::string> log;
+
+    Place() = default;
+    Place(const Place&) = delete;
+    Place& operator=(const Place&) = delete;
+    /// A send clears away the sockets of the processes that a test has killed.
+    ~Place() { MessageBus(folder, nullptr).sendByName("end"); }
 
     MessageBus makeBus() {
         return MessageBus(folder, [this](const std::string& line) { log.push_back(line); });
