@@ -23,6 +23,7 @@ struct DialogRig : ToolbarRig {
 
     static std::vector<std::string> rows(const QListWidget& list) {
         std::vector<std::string> texts;
+        texts.reserve(static_cast<std::size_t>(list.count()));
         for (int row = 0; row < list.count(); ++row) {
             texts.push_back(list.item(row)->text().toStdString());
         }

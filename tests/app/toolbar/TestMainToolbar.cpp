@@ -4,7 +4,6 @@
 #include "app/toolbar/CustomizeToolbarDialog.h"
 
 #include <QContextMenuEvent>
-#include <QTimer>
 
 using namespace ocuva;
 
@@ -156,7 +155,7 @@ TEST(ButtonMenus, TheArrowOpensTheListAndAClickOnAnItemReportsBothKeys) {
     ButtonMenus& menus = *rig.bar.buttonMenus(text("Stage"));
     menus.add(text("first"), text("First standard"));
     menus.add(text("second"), text("Second standard"));
-    QTimer::singleShot(0, &rig.bar, [&] {
+    rig.onNextTurn([&] {
         QWidget* const popup = QApplication::activePopupWidget();
         ASSERT_EQ(popup, menus.menu());
         QTest::mouseClick(popup, Qt::LeftButton, {},
@@ -220,7 +219,7 @@ TEST(ToolbarKeyboard, TabVisitsTheButtonsInTheOrderOfTheBarAlsoAfterAChange) {
 TEST(ToolbarKeyboard, DownOpensTheDropDown) {
     ToolbarRig rig;
     rig.bar.buttonMenus(text("Stage"))->add(text("only"), text("Only"));
-    QTimer::singleShot(0, &rig.bar, [] {
+    rig.onNextTurn([] {
         QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Down);
         QTest::keyClick(QApplication::activePopupWidget(), Qt::Key_Return);
     });
@@ -240,7 +239,7 @@ TEST(ToolbarOverflow, ABarTooNarrowShowsTheChevronAndItsMenuHasTheRest) {
     rig.bar.buttonMenus(text("Stage"))->add(text("only"), text("Only"));
 
     QStringList shown;
-    QTimer::singleShot(0, &rig.bar, [&] {
+    rig.onNextTurn([&] {
         auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         ASSERT_NE(menu, nullptr);
         for (QAction* action : menu->actions()) {

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QTest>
+#include <QTimer>
 
 #include <gtest/gtest.h>
 #include <string>
@@ -19,6 +20,7 @@ struct ToolbarRig {
     std::vector<std::string> clicks;
     std::vector<std::string> menuClicks;
     int customizations = 0;
+    QTimer nextTurn;
 
     explicit ToolbarRig(int spareWidthPx = 60) {
         QObject::connect(&bar, &ocuva::MainToolbar::buttonClicked, &bar,
@@ -42,6 +44,13 @@ struct ToolbarRig {
     static void settle() {
         QCoreApplication::processEvents();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+
+    // Acts from inside the event loop of a menu that is about to be opened.
+    template <typename Action> void onNextTurn(Action action) {
+        nextTurn.setSingleShot(true);
+        QObject::connect(&nextTurn, &QTimer::timeout, &bar, action);
+        nextTurn.start(0);
     }
 
     QToolButton* button(const char* key) const { return bar.button(text(key)); }
