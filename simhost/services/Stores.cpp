@@ -9,15 +9,6 @@ namespace simhost {
 
 namespace {
 
-/// File systems stamp changes with clocks that tick as slowly as once in 2 s, and a file number may be given
-/// again at once. A file that changed less than this long ago may therefore change again behind the same
-/// stamp.
-constexpr std::int64_t settleNs = 3'000'000'000;
-
-bool isSettled(const FileStamp& stamp) {
-    return wallClockNs() - std::max(stamp.modifiedNs, stamp.changedNs) > settleNs;
-}
-
 bool endsWith(std::string_view text, std::string_view end) {
     return text.size() >= end.size() && equalIgnoringCase(text.substr(text.size() - end.size()), end);
 }
@@ -58,10 +49,16 @@ Content contentOf(FileReading reading) {
 
 } // namespace
 
-Stores::Stores(std::filesystem::path folder, HostLog& log, std::chrono::milliseconds patience)
+bool isSettled(const FileStamp& stamp, std::int64_t nowNs) {
+    return nowNs - std::max(stamp.modifiedNs, stamp.changedNs) > settleNs;
+}
+
+Stores::Stores(std::filesystem::path folder, HostLog& log, std::chrono::milliseconds patience,
+               std::function<std::int64_t()> nowNs)
     : m_folder(std::move(folder))
     , m_log(log)
-    , m_patience(patience) {}
+    , m_patience(patience)
+    , m_nowNs(std::move(nowNs)) {}
 
 ocuva::Long Stores::getInt(std::string_view section, std::string_view key, ocuva::Long defaultValue,
                            std::string_view store) {
@@ -178,7 +175,7 @@ void Stores::read(Cached& cached, std::string_view store) {
     const bool hasStamp =
         reading.state == FileReading::State::read || reading.state == FileReading::State::tooLarge;
     cached.stamp = hasStamp ? std::optional(reading.stamp) : std::nullopt;
-    cached.settled = hasStamp && isSettled(reading.stamp);
+    cached.settled = hasStamp && isSettled(reading.stamp, m_nowNs());
 
     Content content = contentOf(std::move(reading));
     if (content.ini.text() == cached.ini.text() && content.unusable == cached.unusable &&

@@ -9,6 +9,7 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <map>
 #include <mutex>
 #include <optional>
@@ -16,6 +17,13 @@
 #include <string_view>
 
 namespace simhost {
+
+/// How long after its last change a file's stamp alone does not prove its content yet: file systems stamp
+/// with clocks that tick as slowly as once in 2 s, and give a file number again at once.
+inline constexpr std::int64_t settleNs = 3'000'000'000;
+
+/// Whether a file that was read at nowNs (since 1970) cannot change any more behind the same stamp.
+bool isSettled(const FileStamp& stamp, std::int64_t nowNs);
 
 /// Any number of processes may read and write the same folder: a read sees every write that was finished
 /// before it, and writers of different keys lose nothing of each other.
@@ -28,8 +36,10 @@ namespace simhost {
 class Stores {
 public:
     /// patience: how long a write waits for another process that is writing the same store.
+    /// nowNs: the clock that file stamps are taken from.
     Stores(std::filesystem::path folder, HostLog& log,
-           std::chrono::milliseconds patience = std::chrono::seconds(5));
+           std::chrono::milliseconds patience = std::chrono::seconds(5),
+           std::function<std::int64_t()> nowNs = wallClockNs);
 
     /// The stored value, or the default when store, section or key is absent (getInt: or the value begins
     /// with no whole number of 32 bits). An empty value is a value to getString.
@@ -76,6 +86,7 @@ private:
     std::filesystem::path m_folder;
     HostLog& m_log;
     std::chrono::milliseconds m_patience;
+    std::function<std::int64_t()> m_nowNs;
     std::mutex m_mutex;
     std::map<std::string, Cached, std::less<>> m_cache;
 };

@@ -79,6 +79,7 @@ TEST(HostLog, LinesOfSeveralThreadsStayWhole) {
     const TempFolder folder;
     HostLog log(folder / "log", [] { return std::string("T"); });
     std::vector<std::thread> threads;
+    threads.reserve(4);
     for (int i = 0; i < 4; ++i)
         threads.emplace_back([&log, i] {
             for (int n = 0; n < 100; ++n)

@@ -28,6 +28,17 @@ bool succeeded(pid_t child) {
     return ::waitpid(child, &status, 0) == child && WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
+/// Runs the work in so many processes at once, each with its number from 0; true when all returned true.
+bool inProcesses(int count, const std::function<bool(int)>& work) {
+    std::vector<pid_t> children(static_cast<std::size_t>(count));
+    for (int i = 0; i < count; ++i)
+        children[static_cast<std::size_t>(i)] = start([&work, i] { return work(i); });
+    bool all = true;
+    for (const pid_t child : children)
+        all = succeeded(child) && all;
+    return all;
+}
+
 constexpr std::chrono::seconds longPatience{120};
 
 /// Each writer has 20 keys of its own and writes them in turn.
@@ -39,21 +50,17 @@ TEST(SeveralProcesses, WritersOfDifferentKeysLoseNothing) {
     const TempFolder folder;
     constexpr int writers = 4;
     constexpr int writes = 200;
-    std::vector<pid_t> children;
-    for (int i = 0; i < writers; ++i)
-        children.push_back(start([&folder, i] {
-            HostLog log(folder / "log");
-            Stores stores(folder.path(), log, longPatience);
-            bool good = true;
-            for (int n = 1; n <= writes; ++n) {
-                const std::string key = keyOf(i, n);
-                good = stores.setString("Shared", key, std::to_string(n), "S.INI") &&
-                       stores.getInt("Shared", key, 0, "S.INI") == n && good;
-            }
-            return good;
-        }));
-    for (const pid_t child : children)
-        EXPECT_TRUE(succeeded(child));
+    EXPECT_TRUE(inProcesses(writers, [&folder](int i) {
+        HostLog log(folder / "log");
+        Stores stores(folder.path(), log, longPatience);
+        bool good = true;
+        for (int n = 1; n <= writes; ++n) {
+            const std::string key = keyOf(i, n);
+            good = stores.setString("Shared", key, std::to_string(n), "S.INI") &&
+                   stores.getInt("Shared", key, 0, "S.INI") == n && good;
+        }
+        return good;
+    }));
 
     HostLog log(folder / "log");
     Stores stores(folder.path(), log);
@@ -98,16 +105,12 @@ TEST(SeveralProcesses, AWriterThatIsKilledLeavesAWholeStoreAndNoLock) {
 
 TEST(SeveralProcesses, LogLinesOfSeveralProcessesStayWhole) {
     const TempFolder folder;
-    std::vector<pid_t> children;
-    for (int i = 0; i < 4; ++i)
-        children.push_back(start([&folder, i] {
-            HostLog log(folder / "log", [] { return std::string("T"); });
-            for (int n = 0; n < 250; ++n)
-                log.line(std::string(300, static_cast<char>('a' + i)));
-            return true;
-        }));
-    for (const pid_t child : children)
-        EXPECT_TRUE(succeeded(child));
+    EXPECT_TRUE(inProcesses(4, [&folder](int i) {
+        HostLog log(folder / "log", [] { return std::string("T"); });
+        for (int n = 0; n < 250; ++n)
+            log.line(std::string(300, static_cast<char>('a' + i)));
+        return true;
+    }));
     const auto lines = folder.lines("log");
     EXPECT_EQ(lines.size(), 1000u);
     for (const auto& line : lines)
@@ -116,16 +119,12 @@ TEST(SeveralProcesses, LogLinesOfSeveralProcessesStayWhole) {
 
 TEST(SeveralProcesses, AFirstStartOfSeveralAtOnceSeedsOneWholeFolder) {
     const TempFolder folder;
-    std::vector<pid_t> children;
-    for (int i = 0; i < 4; ++i)
-        children.push_back(start([&folder] {
-            const auto opened = DataFolder::open(folder / "data");
-            if (!std::holds_alternative<DataFolder>(opened))
-                return false;
-            HostLog log(folder / "log");
-            return readStandards(std::get<DataFolder>(opened).standards(), log).size() == 8;
-        }));
-    for (const pid_t child : children)
-        EXPECT_TRUE(succeeded(child));
+    EXPECT_TRUE(inProcesses(4, [&folder](int) {
+        const auto opened = DataFolder::open(folder / "data");
+        if (!std::holds_alternative<DataFolder>(opened))
+            return false;
+        HostLog log(folder / "log");
+        return readStandards(std::get<DataFolder>(opened).standards(), log).size() == 8;
+    }));
     EXPECT_FALSE(folder.has("log"));
 }

@@ -21,11 +21,8 @@ struct Rig {
     ocuva::Long a(const std::string& store = "S.INI") { return stores.getInt("A", "k", -1, store); }
 };
 
-/// Makes a file look as if nobody had touched it for long, so that its stamp is trusted.
-void age(const std::filesystem::path& file) {
-    const auto hourAgo = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
-    std::filesystem::last_write_time(file, hourAgo);
-}
+/// A clock an hour ahead: to it every file is old, so that stamps alone are trusted.
+std::int64_t hourAheadNs() { return wallClockNs() + 3'600'000'000'000; }
 
 } // namespace
 
@@ -75,7 +72,6 @@ TEST(Stores, AnEditKeepsCommentsOrderAndLineEnds) {
 TEST(Stores, AChangeByAnotherWriterIsSeenAtTheNextRead) {
     Rig rig;
     rig.folder.write("S.INI", "[A]\nk=1\n");
-    age(rig.folder / "S.INI");
     EXPECT_EQ(rig.a(), 1);
     Stores other(rig.folder.path(), rig.log);
     for (int value = 2; value < 300; ++value) {
@@ -84,6 +80,30 @@ TEST(Stores, AChangeByAnotherWriterIsSeenAtTheNextRead) {
     }
     std::filesystem::remove(rig.folder / "S.INI");
     EXPECT_EQ(rig.a(), -1);
+}
+
+TEST(Stores, AnOldFileIsTrustedByItsStampAndEveryNewStampIsNoticed) {
+    Rig rig;
+    Stores trusting(rig.folder.path(), rig.log, std::chrono::seconds(60), hourAheadNs);
+    std::string value;
+    for (int round = 0; round < 20; ++round) {
+        value += '1';
+        rig.folder.write("S.INI", "[A]\nk=" + value + "\n");
+        EXPECT_EQ(trusting.getString("A", "k", "", "S.INI"), value);
+        const auto revision = trusting.revision("S.INI");
+        EXPECT_EQ(trusting.getString("A", "k", "", "S.INI"), value);
+        EXPECT_EQ(trusting.revision("S.INI"), revision);
+    }
+    std::filesystem::remove(rig.folder / "S.INI");
+    EXPECT_EQ(trusting.getString("A", "k", "gone", "S.INI"), "gone");
+}
+
+TEST(Stores, AStampProvesNothingWhileItsFileIsYoungerThanACoarseClockTick) {
+    const FileStamp stamp{10, 5'000'000'000, 7'000'000'000, 1};
+    EXPECT_FALSE(isSettled(stamp, 7'000'000'000));
+    EXPECT_FALSE(isSettled(stamp, 7'000'000'000 + settleNs));
+    EXPECT_TRUE(isSettled(stamp, 7'000'000'001 + settleNs));
+    EXPECT_FALSE(isSettled(stamp, 0)) << "a stamp from the future";
 }
 
 TEST(Stores, AnEditInPlaceOfTheSameLengthIsSeenAtTheNextRead) {
@@ -102,7 +122,6 @@ TEST(Stores, TheRevisionChangesWithTheContentAndOnlyWithIt) {
     rig.folder.write("S.INI", "[A]\nk=1\n");
     const auto first = rig.stores.revision("S.INI");
     EXPECT_NE(first, empty);
-    age(rig.folder / "S.INI");
     EXPECT_EQ(rig.stores.revision("S.INI"), first);
     EXPECT_TRUE(rig.stores.setString("A", "k", "1", "S.INI"));
     EXPECT_EQ(rig.stores.revision("S.INI"), first);
