@@ -2,6 +2,7 @@
 // Where the board's pictures come from.
 
 #include "simhost/picture/Exposure.h"
+#include "simhost/picture/PictureControls.h"
 
 #include <cstdint>
 
@@ -12,7 +13,7 @@ public:
     virtual ~FrameSource() = default;
     /// Fills mode.width x mode.height pixels 0xffRRGGBB, row after row. Calls come one at a time, from the
     /// thread that grabs or the one that focuses.
-    virtual void render(const Exposure& exposure, std::uint32_t* pixels) = 0;
+    virtual void render(const Exposure& exposure, const PictureControls& controls, std::uint32_t* pixels) = 0;
 };
 
 } // namespace simhost

@@ -22,6 +22,11 @@ VideoBoard::State VideoBoard::state() const {
 
 CameraMode VideoBoard::mode() const { return cameraMode(cameraType()); }
 
+PictureControls VideoBoard::controls(const State& state) {
+    return {state.references.contrast(), state.references.brightness(), state.references.hue(),
+            state.references.saturation(), state.gain};
+}
+
 bool VideoBoard::init() {
     m_timer.stop();
     const std::lock_guard lock(m_stateMutex);
@@ -134,8 +139,7 @@ ocuva::FramePtr VideoBoard::expose() {
     frame->capturedMs = m_connections.clock.nowMs();
     const Exposure exposure{
         camera, at.x, at.y, at.z, field.width, field.height, static_cast<std::uint64_t>(m_frameNumber)};
-    m_connections.source.render(exposure, frame->pixels.data());
-    applyReferences(now.references, camera.colour, frame->pixels);
+    m_connections.source.render(exposure, controls(now), frame->pixels.data());
     return frame;
 }
 

@@ -64,7 +64,7 @@ public:
 
     void setDisplay(const TarnDisplayRequest& request);
 
-    /// 0 to 4, or -1 for automatic; kept, without effect on the picture.
+    /// 0 to 4, or -1 for automatic.
     bool setGain(TarnLong gain);
     TarnLong gain() const;
 
@@ -98,6 +98,7 @@ private:
     };
     State state() const;
     CameraMode mode() const;
+    static PictureControls controls(const State& state);
     void capture(); ///< one frame of the grab: exposes, keeps, shows
     void show(const ocuva::FramePtr& frame);
 

@@ -6,12 +6,6 @@
 namespace simhost {
 namespace {
 
-std::uint32_t pixelWith(const CameraReferences& references, std::uint32_t pixel, bool colour = true) {
-    std::vector<std::uint32_t> pixels{pixel};
-    applyReferences(references, colour, pixels);
-    return pixels[0];
-}
-
 TEST(CameraReferences, AllAreFiftyAtFirst) {
     const CameraReferences references;
     double first = 0.0;
@@ -63,54 +57,6 @@ TEST(CameraReferences, AnotherGroupAndNoNumberAreRefused) {
     EXPECT_EQ(first, 1.25);
     EXPECT_EQ(second, 2.5);
     EXPECT_EQ(references.contrast(), 50.0) << "a refused pair changes neither slot";
-}
-
-TEST(CameraReferences, AtFiftyThePictureIsTheCamerasOwn) {
-    for (const std::uint32_t pixel : {0xff000000U, 0xff123456U, 0xffffffffU}) {
-        EXPECT_EQ(pixelWith(CameraReferences(), pixel), pixel);
-    }
-}
-
-TEST(CameraReferences, BrightnessMovesEveryLevelAndStopsAtTheEnds) {
-    CameraReferences references;
-    references.set(1, -1.0, 70.0);
-    EXPECT_EQ(pixelWith(references, 0xff6400ffU), 0xff9733ffU);
-    references.set(1, -1.0, 0.0);
-    EXPECT_EQ(pixelWith(references, 0xffff8000U), 0xff800100U);
-}
-
-TEST(CameraReferences, ContrastSpreadsTheLevelsRoundMidGrey) {
-    CameraReferences references;
-    references.set(1, 100.0, -1.0);
-    EXPECT_EQ(pixelWith(references, 0xff6480a0U), 0xff4981c1U);
-    references.set(1, 0.0, -1.0);
-    EXPECT_EQ(pixelWith(references, 0xff0010ffU), 0xff808080U);
-}
-
-TEST(CameraReferences, NoSaturationGivesGreyAndGreyStaysGrey) {
-    CameraReferences references;
-    references.set(2, -1.0, 0.0);
-    const std::uint32_t grey = pixelWith(references, 0xff3060c0U);
-    EXPECT_EQ(grey & 0xffU, (grey >> 8) & 0xffU);
-    EXPECT_EQ(grey & 0xffU, (grey >> 16) & 0xffU);
-    references.set(2, 85.0, 100.0);
-    EXPECT_EQ(pixelWith(references, 0xff777777U), 0xff777777U);
-}
-
-TEST(CameraReferences, AThirdOfATurnOfHueMakesRedIntoAnotherPrimaryColour) {
-    CameraReferences references;
-    references.set(2, 50.0 + 100.0 / 3.0, -1.0);
-    const std::uint32_t turned = pixelWith(references, 0xffc00000U);
-    references.set(2, 50.0 - 100.0 / 3.0, -1.0);
-    const std::uint32_t back = pixelWith(references, 0xffc00000U);
-    EXPECT_NE(turned, back);
-    EXPECT_EQ(turned | back, 0xff00c0c0U);
-}
-
-TEST(CameraReferences, AGreyCameraHasNoColoursToTurn) {
-    CameraReferences references;
-    references.set(2, 90.0, 10.0);
-    EXPECT_EQ(pixelWith(references, 0xff3060c0U, false), 0xff3060c0U);
 }
 
 } // namespace

@@ -17,16 +17,18 @@ constexpr ocuva::Long window = 7;
 // Paints every frame in one grey and remembers what it was asked for.
 class StubSource final : public FrameSource {
 public:
-    void render(const Exposure& exposure, std::uint32_t* pixels) override {
+    void render(const Exposure& exposure, const PictureControls& controls, std::uint32_t* pixels) override {
         if (failing) {
             throw std::runtime_error("no light");
         }
         exposures.push_back(exposure);
+        lastControls = controls;
         std::fill_n(pixels, exposure.mode.width * exposure.mode.height, pixel);
     }
     std::uint32_t pixel = 0xff808080U;
     bool failing = false;
     std::vector<Exposure> exposures;
+    PictureControls lastControls;
 };
 
 class StubSink final : public ocuva::FrameSink {
@@ -271,17 +273,21 @@ TEST(VideoBoard, AFrameThatCannotBeMadeIsLostAndTheNextComes) {
     EXPECT_EQ(rig.sink.count, 1);
 }
 
-TEST(VideoBoard, ReferencesActOnThePicture) {
+TEST(VideoBoard, ReferencesAndGainReachTheCamera) {
     Rig rig;
     rig.grab();
-    EXPECT_TRUE(rig.board.setReferences(1, -1.0, 150.0));
+    rig.clock.advance(40.0);
+    EXPECT_TRUE(isNeutral(rig.source.lastControls));
+    EXPECT_TRUE(rig.board.setReferences(1, 20.0, 150.0));
+    EXPECT_TRUE(rig.board.setReferences(2, 30.0, 40.0));
+    rig.board.setGain(3);
+    rig.clock.advance(40.0);
+    EXPECT_EQ(rig.source.lastControls, (PictureControls{20.0, 100.0, 30.0, 40.0, 3}));
     double contrast = 0.0;
     double brightness = 0.0;
     EXPECT_TRUE(rig.board.references(1, contrast, brightness));
-    EXPECT_EQ(contrast, 50.0);
+    EXPECT_EQ(contrast, 20.0);
     EXPECT_EQ(brightness, 100.0);
-    rig.clock.advance(40.0);
-    EXPECT_THAT(rig.board.currentFrame()->pixels, Each(0xffffffffU));
 }
 
 TEST(VideoBoard, GainIsKeptWithinItsRange) {

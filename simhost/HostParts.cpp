@@ -1,0 +1,75 @@
+#include "simhost/HostParts.h"
+
+#include <stdexcept>
+#include <utility>
+#include <variant>
+
+namespace simhost {
+
+namespace {
+
+constexpr const char* cameraTypeKey = "CameraType";
+
+DataFolder openFolder(const std::filesystem::path& path) {
+    std::variant<DataFolder, std::string> opened =
+        DataFolder::open(path.empty() ? DataFolder::locate() : path);
+    if (const std::string* const problem = std::get_if<std::string>(&opened)) {
+        throw std::runtime_error(*problem);
+    }
+    return std::get<DataFolder>(std::move(opened));
+}
+
+std::shared_ptr<Clock> clockOr(std::shared_ptr<Clock> given, SimConfig& config) {
+    return given ? std::move(given) : std::make_shared<RealClock>(config.getDouble(settings::timeFactor));
+}
+
+} // namespace
+
+StageSettings stageSettings(SimConfig& config) {
+    using namespace settings;
+    const auto axis = [&config](const SimSetting& lower, const SimSetting& upper, const SimSetting& speed,
+                                const SimSetting& acceleration, const SimSetting& start,
+                                const SimSetting& backlash) {
+        return AxisSettings{config.getLong(lower),          config.getLong(upper), config.getDouble(speed),
+                            config.getDouble(acceleration), config.getLong(start), config.getLong(backlash)};
+    };
+    return {axis(xMin, xMax, speedX, accelerationX, startX, backlashX),
+            axis(yMin, yMax, speedY, accelerationY, startY, backlashY),
+            axis(zMin, zMax, speedZ, accelerationZ, startZ, backlashZ)};
+}
+
+HostParts::HostParts(SimulatedHostOptions hostOptions)
+    : options(std::move(hostOptions))
+    , folder(openFolder(options.dataFolder))
+    , log(folder.logFile())
+    , stores(folder.path(), log)
+    , config(folder.simulatorConfig(), log)
+    , clock(clockOr(options.clock, config))
+    , surface(config.surface())
+    , database(folder.standards(), log)
+    , field(stores, log)
+    , stage(*clock, stageSettings(config))
+    , camera(makeCamera(config, folder.standards(), log))
+    , board({*clock, stage, *camera, options.windows, [this] { return field.seen(); }}) {
+    const TarnLong kept = stores.getInt(FieldOfView::section, cameraTypeKey, 0, FieldOfView::store);
+    if (kept != 0 && !board.setCameraType(kept)) {
+        log.line("[tn_video] CameraType=" + std::to_string(kept) + " in " + FieldOfView::store +
+                 " is no camera type; none is chosen");
+    }
+}
+
+MessageBus& HostParts::bus() {
+    if (!m_bus) {
+        m_bus =
+            std::make_unique<MessageBus>(folder.path(), [this](const std::string& text) { log.line(text); });
+    }
+    return *m_bus;
+}
+
+bool HostParts::chooseCamera(TarnLong cameraType) {
+    return board.setCameraType(cameraType) &&
+           stores.setString(FieldOfView::section, cameraTypeKey, std::to_string(cameraType),
+                            FieldOfView::store);
+}
+
+} // namespace simhost
