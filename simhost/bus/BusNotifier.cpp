@@ -128,10 +128,7 @@ void BusNotifier::scheduleDelivery() {
 }
 
 void BusNotifier::deliverNext() {
-    m_scheduled = false;
-    if (m_delivering || m_queue.empty()) {
-        return;
-    }
+    m_scheduled = false; // what was scheduled finds its message in the queue: nothing else takes one out
     const ocuva::Notification message = std::move(m_queue.front());
     m_queue.pop_front();
     // The receiver may replace itself or destroy this notifier.
