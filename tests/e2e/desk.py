@@ -27,6 +27,11 @@ class Area(NamedTuple):
         return (self.left <= other.left and other.left + other.width <= self.left + self.width and
                 self.top <= other.top and other.top + other.height <= self.top + self.height)
 
+    def around_middle(self, dx, dy, size):
+        """A square at a distance from the middle of this area."""
+        return Area(self.left + self.width // 2 + dx - size // 2, self.top + self.height // 2 + dy - size // 2,
+                    size, size)
+
     def as_crop(self):
         return f"{self.width}x{self.height}+{self.left}+{self.top}"
 
@@ -208,6 +213,17 @@ class Desk:
 
     def screenshot(self, path):
         self._do("import", "-window", "root", str(path))
+
+    def likeness(self, before, area):
+        """How well what is seen in an area now matches a picture of the same size: 1 the same, 0 nothing in common."""
+        now = self.folder / "now.png"
+        self.snap(area, now)
+        return float(self._do("convert", str(before), str(now), "-metric", "NCC", "-compare",
+                              "-format", "%[distortion]", "info:"))
+
+    def snap(self, area, path):
+        """Keeps what is seen in an area of the screen."""
+        self._do("import", "-window", "root", "-crop", area.as_crop(), "+repage", str(path))
 
     def contrast(self, area):
         """Standard deviation of what is seen in an area of the screen, 0 (one colour) to 1."""
