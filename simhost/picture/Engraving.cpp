@@ -121,13 +121,14 @@ std::vector<Stroke> strokesOf(const std::string& text) {
 std::vector<Stroke> strokesNear(const SampleGrid& grid, const Engraving& engraving, float field) {
     const auto u = [&](int column) { return static_cast<float>(engraving.x - grid.xOf(column)) / field; };
     const auto v = [&](int row) { return static_cast<float>(engraving.y - grid.yOf(row)) / field; };
-    const auto [left, right] = std::minmax({u(0), u(grid.columns - 1)});
-    const auto [top, bottom] = std::minmax({v(0), v(grid.rows - 1)});
+    const auto across = std::minmax({u(0), u(grid.columns - 1)});
+    const auto down = std::minmax({v(0), v(grid.rows - 1)});
     const float margin = kHalfStroke + 2 * kBurr + grid.footprint() / field;
     std::vector<Stroke> strokes = strokesOf(engraving.text);
     const auto misses = [&](const Stroke& s) {
-        return std::max(s.ax, s.bx) + margin < left || std::min(s.ax, s.bx) - margin > right ||
-               std::max(s.ay, s.by) + margin < top || std::min(s.ay, s.by) - margin > bottom;
+        return std::max(s.ax, s.bx) + margin < across.first ||
+               std::min(s.ax, s.bx) - margin > across.second || std::max(s.ay, s.by) + margin < down.first ||
+               std::min(s.ay, s.by) - margin > down.second;
     };
     strokes.erase(std::remove_if(strokes.begin(), strokes.end(), misses), strokes.end());
     return strokes;

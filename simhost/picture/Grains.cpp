@@ -3,14 +3,16 @@
 #include "simhost/picture/Hash.h"
 
 #include <algorithm>
+#include <array>
+#include <bit>
 #include <cmath>
 
 namespace simhost {
 namespace {
 
-constexpr int kBlock = 16;          // samples; grains are culled per block
-constexpr float kJitter = 0.46F;    // of a cell; below one half no two grains can coincide
-constexpr float kMaxWeight = 0.20F; // of a cell squared
+constexpr int kBlock = 16;             // samples; grains are culled per block
+constexpr float kJitter = 0.46F;       // of a cell; below one half no two grains can coincide
+constexpr float kWeightSpread = 0.20F; // of a cell squared
 // Boundaries are etched a little by polishing: a dark line about this wide, fainter where the hash says so.
 constexpr float kBoundaryWidth = 1.1F;
 constexpr float kBoundaryDepth = 0.42F;
@@ -53,7 +55,7 @@ Grain makeGrain(const Mosaic& mosaic, std::int64_t column, std::int64_t row, con
               cell * (0.5F + kJitter * draw.centred());
     grain.y = static_cast<float>(static_cast<double>(row) * mosaic.cell - grid.y0) +
               cell * (0.5F + kJitter * draw.centred());
-    grain.weight = cell * cell * kMaxWeight * draw.unit();
+    grain.weight = cell * cell * kWeightSpread * (draw.unit() - 1.0F);
     grain.aggregate = draw.unit() < mosaic.aggregatePart;
     const Mineral& kind = mineral(pick(*mosaic.shares, draw.unit()));
     grain.colour = kind.colour * (1.0F + kind.spread * draw.centred());
@@ -62,32 +64,59 @@ Grain makeGrain(const Mosaic& mosaic, std::int64_t column, std::int64_t row, con
     return grain;
 }
 
+constexpr float kNoGap = 3e38F;
+
+float boundaryWidth(float footprint) { return kBoundaryWidth + 0.5F * footprint; }
+
+// Neighbours are at most some three cells apart, so where powers differ by more no edge is near.
+float nearGap(const Mosaic& mosaic, float footprint) {
+    return 6.0F * static_cast<float>(mosaic.cell) * boundaryWidth(footprint);
+}
+
 struct Bounds {
     float lowX, highX, lowY, highY;
 };
 
-// The candidates of one block and the answers for its samples, laid out for vector arithmetic.
+// One block's samples, and for each the two least powers. A power carries its grain's place among the
+// candidates in its lowest bits, so that plain minimum and maximum keep both in step: all lanes of a vector,
+// no branches.
 struct Block {
     int columns = 0;
     int rows = 0;
-    float x[kBlock * kBlock];
-    float y[kBlock * kBlock];
-    float best[kBlock * kBlock];
-    float second[kBlock * kBlock];
-    std::int32_t owner[kBlock * kBlock];
-    std::int32_t neighbour[kBlock * kBlock];
+    std::array<float, kBlock * kBlock> x;
+    std::array<float, kBlock * kBlock> y;
+    std::array<float, kBlock * kBlock> best;
+    std::array<float, kBlock * kBlock> second;
     int size() const { return columns * rows; }
 };
 
+constexpr float lesser(float a, float b) { return a < b ? a : b; }
+constexpr float greater(float a, float b) { return a > b ? a : b; }
+
 Bounds boundsOf(const Block& block) {
-    Bounds bounds{block.x[0], block.x[0], block.y[0], block.y[0]};
-    for (int i = 1; i < block.size(); ++i) {
-        bounds.lowX = std::min(bounds.lowX, block.x[i]);
-        bounds.highX = std::max(bounds.highX, block.x[i]);
-        bounds.lowY = std::min(bounds.lowY, block.y[i]);
-        bounds.highY = std::max(bounds.highY, block.y[i]);
+    // Column by column first: independent lanes.
+    const auto size = static_cast<std::size_t>(block.size());
+    const auto width = static_cast<std::size_t>(block.columns);
+    std::array<float, kBlock> lowX{};
+    std::array<float, kBlock> highX{};
+    std::array<float, kBlock> lowY{};
+    std::array<float, kBlock> highY{};
+    std::copy_n(block.x.begin(), width, lowX.begin());
+    std::copy_n(block.x.begin(), width, highX.begin());
+    std::copy_n(block.y.begin(), width, lowY.begin());
+    std::copy_n(block.y.begin(), width, highY.begin());
+    for (std::size_t line = width; line < size; line += width) {
+        for (std::size_t c = 0; c < width; ++c) {
+            lowX[c] = lesser(lowX[c], block.x[line + c]);
+            highX[c] = greater(highX[c], block.x[line + c]);
+            lowY[c] = lesser(lowY[c], block.y[line + c]);
+            highY[c] = greater(highY[c], block.y[line + c]);
+        }
     }
-    return bounds;
+    return {*std::min_element(lowX.begin(), lowX.begin() + width),
+            *std::max_element(highX.begin(), highX.begin() + width),
+            *std::min_element(lowY.begin(), lowY.begin() + width),
+            *std::max_element(highY.begin(), highY.begin() + width)};
 }
 
 // Grains that can be first or second anywhere in the bounds: those not farther at best than two others at
@@ -116,46 +145,52 @@ void candidatesIn(const std::vector<Grain>& grains, const Bounds& bounds,
     }
 }
 
-void compete(Block& block, const Grain& grain, std::int32_t number) {
+void compete(Block& block, const Grain& grain, std::uint32_t place, std::uint32_t placeMask) {
     const int size = block.size();
     const float gx = grain.x;
     const float gy = grain.y;
     const float weight = grain.weight;
+    const float* __restrict x = block.x.data();
+    const float* __restrict y = block.y.data();
+    float* __restrict best = block.best.data();
+    float* __restrict second = block.second.data();
     for (int i = 0; i < size; ++i) {
-        const float dx = block.x[i] - gx;
-        const float dy = block.y[i] - gy;
+        const float dx = x[i] - gx;
+        const float dy = y[i] - gy;
         const float power = dx * dx + dy * dy - weight;
-        const float best = block.best[i];
-        const float second = block.second[i];
-        const std::int32_t owner = block.owner[i];
-        const std::int32_t neighbour = block.neighbour[i];
-        const std::int32_t runnerUp = power < second ? number : neighbour;
-        block.neighbour[i] = power < best ? owner : runnerUp;
-        block.owner[i] = power < best ? number : owner;
-        const float lower = power < second ? power : second;
-        block.second[i] = power < best ? best : lower;
-        block.best[i] = power < best ? power : best;
+        const auto tagged = std::bit_cast<float>((std::bit_cast<std::uint32_t>(power) & ~placeMask) | place);
+        const float first = best[i];
+        second[i] = lesser(second[i], greater(first, tagged));
+        best[i] = lesser(first, tagged);
     }
 }
 
-void settle(Block& block, const std::vector<Grain>& grains, const std::vector<std::int32_t>& candidates) {
-    std::fill_n(block.best, kBlock * kBlock, 3e38F);
-    std::fill_n(block.second, kBlock * kBlock, 3e38F);
-    std::fill_n(block.owner, kBlock * kBlock, candidates[0]);
-    std::fill_n(block.neighbour, kBlock * kBlock, candidates[0]);
+// Returns the mask of the bits that hold a candidate's place.
+std::uint32_t settle(Block& block, const std::vector<Grain>& grains,
+                     const std::vector<std::int32_t>& candidates) {
+    const std::uint32_t placeMask = std::bit_ceil(static_cast<std::uint32_t>(candidates.size())) - 1U;
+    block.best.fill(kNoGap);
+    block.second.fill(kNoGap);
+    std::uint32_t place = 0;
     for (const std::int32_t number : candidates) {
-        compete(block, grains[static_cast<std::size_t>(number)], number);
+        compete(block, grains[static_cast<std::size_t>(number)], place++, placeMask);
     }
+    return placeMask;
 }
 
-void store(const Block& block, GrainMap& map, std::size_t first, int columns) {
+void store(const Block& block, const std::vector<std::int32_t>& candidates, std::uint32_t placeMask,
+           GrainMap& map, std::size_t first, int columns) {
+    const auto grainOf = [&](float tagged) {
+        return candidates[std::bit_cast<std::uint32_t>(tagged) & placeMask];
+    };
     for (int r = 0; r < block.rows; ++r) {
         const std::size_t line = first + static_cast<std::size_t>(r) * static_cast<std::size_t>(columns);
-        const int from = r * block.columns;
-        std::copy_n(&block.owner[from], block.columns, &map.owner[line]);
-        std::copy_n(&block.neighbour[from], block.columns, &map.neighbour[line]);
         for (int c = 0; c < block.columns; ++c) {
-            map.gap[line + static_cast<std::size_t>(c)] = block.second[from + c] - block.best[from + c];
+            const auto from = static_cast<std::size_t>(r * block.columns + c);
+            const std::size_t to = line + static_cast<std::size_t>(c);
+            map.owner[to] = grainOf(block.best[from]);
+            map.neighbour[to] = grainOf(block.second[from]);
+            map.gap[to] = block.second[from] - block.best[from];
         }
     }
 }
@@ -170,8 +205,8 @@ void mapBlock(const std::vector<Grain>& grains, const std::vector<float>& qx, co
     std::vector<std::int32_t> candidates;
     std::vector<float> nearest;
     candidatesIn(grains, boundsOf(block), candidates, nearest);
-    settle(block, grains, candidates);
-    store(block, map, first, columns);
+    const std::uint32_t placeMask = settle(block, grains, candidates);
+    store(block, candidates, placeMask, map, first, columns);
 }
 
 // Light and dark stripes of uneven width with soft flanks, counted from the grain's own place so that they do
@@ -244,12 +279,12 @@ public:
         const Grain& b = m_grains[static_cast<std::size_t>(neighbour)];
         // In a power mosaic the distance to the common edge is the difference of powers over twice the
         // distance of the two grains: exact, and linear up to the edge.
-        const float distance =
-            gap / (2.0F * std::sqrt((a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y)) + 1e-3F);
-        const float width = kBoundaryWidth + 0.5F * m_relief.footprint;
-        if (distance >= width) {
+        const float apart2 = (a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y);
+        const float width = boundaryWidth(m_relief.footprint);
+        if (gap * gap >= 4.0F * apart2 * width * width) {
             return;
         }
+        const float distance = gap / (2.0F * std::sqrt(apart2) + 1e-3F);
         const std::uint32_t pair = a.hash ^ b.hash;
         const float part = distance < width ? 1.0F - distance / width : 0.0F;
         // The line is wider than it is when a sample is coarse, so it is fainter in proportion.
@@ -289,14 +324,17 @@ std::vector<Grain> collectGrains(const Mosaic& mosaic, const SampleGrid& grid, f
 }
 
 GrainMap mapGrains(const std::vector<Grain>& grains, const std::vector<float>& qx,
-                   const std::vector<float>& qy, int columns, int rows) {
+                   const std::vector<float>& qy, int columns, int rows, const BlockMask& mask) {
     GrainMap map;
     map.owner.resize(qx.size());
     map.neighbour.resize(qx.size());
-    map.gap.resize(qx.size());
+    map.gap.resize(qx.size(), kNoGap);
     Block block;
     for (int top = 0; top < rows; top += kBlock) {
         for (int left = 0; left < columns; left += kBlock) {
+            if (!mask.wants(left, top)) {
+                continue;
+            }
             block.columns = std::min(kBlock, columns - left);
             block.rows = std::min(kBlock, rows - top);
             const auto first = static_cast<std::size_t>(top) * static_cast<std::size_t>(columns) +
@@ -307,12 +345,31 @@ GrainMap mapGrains(const std::vector<Grain>& grains, const std::vector<float>& q
     return map;
 }
 
+BlockMask aggregateBlocks(const Mosaic& mosaic, const std::vector<Grain>& grains, const GrainMap& map,
+                          float footprint, int columns, int rows) {
+    BlockMask mask;
+    mask.across = (columns + kBlock - 1) / kBlock;
+    mask.wanted.resize(static_cast<std::size_t>(mask.across) *
+                       static_cast<std::size_t>((rows + kBlock - 1) / kBlock));
+    const float limit = nearGap(mosaic, footprint);
+    const auto isAggregate = [&](std::int32_t number) {
+        return grains[static_cast<std::size_t>(number)].aggregate;
+    };
+    std::size_t i = 0;
+    for (int r = 0; r < rows; ++r) {
+        for (int c = 0; c < columns; ++c, ++i) {
+            if (isAggregate(map.owner[i]) || (map.gap[i] < limit && isAggregate(map.neighbour[i]))) {
+                mask.wanted[static_cast<std::size_t>(r / kBlock * mask.across + c / kBlock)] = 1;
+            }
+        }
+    }
+    return mask;
+}
+
 void shadeGrains(const Mosaic& mosaic, const std::vector<Grain>& grains, const GrainMap& map,
                  const Relief& relief, const ColourPlanes* aggregates, ColourPlanes& out) {
-    const auto cell = static_cast<float>(mosaic.cell);
     const Shader shader(grains, relief, aggregates);
-    // Neighbours are at most some three cells apart, so a wider gap of powers is away from every edge.
-    const float nearGap = 6.0F * cell * (kBoundaryWidth + 0.5F * relief.footprint);
+    const float limit = nearGap(mosaic, relief.footprint);
     const std::size_t size = map.owner.size();
     for (std::size_t begin = 0; begin < size;) {
         const std::int32_t owner = map.owner[begin];
@@ -322,7 +379,7 @@ void shadeGrains(const Mosaic& mosaic, const std::vector<Grain>& grains, const G
         }
         shader.run(owner, begin, end, out);
         for (std::size_t i = begin; i < end; ++i) {
-            if (map.gap[i] < nearGap) {
+            if (map.gap[i] < limit) {
                 shader.edge(owner, map.neighbour[i], map.gap[i], i, out);
             }
         }

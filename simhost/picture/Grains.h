@@ -13,7 +13,7 @@ namespace simhost {
 struct Grain {
     float x = 0.0F;
     float y = 0.0F;
-    float weight = 0.0F; ///< larger grains push their neighbours' edges away (square units)
+    float weight = 0.0F; ///< square units, <= 0; grains of greater weight push their neighbours' edges away
     Rgb colour;
     float texture = 0.0F;
     float lamellaX = 0.0F; ///< direction across the lamellae, divided by their pitch
@@ -39,10 +39,21 @@ struct GrainMap {
     std::vector<float> gap; ///< difference of their powers, square units, >= 0; 0 on the boundary
 };
 
+/// Samples that somebody wants to know about, by squares of kBlock x kBlock samples; the others are left out.
+struct BlockMask {
+    static constexpr int kBlock = 16;
+    int across = 0;
+    std::vector<char> wanted; ///< row by row; empty: all
+    bool wants(int column, int row) const {
+        return wanted.empty() ||
+               wanted[static_cast<std::size_t>(row / kBlock * across + column / kBlock)] != 0;
+    }
+};
+
 /// Finds the grains at places (qx, qy), relative as above and row by row with `columns` to a row. Needs at
-/// least two grains.
+/// least two grains. Samples left out by the mask belong to grain 0.
 GrainMap mapGrains(const std::vector<Grain>& grains, const std::vector<float>& qx,
-                   const std::vector<float>& qy, int columns, int rows);
+                   const std::vector<float>& qy, int columns, int rows, const BlockMask& mask = {});
 
 /// What shading needs to know of each sample besides its grain.
 struct Relief {
@@ -51,6 +62,10 @@ struct Relief {
     std::vector<float> texture;              ///< fine texture, about -1 to 1
     float footprint = 1.0F;
 };
+
+/// The blocks in which a mosaic of fine grains shows through aggregates.
+BlockMask aggregateBlocks(const Mosaic& mosaic, const std::vector<Grain>& grains, const GrainMap& map,
+                          float footprint, int columns, int rows);
 
 /// Paints a mosaic. `aggregates`, when given, is what shows where a grain is an aggregate.
 void shadeGrains(const Mosaic& mosaic, const std::vector<Grain>& grains, const GrainMap& map,

@@ -79,7 +79,8 @@ float scaleMark(float u, float v, float footprint) {
     const float number = (std::clamp(u, -half, half) + half) / pitch + 0.5F;
     const auto mark = static_cast<std::int32_t>(number);
     const float offset = std::abs(u + half - static_cast<float>(mark) * pitch);
-    const float reach = mark % 10 == 0 ? 25.0F : mark % 5 == 0 ? 17.0F : 10.0F;
+    const bool atCrossing = mark == 49 || mark == 51; // kept clear of the other scale's marks
+    const float reach = atCrossing ? 6.0F : mark % 10 == 0 ? 25.0F : mark % 5 == 0 ? 17.0F : 10.0F;
     const float line = coverage(halfWidth - offset, footprint) * coverage(reach - std::abs(v), footprint);
     const float base =
         coverage(baseLineHalfWidth - std::abs(v), footprint) * coverage(half - std::abs(u), footprint) * 0.8F;

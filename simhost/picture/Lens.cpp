@@ -44,6 +44,23 @@ double samplePlace(double pixel, int size, double stage, double unitsPerPixel, i
     return onGrid / static_cast<double>(1 << level) - 0.5;
 }
 
+// Bytes to the canvas. Bytes may point at anything, so the compiler has to be told that they do not point
+// here.
+void widen(const std::uint8_t* __restrict in, std::uint16_t* __restrict out, int count) {
+    for (int i = 0; i < count; ++i) {
+        out[i] = static_cast<std::uint16_t>(in[i] << kCanvasBits);
+    }
+}
+
+void weighGrey(const TileCache::Tile& tile, std::size_t from, std::uint16_t* __restrict out, int count) {
+    const std::uint8_t* __restrict r = &tile.channel[0][from];
+    const std::uint8_t* __restrict g = &tile.channel[1][from];
+    const std::uint8_t* __restrict b = &tile.channel[2][from];
+    for (int i = 0; i < count; ++i) {
+        out[i] = static_cast<std::uint16_t>((77 * r[i] + 150 * g[i] + 29 * b[i]) >> (8 - kCanvasBits));
+    }
+}
+
 } // namespace
 
 struct Lens::Focus {
@@ -191,24 +208,12 @@ void Lens::copyTile(const TileCache::Tile& tile, const Framing& framing, std::in
         const auto from = static_cast<std::size_t>((y - offsetY) * size + left - offsetX);
         const std::size_t to = static_cast<std::size_t>(y) * static_cast<std::size_t>(framing.pitch()) +
                                static_cast<std::size_t>(left);
-        const std::uint8_t* r = &tile.channel[0][from];
-        const std::uint8_t* g = &tile.channel[1][from];
-        const std::uint8_t* b = &tile.channel[2][from];
         if (!colour) {
-            std::uint16_t* out = &m_canvas[0][to];
-            for (int i = 0; i < count; ++i) {
-                out[i] =
-                    static_cast<std::uint16_t>((77 * r[i] + 150 * g[i] + 29 * b[i]) >> (8 - kCanvasBits));
-            }
+            weighGrey(tile, from, &m_canvas[0][to], count);
             continue;
         }
-        const std::uint8_t* const channels[3] = {r, g, b};
         for (std::size_t channel = 0; channel < 3; ++channel) {
-            const std::uint8_t* in = channels[channel];
-            std::uint16_t* out = &m_canvas[channel][to];
-            for (int i = 0; i < count; ++i) {
-                out[i] = static_cast<std::uint16_t>(in[i] << kCanvasBits);
-            }
+            widen(&tile.channel[channel][from], &m_canvas[channel][to], count);
         }
     }
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
+#include <string_view>
 
 namespace simhost {
 namespace {
@@ -102,10 +103,17 @@ const Assemblage& sectionAssemblage() {
 
 const Assemblage& mountAssemblage(int number, const std::string& name) {
     const auto& table = pureAssemblages();
-    for (std::size_t i = 0; i < kMineralCount; ++i) {
-        if (containsIgnoringCase(name, kMinerals[i].name)) {
-            return table[i];
+    // The longest name that fits: chalcopyrite is not pyrite.
+    const Mineral* named = nullptr;
+    for (const Mineral& kind : kMinerals) {
+        const bool longer =
+            named == nullptr || std::string_view(kind.name).size() > std::string_view(named->name).size();
+        if (longer && containsIgnoringCase(name, kind.name)) {
+            named = &kind;
         }
+    }
+    if (named != nullptr) {
+        return table[static_cast<std::size_t>(named - kMinerals.data())];
     }
     // Neighbours in the holder differ at a glance.
     static constexpr std::array<Id, 8> byNumber{Id::Quartz,       Id::Albite,    Id::Pyrite,  Id::Hematite,

@@ -57,7 +57,8 @@ Relief reliefOf(const SampleGrid& grid, std::uint32_t seed) {
     addLatticeNoise(grid, kSwingSpacing, mix(seed, 2), kSwing, relief.y);
     addLatticeNoise(grid, kRippleSpacing, mix(seed, 3), kRipple, relief.x);
     addLatticeNoise(grid, kRippleSpacing, mix(seed, 4), kRipple, relief.y);
-    // Fine pitting for the focus, cloudiness above it.
+    // Fine pitting for the focus at every magnification, cloudiness above it.
+    addLatticeNoise(grid, 0.6, mix(seed, 8), 0.8F, relief.texture);
     addLatticeNoise(grid, 1.6, mix(seed, 5), 1.0F, relief.texture);
     addLatticeNoise(grid, 5.5, mix(seed, 6), 0.7F, relief.texture);
     addLatticeNoise(grid, 24.0, mix(seed, 7), 0.6F, relief.texture);
@@ -65,14 +66,14 @@ Relief reliefOf(const SampleGrid& grid, std::uint32_t seed) {
 }
 
 void paintAggregates(const SampleGrid& grid, const Assemblage& assemblage, std::uint32_t seed,
-                     const Relief& relief, ColourPlanes& out) {
+                     const Relief& relief, const BlockMask& mask, ColourPlanes& out) {
     if (relief.footprint > kFineMosaicFootprint) {
         fill(out, meanColour(assemblage.fine));
         return;
     }
     const Mosaic mosaic{assemblage.fineCell, mix(seed, 21), &assemblage.fine, 0.0F};
     const std::vector<Grain> grains = collectGrains(mosaic, grid, kBendReach);
-    shadeGrains(mosaic, grains, mapGrains(grains, relief.x, relief.y, grid.columns, grid.rows), relief,
+    shadeGrains(mosaic, grains, mapGrains(grains, relief.x, relief.y, grid.columns, grid.rows, mask), relief,
                 nullptr, out);
 }
 
@@ -89,13 +90,10 @@ void paintSection(const SampleGrid& grid, const Assemblage& assemblage, std::uin
     const Mosaic mosaic{assemblage.coarseCell, mix(seed, 20), &assemblage.coarse, assemblage.aggregatePart};
     const std::vector<Grain> grains = collectGrains(mosaic, grid, kBendReach);
     const GrainMap map = mapGrains(grains, relief.x, relief.y, grid.columns, grid.rows);
-    const auto isAggregate = [&](std::int32_t number) {
-        return grains[static_cast<std::size_t>(number)].aggregate;
-    };
-    if (std::any_of(map.owner.begin(), map.owner.end(), isAggregate) ||
-        std::any_of(map.neighbour.begin(), map.neighbour.end(), isAggregate)) {
+    const BlockMask mask = aggregateBlocks(mosaic, grains, map, relief.footprint, grid.columns, grid.rows);
+    if (std::find(mask.wanted.begin(), mask.wanted.end(), 1) != mask.wanted.end()) {
         ColourPlanes aggregates(grid.size());
-        paintAggregates(grid, assemblage, seed, relief, aggregates);
+        paintAggregates(grid, assemblage, seed, relief, mask, aggregates);
         shadeGrains(mosaic, grains, map, relief, &aggregates, out);
     } else {
         shadeGrains(mosaic, grains, map, relief, nullptr, out);

@@ -8,9 +8,8 @@
 namespace simhost {
 namespace {
 
-void quantise(const std::vector<float>& from,
-              std::array<std::uint8_t, TileCache::kTile * TileCache::kTile>& to) {
-    for (std::size_t i = 0; i < to.size(); ++i) {
+void quantise(const float* __restrict from, std::uint8_t* __restrict to, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
         const float value = from[i] + 0.5F;
         const float low = value > 0.0F ? value : 0.0F;
         const float clamped = low < 255.0F ? low : 255.0F;
@@ -69,9 +68,9 @@ void TileCache::paint(Entry& entry) const {
                           kTile,
                           kTile};
     const ColourPlanes planes = m_world.paint(grid);
-    quantise(planes.r, entry.tile.channel[0]);
-    quantise(planes.g, entry.tile.channel[1]);
-    quantise(planes.b, entry.tile.channel[2]);
+    quantise(planes.r.data(), entry.tile.channel[0].data(), grid.size());
+    quantise(planes.g.data(), entry.tile.channel[1].data(), grid.size());
+    quantise(planes.b.data(), entry.tile.channel[2].data(), grid.size());
 }
 
 } // namespace simhost
