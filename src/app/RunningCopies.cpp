@@ -16,10 +16,10 @@ namespace {
 using namespace std::chrono_literals;
 
 QString entriesFolder(const QString& scope) {
-    QString base = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
-    if (base.isEmpty()) {
-        base = QStandardPaths::writableLocation(QStandardPaths::TempLocation);
-    }
+    // A session without a runtime folder is usual on a bare bench; Qt would complain of it on every start.
+    const bool hasRuntimeFolder = !qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR");
+    const QString base = QStandardPaths::writableLocation(hasRuntimeFolder ? QStandardPaths::RuntimeLocation
+                                                                           : QStandardPaths::TempLocation);
     const QByteArray hash =
         QCryptographicHash::hash((QDir::homePath() + u'\n' + scope).toUtf8(), QCryptographicHash::Sha1);
     return base + u'/' + QString::fromLatin1(productTitle).toLower() + QStringLiteral("-copies/") +

@@ -15,7 +15,6 @@ QWidget* withCaption(StatusPanel* panel, const QString& caption, QWidget* parent
     row->setContentsMargins(6, 0, 6, 0);
     row->setSpacing(6);
     auto* letter = new QLabel(caption, cell);
-    letter->setEnabled(false);
     row->addWidget(letter);
     row->addWidget(panel);
     panel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
