@@ -31,7 +31,7 @@ ensure_packages() {
 
     if ((EUID != 0)); then
         command -v sudo >/dev/null ||
-            die "These Debian packages are missing, and neither root rights nor sudo are at hand: ${missing[*]}" \
+            die "These Debian packages are missing, and neither root rights nor sudo are at hand: ${missing[*]}." \
                 "Have them installed with: apt-get install ${missing[*]}"
         as_root=(sudo)
         [[ -t 0 ]] || as_root+=(-n)

@@ -41,11 +41,15 @@ class Failure(Exception):
 
 
 def wait_until(condition, otherwise, patience_s=PATIENCE_S):
-    """Waits until the condition gives something true and returns that; else fails with the sentence `otherwise`."""
+    """Waits until the condition gives something true and returns that; else fails with the sentence `otherwise`.
+    A condition that fails itself is not true yet: windows come and go while they are asked."""
     deadline = time.monotonic() + patience_s
     while True:
-        if result := condition():
-            return result
+        try:
+            if result := condition():
+                return result
+        except Failure:
+            pass
         if time.monotonic() > deadline:
             raise Failure(f"{otherwise} (waited {patience_s:.0f} s)")
         time.sleep(POLL_S)
