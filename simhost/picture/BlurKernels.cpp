@@ -45,7 +45,7 @@ Kernel kernelOf(double sigma) {
     Kernel kernel;
     int rest = 65536;
     for (std::size_t d = weights.size() - 1; d >= 1; --d) {
-        const auto weight = static_cast<int>(weights[d] / sum * 65536.0 + 0.5);
+        const auto weight = static_cast<int>(std::lround(weights[d] / sum * 65536.0));
         if (weight == 0 && kernel.weights.empty()) {
             continue; // too faint to count
         }
@@ -116,7 +116,7 @@ BlurKernels::BlurKernels() {
 }
 
 int BlurKernels::numberOf(float sigma) {
-    return static_cast<int>(std::clamp(sigma, 0.0F, kLargestSigma) * kStepsPerSample + 0.5F);
+    return static_cast<int>(std::lround(std::clamp(sigma, 0.0F, kLargestSigma) * kStepsPerSample));
 }
 
 void convolve(const std::uint16_t* from, std::ptrdiff_t stride, const Kernel& kernel, std::uint16_t* out,

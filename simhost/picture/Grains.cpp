@@ -88,6 +88,10 @@ struct Block {
     std::array<float, kBlock * kBlock> best;
     std::array<float, kBlock * kBlock> second;
     int size() const { return columns * rows; }
+    std::size_t indexOf(int column, int row) const {
+        return static_cast<std::size_t>(row) * static_cast<std::size_t>(columns) +
+               static_cast<std::size_t>(column);
+    }
 };
 
 constexpr float lesser(float a, float b) { return a < b ? a : b; }
@@ -186,7 +190,7 @@ void store(const Block& block, const std::vector<std::int32_t>& candidates, std:
     for (int r = 0; r < block.rows; ++r) {
         const std::size_t line = first + static_cast<std::size_t>(r) * static_cast<std::size_t>(columns);
         for (int c = 0; c < block.columns; ++c) {
-            const auto from = static_cast<std::size_t>(r * block.columns + c);
+            const std::size_t from = block.indexOf(c, r);
             const std::size_t to = line + static_cast<std::size_t>(c);
             map.owner[to] = grainOf(block.best[from]);
             map.neighbour[to] = grainOf(block.second[from]);
@@ -359,7 +363,7 @@ BlockMask aggregateBlocks(const Mosaic& mosaic, const std::vector<Grain>& grains
     for (int r = 0; r < rows; ++r) {
         for (int c = 0; c < columns; ++c, ++i) {
             if (isAggregate(map.owner[i]) || (map.gap[i] < limit && isAggregate(map.neighbour[i]))) {
-                mask.wanted[static_cast<std::size_t>(r / kBlock * mask.across + c / kBlock)] = 1;
+                mask.wanted[mask.indexOf(c, r)] = 1;
             }
         }
     }

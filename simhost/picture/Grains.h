@@ -44,10 +44,11 @@ struct BlockMask {
     static constexpr int kBlock = 16;
     int across = 0;
     std::vector<char> wanted; ///< row by row; empty: all
-    bool wants(int column, int row) const {
-        return wanted.empty() ||
-               wanted[static_cast<std::size_t>(row / kBlock * across + column / kBlock)] != 0;
+    std::size_t indexOf(int column, int row) const {
+        return static_cast<std::size_t>(row / kBlock) * static_cast<std::size_t>(across) +
+               static_cast<std::size_t>(column / kBlock);
     }
+    bool wants(int column, int row) const { return wanted.empty() || wanted[indexOf(column, row)] != 0; }
 };
 
 /// Finds the grains at places (qx, qy), relative as above and row by row with `columns` to a row. Needs at

@@ -159,8 +159,9 @@ void Lens::fillKernelMap(const View& view, const Framing& framing, const Focus& 
     m_kernelX.resize(across * static_cast<std::size_t>(framing.blocksDown()));
     m_kernelY.resize(m_kernelX.size());
     for (std::size_t i = 0; i < m_kernelX.size(); ++i) {
-        const double column = static_cast<double>(i % across) * kBlock + kBlock / 2.0 - framing.margin;
-        const double row = static_cast<double>(i / across) * kBlock + kBlock / 2.0 - framing.margin;
+        const double column = (static_cast<double>(i % across) + 0.5) * kBlock - framing.margin;
+        const std::size_t lineOfBlock = i / across;
+        const double row = (static_cast<double>(lineOfBlock) + 0.5) * kBlock - framing.margin;
         const double x = -(static_cast<double>(framing.left) + column) * scale * view.pixelX;
         const double y = -(static_cast<double>(framing.top) + row) * scale * view.pixelY;
         const double sigma = 0.5 * std::min(focus.limit, discRadius(x, y, view.z));
@@ -205,7 +206,8 @@ void Lens::copyTile(const TileCache::Tile& tile, const Framing& framing, std::in
     const int left = std::max(0, offsetX);
     const int count = std::min(framing.pitch(), offsetX + size) - left;
     for (int y = std::max(0, offsetY); y < std::min(framing.lines(), offsetY + size); ++y) {
-        const auto from = static_cast<std::size_t>((y - offsetY) * size + left - offsetX);
+        const std::size_t from = static_cast<std::size_t>(y - offsetY) * TileCache::kTile +
+                                 static_cast<std::size_t>(left - offsetX);
         const std::size_t to = static_cast<std::size_t>(y) * static_cast<std::size_t>(framing.pitch()) +
                                static_cast<std::size_t>(left);
         if (!colour) {
@@ -273,7 +275,7 @@ public:
             tap.middle -= firstSample;
             m_taps.push_back(tap);
         }
-        m_phase.resize(static_cast<std::size_t>(view.width / m_magnification + 1));
+        m_phase.resize(static_cast<std::size_t>(view.width / m_magnification) + 1);
     }
 
     void run(const std::uint16_t* samples, std::uint16_t* pixels) {

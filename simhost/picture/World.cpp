@@ -13,7 +13,9 @@ namespace {
 
 constexpr double kPointSize = 0.25; // units; colourAt sees a sample of this size
 
-double finiteOrZero(double value) { return std::isfinite(value) ? value : 0.0; }
+constexpr double kFarthest = 1e12; // keeps lattice numbers within 64 bits with room to spare
+
+double held(double value) { return std::isfinite(value) ? std::clamp(value, -kFarthest, kFarthest) : 0.0; }
 
 } // namespace
 
@@ -22,7 +24,7 @@ World::World(std::uint32_t seed, std::vector<Mount> mounts)
     , m_mounts(std::move(mounts)) {}
 
 Rgb World::colourAt(double x, double y) const {
-    return paint({finiteOrZero(x), finiteOrZero(y), -kPointSize, -kPointSize, 1, 1}).at(0);
+    return paint({held(x), held(y), -kPointSize, -kPointSize, 1, 1}).at(0);
 }
 
 ColourPlanes World::paint(const SampleGrid& grid) const {

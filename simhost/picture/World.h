@@ -39,10 +39,12 @@ public:
 
     World(std::uint32_t seed, std::vector<Mount> mounts);
 
-    /// The true colour at a place, in grey levels before optics and noise. Non-finite places read as 0.
+    /// The true colour at a place, in grey levels before optics and noise. Places are held within
+    /// +-1e12; what is no finite number counts as 0.
     Rgb colourAt(double x, double y) const;
 
-    /// The colours of a grid of places: what colourAt gives, softened to the size of the samples.
+    /// The colours of a grid of places: what colourAt gives, softened to the size of the samples. Places must
+    /// be within +-1e12.
     ColourPlanes paint(const SampleGrid& grid) const;
 
     std::uint32_t seed() const { return m_seed; }
