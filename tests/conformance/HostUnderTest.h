@@ -39,9 +39,11 @@ std::vector<HostFactory> hostsUnderTest();
 
 /// The fixture of every suite: a new host for each test.
 class HostConformance : public testing::TestWithParam<HostFactory> {
+public:
+    ~HostConformance() override;
+
 protected:
     HostConformance();
-    ~HostConformance() override;
 
     ocuva::Host& host() { return m_underTest->host(); }
     HostUnderTest& underTest() { return *m_underTest; }

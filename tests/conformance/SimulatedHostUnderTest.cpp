@@ -18,7 +18,7 @@ public:
     ocuva::Host& host() override { return *m_host; }
     void letTimePass(double ms) override { m_clock->advance(ms); }
     Standard knownStandard() override {
-        const Standard standard{(m_folder.path() / "standards" / "Known.std").string(), -123, 456, -7};
+        Standard standard{(m_folder.path() / "standards" / "Known.std").string(), -123, 456, -7};
         m_folder.write("standards/Known.std",
                        simhost::standardText("Known", {standard.x, standard.y, standard.z}));
         return standard;

@@ -221,10 +221,10 @@ TEST_P(VideoConformance, ASingleGrabTakesAFrame) {
 // without a picture.
 TEST_P(VideoConformance, TheImageIsSavedInTheFormatOfItsName) {
     bringUp();
+    GuardedBuffer key(40);
+    const TarnLong length = host().Tn_log().TarnGetUniqueObjectKey(key.data(), key.size());
     const std::filesystem::path folder =
-        std::filesystem::temp_directory_path() /
-        ("ocuva-save-" + std::to_string(testing::UnitTest::GetInstance()->random_seed()) + "-" +
-         GetParam().name);
+        std::filesystem::temp_directory_path() / ("ocuva-save-" + key.text(length));
     std::filesystem::create_directories(folder);
     const auto save = [&](const std::string& name) {
         const std::string path = (folder / name).string();

@@ -32,9 +32,9 @@ TEST(PictureReduction, EachColourIsTheRoundedMeanOfItsBlock) {
 
 TEST(PictureReduction, RowsAndColumnsThatFillNoBlockFallAway) {
     std::vector<std::uint32_t> pixels(5 * 5, 0xff808080U);
-    for (int i = 0; i < 5; ++i) {
-        pixels[static_cast<std::size_t>(i * 5 + 4)] = 0xffffffffU;
-        pixels[static_cast<std::size_t>(20 + i)] = 0xffffffffU;
+    for (std::size_t i = 0; i < 5; ++i) {
+        pixels[i * 5 + 4] = 0xffffffffU;
+        pixels[20 + i] = 0xffffffffU;
     }
     const Frame small = reduced(frameOf(5, 5, pixels), 2);
     EXPECT_EQ(small.width, 2);
