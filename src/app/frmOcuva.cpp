@@ -181,6 +181,9 @@ void frmOcuva::run(Command command) {
         case Command::Backlash:
             mmuBckl_Click();
             break;
+        case Command::Focus:
+            mnuFocus_Click();
+            break;
         case Command::About:
             mnuAbout_Click();
             break;
@@ -214,6 +217,14 @@ void frmOcuva::mnuZoom_Click() {
 void frmOcuva::mmuBckl_Click() {
     m_context.host.tn_micro_proxy().TarnBacklashStage(axisAll);
     SyncStageMove(axisAll);
+}
+
+void frmOcuva::mnuFocus_Click() {
+    if (m_settings.readVgaMode()) {
+        return;
+    }
+    DoFocus();
+    UpdateStagePos();
 }
 
 void frmOcuva::mnuAbout_Click() { m_context.splash.showModal(this); }

@@ -116,6 +116,7 @@ private:
     void mnuAcq_Click();
     void mnuZoom_Click();
     void mmuBckl_Click();
+    void mnuFocus_Click();
     void mnuAbout_Click();
     void frameShown();
     void exitOperation();

@@ -125,12 +125,35 @@ TEST_F(MainMenuBar, BacklashIsLoadedStartedAndWatchedOnAllAxes) {
     EXPECT_TRUE(window().tStageMove->isActive());
 }
 
+TEST_F(MainMenuBar, AutofocusAsksTheHostRestartsTheGrabOnceAndShowsThePosition) {
+    action("mnuAcq")->trigger();
+    for (const auto& way : {std::function<void()>([this] { action("mnuFocus")->trigger(); }),
+                            std::function<void()>([this] { QTest::keyClick(&window(), Qt::Key_F4); }),
+                            std::function<void()>([this] { toolbar("Focus"); })}) {
+        host.calls.clear();
+        way();
+        EXPECT_THAT(host.calls,
+                    ElementsAre("TarnRegisterGetInt(\"tn_video\", \"VGAMode\", 0, \"TARN\")",
+                                "TarnAutoFocusExt(-1)", "TarnReadStagePos(1)", "TarnReadStagePos(2)",
+                                "TarnReadStagePos(3)", "TarnVideoBoardHaltGrab()",
+                                "TarnVideoBoardStartGrab(1, 1)", "TarnReadStagePos(1)", "TarnReadStagePos(2)",
+                                "TarnReadStagePos(3)"));
+        EXPECT_TRUE(window().cxvbBoard().IsGrabbing());
+    }
+}
+
+TEST_F(MainMenuBar, AutofocusDoesNothingAtAllInVgaMode) {
+    host.settings["TARN|tn_video|VGAMode"] = "1";
+    action("mnuFocus")->trigger();
+    EXPECT_THAT(host.calls, ElementsAre("TarnRegisterGetInt(\"tn_video\", \"VGAMode\", 0, \"TARN\")"));
+}
+
 TEST_F(MainMenuBar, CommandsThatAreNotThereYetAreDisabledEverywhere) {
     for (const char* name : {"mmuOpen", "mnuSaveAs", "mnuCross", "mnuGrid", "mnuMicroMarker", "mnuMove",
-                             "mnuFocus", "Picture", "mnuSetup"}) {
+                             "Picture", "mnuSetup"}) {
         EXPECT_FALSE(action(name)->isEnabled()) << name;
     }
-    for (const char* key : {"Save", "Cross", "Grid", "Stage", "Focus", "Setup"}) {
+    for (const char* key : {"Save", "Cross", "Grid", "Stage", "Setup"}) {
         EXPECT_FALSE(window().tbMain->isEnabled(QString::fromLatin1(key))) << key;
     }
 }
