@@ -1,7 +1,6 @@
 #include "simhost/services/SimConfig.h"
 
 #include "simhost/services/Numerals.h"
-#include "simhost/services/PlatformFiles.h"
 
 namespace simhost {
 
@@ -21,10 +20,12 @@ std::string defaultSimConfigText() {
     return text;
 }
 
-SimConfig::SimConfig(std::filesystem::path file, HostLog& log)
+SimConfig::SimConfig(const std::filesystem::path& file, HostLog& log)
+    : SimConfig(readFile(file, IniText::maxBytes), file, log) {}
+
+SimConfig::SimConfig(FileReading reading, std::filesystem::path file, HostLog& log)
     : m_file(std::move(file))
     , m_log(log) {
-    FileReading reading = readFile(m_file, IniText::maxBytes);
     std::string problem = reading.problem;
     if (reading.state == FileReading::State::tooLarge)
         problem = "it is larger than 16 MiB";

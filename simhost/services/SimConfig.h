@@ -3,6 +3,7 @@
 
 #include "simhost/services/HostLog.h"
 #include "simhost/services/IniText.h"
+#include "simhost/services/PlatformFiles.h"
 #include "simhost/services/SurfaceShape.h"
 
 #include <filesystem>
@@ -89,7 +90,9 @@ std::string defaultSimConfigText();
 /// value is the number alone; nothing may stand behind it. One thread at a time.
 class SimConfig {
 public:
-    SimConfig(std::filesystem::path file, HostLog& log);
+    SimConfig(const std::filesystem::path& file, HostLog& log);
+    /// The same for what was read already; the file's name is for the log.
+    SimConfig(FileReading reading, std::filesystem::path file, HostLog& log);
 
     /// The value when it lies within lowest to highest (both included), else the default.
     double getDouble(std::string_view section, std::string_view key, double defaultValue, double lowest,

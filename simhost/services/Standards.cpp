@@ -47,8 +47,12 @@ StandardFile readStandardFile(const std::filesystem::path& file) {
     case FileReading::State::read:
         break;
     }
+    return standardOfText(std::move(reading.text), file.stem().string());
+}
+
+StandardFile standardOfText(std::string text, const std::string& defaultName) {
     StandardFile result;
-    const auto ini = IniText::parse(std::move(reading.text), &result.problem);
+    const auto ini = IniText::parse(std::move(text), &result.problem);
     if (!ini)
         return result;
     if (ini->entries(standardType).empty())
@@ -56,7 +60,7 @@ StandardFile readStandardFile(const std::filesystem::path& file) {
 
     result.name = ini->value(standardType, "Name").value_or("");
     if (result.name.empty())
-        result.name = file.stem().string();
+        result.name = defaultName;
     const auto x = coordinate(*ini, "X");
     const auto y = coordinate(*ini, "Y");
     const auto z = coordinate(*ini, "Z");
@@ -66,11 +70,12 @@ StandardFile readStandardFile(const std::filesystem::path& file) {
 }
 
 std::string standardText(const std::string& name, const StagePosition& position) {
-    std::string text = "[OCUVASTD]\nName=" + name;
-    text += "\nX=" + std::to_string(position.x);
-    text += "\nY=" + std::to_string(position.y);
-    text += "\nZ=" + std::to_string(position.z);
-    return text + "\n";
+    IniText ini;
+    ini.setValue(standardType, "Name", name);
+    ini.setValue(standardType, "X", std::to_string(position.x));
+    ini.setValue(standardType, "Y", std::to_string(position.y));
+    ini.setValue(standardType, "Z", std::to_string(position.z));
+    return ini.text();
 }
 
 std::vector<StandardMount> readStandards(const std::filesystem::path& folder, HostLog& log) {

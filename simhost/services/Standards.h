@@ -39,7 +39,11 @@ struct StandardFile {
 
 StandardFile readStandardFile(const std::filesystem::path& file);
 
-/// The text of a ".std" file.
+/// What a file with that text would hold; the default name stands where it gives none.
+StandardFile standardOfText(std::string text, const std::string& defaultName);
+
+/// The text of a ".std" file that reads back as exactly this. A name that no INI text can hold (a control
+/// character) is left out.
 std::string standardText(const std::string& name, const StagePosition& position);
 
 /// A standard that sits on the stage.

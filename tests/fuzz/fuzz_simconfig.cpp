@@ -1,0 +1,56 @@
+// "simulator.ini". Input: the file's text.
+#include "Fuzz.h"
+#include "simhost/services/Numerals.h"
+#include "simhost/services/SimConfig.h"
+
+#include <cmath>
+#include <string>
+
+using fuzz::require;
+using namespace simhost;
+
+namespace {
+
+bool inRange(double value, const SimSetting& setting) {
+    return value >= setting.lowest && value <= setting.highest;
+}
+
+bool isWhole(double value) { return value == std::floor(value); }
+
+/// Settings like a depth of 0.01 to 1000 are never asked for as whole numbers.
+void checkWhole(SimConfig& config, const SimSetting& setting) {
+    if (!isWhole(setting.defaultValue) || !isWhole(setting.lowest) || !isWhole(setting.highest))
+        return;
+    const ocuva::Long whole = config.getLong(setting);
+    require(inRange(whole, setting), "a whole setting lies in its range");
+    require(config.getLong(setting) == whole, "a whole setting reads the same every time");
+}
+
+void checkSetting(SimConfig& config, const IniText& ini, const SimSetting& setting) {
+    const double real = config.getDouble(setting);
+    require(inRange(real, setting), "a setting lies in its range");
+    require(config.getDouble(setting) == real, "a setting reads the same every time");
+
+    const auto stored = ini.value(setting.section, setting.key);
+    const auto number = stored ? simhost::number(*stored) : std::nullopt;
+    const bool usable = number && inRange(*number, setting);
+    require(real == (usable ? *number : setting.defaultValue), "a setting is what is stored, or its default");
+    checkWhole(config, setting);
+}
+
+} // namespace
+
+int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
+    static HostLog log("/dev/null", [] { return std::string(); });
+    FileReading reading;
+    reading.state = FileReading::State::read;
+    reading.text = fuzz::textOf(bytes, count);
+    const IniText ini = IniText::parse(reading.text).value_or(IniText());
+
+    SimConfig config(std::move(reading), "simulator.ini", log);
+    for (const SimSetting* setting : simSettings)
+        checkSetting(config, ini, *setting);
+    const SurfaceShape surface = config.surface();
+    require(std::isfinite(surface.at(25000.0, -25000.0)), "the sample has a height everywhere");
+    return 0;
+}
