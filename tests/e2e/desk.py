@@ -168,9 +168,9 @@ class Desk:
 
     # -- programs and their windows
 
-    def start_program(self, program, *arguments, trace, log):
+    def start_program(self, program, *arguments, trace, log, **extra_env):
         """Starts the program; its output goes to the named file of the desk's folder."""
-        return self._start(str(program), *arguments, log=log, OCUVA_TRACE=str(trace))
+        return self._start(str(program), *arguments, log=log, OCUVA_TRACE=str(trace), **extra_env)
 
     def windows(self, process):
         """Ids of the visible titled windows of a process, dialogs included."""
