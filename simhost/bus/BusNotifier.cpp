@@ -44,7 +44,7 @@ void BusNotifier::Subscribe(const std::string& filter) {
 }
 
 void BusNotifier::Send(const std::string& component, const std::string& subComponent, const std::string& id) {
-    m_sender.send({component, subComponent, id}, m_peerName);
+    send({component, subComponent, id});
 }
 
 void BusNotifier::listen() {
@@ -68,9 +68,11 @@ void BusNotifier::acceptConnections() {
 }
 
 void BusNotifier::readConnections() {
-    for (auto next = m_incoming.begin(); next != m_incoming.end();) {
-        const auto incoming = next++;
-        if (!readFrom(*incoming)) {
+    for (std::size_t left = m_incoming.size(); left > 0 && m_queue.size() < maxQueued; --left) {
+        const auto incoming = m_incoming.begin();
+        if (readFrom(*incoming)) {
+            m_incoming.splice(m_incoming.end(), m_incoming, incoming);
+        } else {
             QObject::disconnect(incoming->socket, nullptr, &m_context, nullptr);
             incoming->socket->abort();
             incoming->socket->deleteLater();

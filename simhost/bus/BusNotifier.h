@@ -30,6 +30,9 @@ public:
     void Subscribe(const std::string& filter) override;
     void Send(const std::string& component, const std::string& subComponent, const std::string& id) override;
 
+    /// As Send. Result: how many peers took the message, whether or not their filters let it through.
+    int send(const BusMessage& message) { return m_sender.send(message, m_peerName); }
+
 private:
     struct Incoming {
         QLocalSocket* socket; ///< owned by the server
@@ -50,7 +53,7 @@ private:
     BusSender m_sender;
     OnNotify m_receiver;
     BusFilter m_filter;
-    std::list<Incoming> m_incoming;
+    std::list<Incoming> m_incoming; ///< the one that is read next at the front
     std::deque<ocuva::Notification> m_queue;
     ocuva::Long m_lastHandler = 0;
     bool m_delivering = false;

@@ -19,8 +19,32 @@ int msUntil(std::chrono::steady_clock::time_point deadline) {
         std::max<std::int64_t>(0, std::chrono::duration_cast<std::chrono::milliseconds>(left).count()));
 }
 
+/// How often the system is asked to take more while it does not say by itself that it would.
+constexpr int askAgainMs = 5;
+
 bool isConnected(const QLocalSocket* socket) {
     return socket != nullptr && socket->state() == QLocalSocket::ConnectedState;
+}
+
+/// Waits until no more than that many bytes wait in the socket; false when the peer stops reading before.
+bool drain(QLocalSocket& socket, qint64 bytesLeft) {
+    using Time = std::chrono::steady_clock;
+    Time::time_point stalledAt = Time::now() + busStallLimit;
+    qint64 waiting = socket.bytesToWrite();
+    while (isConnected(&socket) && waiting > bytesLeft) {
+        // The system tells late that there is room again; a write finds out sooner.
+        socket.flush();
+        if (socket.bytesToWrite() == waiting) {
+            socket.waitForBytesWritten(askAgainMs);
+        }
+        if (socket.bytesToWrite() < waiting) {
+            waiting = socket.bytesToWrite();
+            stalledAt = Time::now() + busStallLimit;
+        } else if (Time::now() > stalledAt) {
+            return false;
+        }
+    }
+    return true;
 }
 
 } // namespace
@@ -37,7 +61,7 @@ int BusSender::send(const BusMessage& message, const std::string& exceptPeer) {
         m_peers->log("Messages: a message that is too long was not sent");
         return 0;
     }
-    const Deadline deadline = std::chrono::steady_clock::now() + busSendLimit;
+    const Deadline deadline = std::chrono::steady_clock::now() + busConnectLimit;
     findPeers();
     int taken = 0;
     for (auto next = m_connections.begin(); next != m_connections.end();) {
@@ -78,10 +102,13 @@ bool BusSender::sendTo(const std::string& peerName, Connection& connection, cons
         if (!isConnected(connection.socket.get()) && !connectTo(peerName, connection, deadline)) {
             return false;
         }
-        if (!hasRoom(connection, frame)) {
+        if (!makeRoom(connection, static_cast<qint64>(frame.size()))) {
             return false;
         }
         QLocalSocket& socket = *connection.socket;
+        if (!isConnected(&socket)) {
+            continue;
+        }
         socket.write(frame.data(), static_cast<qint64>(frame.size()));
         socket.flush();
         if (isConnected(&socket)) {
@@ -109,14 +136,16 @@ bool BusSender::connectTo(const std::string& peerName, Connection& connection, D
     return false;
 }
 
-bool BusSender::hasRoom(Connection& connection, const std::string& frame) {
-    const bool room =
-        connection.socket->bytesToWrite() + static_cast<qint64>(frame.size()) <= maxWaitingBytes;
-    if (!room && !connection.stuck) {
+bool BusSender::makeRoom(Connection& connection, qint64 bytes) {
+    QLocalSocket& socket = *connection.socket;
+    if (connection.stuck) {
+        socket.flush();
+        connection.stuck = socket.bytesToWrite() > maxWaitingBytes / 2;
+    } else if (!drain(socket, maxWaitingBytes - bytes)) {
         m_peers->log("Messages: a peer has stopped reading; messages to it are dropped");
+        connection.stuck = true;
     }
-    connection.stuck = !room;
-    return room;
+    return !connection.stuck;
 }
 
 void BusSender::forget(const std::string& peerName, const Connection& connection) {
@@ -126,10 +155,10 @@ void BusSender::forget(const std::string& peerName, const Connection& connection
 }
 
 void BusSender::flush() {
-    const Deadline deadline = std::chrono::steady_clock::now() + busSendLimit;
     for (auto& [name, connection] : m_connections) {
-        while (isConnected(connection.socket.get()) && connection.socket->bytesToWrite() > 0 &&
-               connection.socket->waitForBytesWritten(msUntil(deadline))) {
+        if (isConnected(connection.socket.get()) && !connection.stuck && !drain(*connection.socket, 0)) {
+            m_peers->log("Messages: a peer has stopped reading; what waits for it may be lost");
+            connection.stuck = true;
         }
     }
 }

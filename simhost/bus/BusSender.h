@@ -4,6 +4,8 @@
 #include "simhost/bus/BusFrame.h"
 #include "simhost/bus/PeerFolder.h"
 
+#include <QtGlobal>
+
 #include <chrono>
 #include <map>
 #include <memory>
@@ -14,17 +16,24 @@ class QLocalSocket;
 
 namespace simhost {
 
-/// How long one send waits for all peers together.
-inline constexpr std::chrono::milliseconds busSendLimit{500};
+/// How long one send waits for all connections that it has to make, together.
+inline constexpr std::chrono::milliseconds busConnectLimit{500};
+/// How long a peer may take nothing before it counts as one that has stopped reading.
+inline constexpr std::chrono::milliseconds busStallLimit{2000};
 
 /// Carries messages to every listening notifier. Keeps one connection per peer, so that messages arrive in
-/// the order of sending. A peer that does not read costs nobody anything: what the system does not take at
-/// once waits here, and beyond a megabyte it is dropped with a log line. Used on the thread that made it,
-/// which needs an event loop for what waits.
+/// the order of sending.
+///
+/// What the system does not take at once waits here, up to a megabyte per peer. A sender that is ahead of its
+/// peer by that much goes at the peer's pace: nothing is lost as long as the peer reads. A peer that takes
+/// nothing for busStallLimit has stopped reading: with one log line all messages to it are dropped, and it
+/// holds nobody up, until it has caught up with half of what waits.
+///
+/// Used on the thread that made it, which needs an event loop for what waits.
 class BusSender {
 public:
     explicit BusSender(std::shared_ptr<const PeerFolder> peers);
-    /// Waits, within busSendLimit, until the system has taken what waits.
+    /// Flushes.
     ~BusSender();
     BusSender(const BusSender&) = delete;
     BusSender& operator=(const BusSender&) = delete;
@@ -33,7 +42,8 @@ public:
     /// how many peers took the message. A message that makes too long a frame is dropped with a log line.
     int send(const BusMessage& message, const std::string& exceptPeer = {});
 
-    /// Waits, within busSendLimit, until the system has taken everything: for processes that end soon.
+    /// Waits until the system has taken everything that peers which read are to get: for processes that end
+    /// soon.
     void flush();
 
 private:
@@ -42,14 +52,15 @@ private:
         std::string machine;
         std::string socketName;
         std::unique_ptr<QLocalSocket> socket;
-        bool stuck = false; ///< messages to it are being dropped
+        bool stuck = false; ///< has stopped reading; messages to it are being dropped
     };
 
     void findPeers();
     bool sendTo(const std::string& peerName, Connection& connection, const std::string& frame,
                 Deadline deadline);
     bool connectTo(const std::string& peerName, Connection& connection, Deadline deadline);
-    bool hasRoom(Connection& connection, const std::string& frame);
+    /// Waits for room for that many bytes as the class says; false when the message is to be dropped.
+    bool makeRoom(Connection& connection, qint64 bytes);
     void forget(const std::string& peerName, const Connection& connection);
 
     std::shared_ptr<const PeerFolder> m_peers;

@@ -25,7 +25,7 @@ public:
     std::unique_ptr<ocuva::Notifier> createNotifier();
 
     /// Sends the message that the name stands for (messageOfName) to every subscribed notifier, this
-    /// process's own included, and waits within busSendLimit until it is on its way, so that the process may
+    /// process's own included, and waits until it is on its way (BusSender::flush), so that the process may
     /// end at once. True when at least one notifier took it, whether or not its filter lets it through.
     bool sendByName(const std::string& name);
 
