@@ -1,0 +1,81 @@
+#pragma once
+// Ties picture points to stage positions by two or three points that the operator picked.
+
+#include "base/Types.h"
+#include "hostlink/Host.h"
+
+#include <array>
+
+namespace ocuva {
+
+/// One point picked on the picture and on the stage.
+struct CalibrationPoint {
+    Integer XI = 0; ///< picture coordinate: 1/10000 of the image's width from its left edge
+    Integer YI = 0; ///< 1/10000 of the image's height from its top edge
+    Long XS = 0;    ///< stage units
+    Long YS = 0;
+    Long ZS = 0;
+
+    bool operator==(const CalibrationPoint&) const = default;
+};
+
+struct CalibrationPoints {
+    bool twoPoints = false; ///< only points 1 and 2 count
+    std::array<CalibrationPoint, 3> points;
+
+    std::size_t count() const { return twoPoints ? 2 : 3; }
+    bool operator==(const CalibrationPoints&) const = default;
+};
+
+/// A map per axis from picture coordinates to stage units: stage = scale * picture + offset.
+struct PicturePlan {
+    double scaleX = 0.0;
+    double offsetX = 0.0;
+    double scaleY = 0.0;
+    double offsetY = 0.0;
+};
+
+/// The plane on which the stage's Z lies: Z = a * X + b * Y + c.
+struct StagePlan {
+    double a = 0.0;
+    double b = 0.0;
+    double c = 0.0;
+};
+
+struct StagePoint {
+    Long XSt = 0; ///< stage units
+    Long YSt = 0;
+    Long ZSt = 0;
+};
+
+class Calibration {
+public:
+    explicit Calibration(TnLibProxy& libProxy)
+        : m_libProxy(libProxy) {}
+
+    CalibrationPoints points;
+
+    /// On each axis the pair of points whose image coordinates differ most (of equal ones the first of 1-2,
+    /// 1-3, 2-3) gives scale and offset. Throws ArithmeticError when a difference leaves 16 bits, a stage
+    /// difference 32 bits, or when all points in use have the same coordinate on an axis; the plan stays as
+    /// it was then.
+    void ComputePicturePlan();
+
+    /// Lets the host lay the plane through the stage points. With two points the plane is level across the
+    /// line through them. Where the host finds no plane it is the flat one at Z 0.
+    void ComputeStagePlan();
+
+    /// Stage position of a picture point; Z is taken on the plane at the rounded X and Y. Throws
+    /// ArithmeticError when a result leaves 32 bits.
+    StagePoint ComputeStagePosition(Single XPic, Single YPic) const;
+
+    const PicturePlan& picturePlan() const { return m_picturePlan; }
+    const StagePlan& stagePlan() const { return m_stagePlan; }
+
+private:
+    TnLibProxy& m_libProxy;
+    PicturePlan m_picturePlan;
+    StagePlan m_stagePlan;
+};
+
+} // namespace ocuva

@@ -1,0 +1,218 @@
+#include "pictures/PictureDescription.h"
+
+#include <charconv>
+#include <fstream>
+#include <iterator>
+#include <system_error>
+
+namespace ocuva {
+
+namespace {
+
+constexpr std::size_t extensionLength = 3;
+constexpr std::string_view fileVersion = "1.0";
+constexpr Integer zoomLine = 1; // whatever the display's zoom was
+// A description has 14 short lines; whatever is longer than this is some other file.
+constexpr std::uintmax_t largestFile = 64 * 1024;
+
+constexpr std::string_view versionLabel = "#Pic File Version";
+constexpr std::string_view zoomLabel = "#Zoom";
+constexpr std::string_view twoPointsLabel = "#TwoPoints";
+constexpr std::string_view imageLabel = "#Image position 1 to 3";
+constexpr std::string_view stageLabel = "#Stage position 1 to 3";
+
+std::string quoted(std::string_view text) { return '"' + std::string(text) + '"'; }
+
+std::string_view withoutBlanks(std::string_view text) {
+    const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+    while (!text.empty() && isBlank(text.front())) {
+        text.remove_prefix(1);
+    }
+    while (!text.empty() && isBlank(text.back())) {
+        text.remove_suffix(1);
+    }
+    return text;
+}
+
+// Takes the lines of a description one by one.
+class LineReader {
+public:
+    explicit LineReader(std::string_view text)
+        : m_rest(text) {}
+
+    void expectString(std::string_view expected) {
+        if (withoutBlanks(next()) != quoted(expected)) {
+            fail(quoted(expected));
+        }
+    }
+
+    bool readFlag() {
+        const std::string_view line = withoutBlanks(next());
+        if (line != "#TRUE#" && line != "#FALSE#") {
+            fail("#TRUE# or #FALSE#");
+        }
+        return line == "#TRUE#";
+    }
+
+    template <typename Whole, std::size_t count> std::array<Whole, count> readNumbers(const char* what) {
+        std::array<Whole, count> numbers{};
+        std::string_view line = next();
+        for (std::size_t i = 0; i < count; ++i) {
+            const bool isLast = i + 1 == count;
+            const std::size_t comma = line.find(',');
+            if (isLast != (comma == std::string_view::npos)) {
+                fail(what);
+            }
+            const std::string_view item = withoutBlanks(line.substr(0, comma));
+            const auto result = std::from_chars(item.data(), item.data() + item.size(), numbers[i]);
+            if (result.ec != std::errc() || result.ptr != item.data() + item.size()) {
+                fail(what);
+            }
+            line.remove_prefix(isLast ? line.size() : comma + 1);
+        }
+        return numbers;
+    }
+
+    void expectEnd() {
+        if (!m_rest.empty()) {
+            next();
+            fail("the end of the file");
+        }
+    }
+
+    [[noreturn]] void fail(const std::string& expected) const {
+        throw PictureDescriptionError("Line " + std::to_string(m_number) +
+                                      " of the picture description: " + expected + " was expected");
+    }
+
+private:
+    std::string_view next() {
+        ++m_number;
+        if (m_rest.empty()) {
+            fail("more");
+        }
+        const std::size_t end = m_rest.find('\n');
+        std::string_view line = m_rest.substr(0, end);
+        m_rest.remove_prefix(end == std::string_view::npos ? m_rest.size() : end + 1);
+        if (!line.empty() && line.back() == '\r') {
+            line.remove_suffix(1);
+        }
+        return line;
+    }
+
+    std::string_view m_rest;
+    int m_number = 0;
+};
+
+std::filesystem::path asPath(const std::string& name) { return {name}; }
+
+} // namespace
+
+std::string descriptionName(const std::string& pictureName) {
+    if (pictureName.size() < extensionLength) {
+        return {};
+    }
+    return pictureName.substr(0, pictureName.size() - extensionLength) + "pic";
+}
+
+std::string descriptionText(const CalibrationPoints& points) {
+    std::string text;
+    const auto line = [&text](const std::string& content) { text += content + "\r\n"; };
+    const auto numbers = [](std::initializer_list<Long> items) {
+        std::string content;
+        for (const Long item : items) {
+            content += (content.empty() ? "" : ",") + std::to_string(item);
+        }
+        return content;
+    };
+    line(quoted(versionLabel));
+    line(quoted(fileVersion));
+    line(quoted(zoomLabel));
+    line(std::to_string(zoomLine));
+    line(quoted(twoPointsLabel));
+    line(points.twoPoints ? "#TRUE#" : "#FALSE#");
+    line(quoted(imageLabel));
+    for (std::size_t i = 0; i < points.count(); ++i) {
+        line(numbers({points.points.at(i).XI, points.points.at(i).YI}));
+    }
+    line(quoted(stageLabel));
+    for (std::size_t i = 0; i < points.count(); ++i) {
+        const CalibrationPoint& point = points.points.at(i);
+        line(numbers({point.XS, point.YS, point.ZS}));
+    }
+    return text;
+}
+
+CalibrationPoints parseDescription(std::string_view text) {
+    LineReader lines(text);
+    lines.expectString(versionLabel);
+    lines.expectString(fileVersion);
+    lines.expectString(zoomLabel);
+    if (lines.readNumbers<Integer, 1>("the number 1")[0] != zoomLine) {
+        lines.fail("the number 1");
+    }
+    lines.expectString(twoPointsLabel);
+    CalibrationPoints points;
+    points.twoPoints = lines.readFlag();
+    lines.expectString(imageLabel);
+    for (std::size_t i = 0; i < points.count(); ++i) {
+        const auto image = lines.readNumbers<Integer, 2>("two 16-bit numbers");
+        points.points.at(i).XI = image[0];
+        points.points.at(i).YI = image[1];
+    }
+    lines.expectString(stageLabel);
+    for (std::size_t i = 0; i < points.count(); ++i) {
+        const auto stage = lines.readNumbers<Long, 3>("three 32-bit numbers");
+        points.points.at(i).XS = stage[0];
+        points.points.at(i).YS = stage[1];
+        points.points.at(i).ZS = stage[2];
+    }
+    lines.expectEnd();
+    return points;
+}
+
+void writeDescription(const std::string& pictureName, const CalibrationPoints& points) {
+    if (pictureName.empty()) {
+        return;
+    }
+    const std::string name = descriptionName(pictureName);
+    if (name.empty()) {
+        throw PictureDescriptionError("\"" + pictureName + "\" has no extension that could be replaced");
+    }
+    const std::filesystem::path aside = asPath(name + ".aside");
+    {
+        std::ofstream file(aside, std::ios::binary | std::ios::trunc);
+        file << descriptionText(points);
+        file.close();
+        if (!file) {
+            std::error_code ignored;
+            std::filesystem::remove(aside, ignored);
+            throw PictureDescriptionError("The picture description " + name + " could not be written");
+        }
+    }
+    std::error_code error;
+    std::filesystem::rename(aside, asPath(name), error);
+    if (error) {
+        std::error_code ignored;
+        std::filesystem::remove(aside, ignored);
+        throw PictureDescriptionError("The picture description " + name +
+                                      " could not be written: " + error.message());
+    }
+}
+
+CalibrationPoints readDescription(const std::string& pictureName) {
+    const std::string name = descriptionName(pictureName);
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(asPath(name), error);
+    std::ifstream file(asPath(name), std::ios::binary);
+    if (name.empty() || error || !file) {
+        throw PictureDescriptionError("The picture description " + name + " could not be opened");
+    }
+    if (size > largestFile) {
+        throw PictureDescriptionError(name + " is too large for a picture description");
+    }
+    const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+    return parseDescription(text);
+}
+
+} // namespace ocuva

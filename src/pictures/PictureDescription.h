@@ -1,0 +1,38 @@
+#pragma once
+// The text file beside a saved picture that ties its points to stage positions.
+
+#include "pictures/Calibration.h"
+
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+
+namespace ocuva {
+
+/// Why a description could not be written or read; what() is a sentence that names the file or the line.
+class PictureDescriptionError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Name of the description: the picture's with its last three characters replaced by "pic". Empty for a name
+/// shorter than that.
+std::string descriptionName(const std::string& pictureName);
+
+/// The file's text: strings in double quotes, numbers in decimal, #TRUE# or #FALSE#, items of a line
+/// separated by commas, lines ended by CR LF. 12 lines for two points, 14 for three.
+std::string descriptionText(const CalibrationPoints& points);
+
+/// Reads such a text back. Lines may end with LF alone and blanks may stand round an item; everything else
+/// that the lines do not allow is refused with the number of the line.
+CalibrationPoints parseDescription(std::string_view text);
+
+/// Writes the description of a picture aside and renames it, so that no half-written one ever stands there.
+/// An empty picture name writes nothing.
+void writeDescription(const std::string& pictureName, const CalibrationPoints& points);
+
+/// Reads the description of a picture.
+CalibrationPoints readDescription(const std::string& pictureName);
+
+} // namespace ocuva

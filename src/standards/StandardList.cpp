@@ -1,0 +1,122 @@
+#include "standards/StandardList.h"
+
+#include "settings/SettingsTable.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <limits>
+
+namespace ocuva {
+
+namespace {
+
+constexpr const char* section = "StandardList";
+constexpr const char* sizeKey = "StandardListSize";
+constexpr const char* objectType = "OCUVASTD";
+constexpr std::size_t extensionLength = 4; // ".std"
+
+std::string keyOf(Long index) { return "Standard" + std::to_string(index); }
+
+const char* store() { return storeName(SettingsStore::Program).c_str(); }
+
+// What a host wrote into a buffer of the program, bounded by the buffer whatever the host claims.
+template <std::size_t capacity> std::string textOf(const std::array<char, capacity>& buffer, Long length) {
+    const Long bounded = std::clamp<Long>(length, 0, static_cast<Long>(capacity));
+    return {buffer.data(), static_cast<std::size_t>(bounded)};
+}
+
+bool sameLetter(char a, char b) {
+    return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
+}
+
+} // namespace
+
+Long StandardList::size() const {
+    const Long size = m_reg.TarnRegisterGetInt(section, sizeKey, 0, store());
+    return std::min<Long>(size, std::numeric_limits<Integer>::max());
+}
+
+bool StandardList::write(const std::string& key, const std::string& value) {
+    return m_reg.TarnRegisterSetString(section, key.c_str(), value.c_str(), store()) != 0;
+}
+
+bool StandardList::GetNextStandard(std::string& name, Integer& index) const {
+    const Long last = size();
+    for (Long i = Long{index} + 1; i <= last; ++i) {
+        std::array<char, nameLength> buffer{};
+        const Long length =
+            m_reg.TarnRegisterGetString(section, keyOf(i).c_str(), "", buffer.data(), nameLength, store());
+        if (length > 0) {
+            index = static_cast<Integer>(i);
+            name = textOf(buffer, length);
+            return true;
+        }
+    }
+    return false;
+}
+
+void StandardList::AppendStandard(const std::string& name, bool clear) {
+    Long n = size();
+    if (clear) {
+        n = 0;
+        if (name.empty()) {
+            write(sizeKey, "0");
+            return;
+        }
+    }
+    if (name.empty() || n >= std::numeric_limits<Integer>::max()) {
+        return;
+    }
+    n = std::max<Long>(n, 0);
+    if (write(keyOf(n + 1), name)) {
+        write(sizeKey, std::to_string(n + 1));
+    }
+}
+
+std::string StandardList::directory() const {
+    std::array<char, nameLength> buffer{};
+    return textOf(buffer, m_libProxy.TarnGetDirStd(buffer.data(), nameLength));
+}
+
+std::optional<StagePosition> StandardList::position(const std::string& name) const {
+    StandardObject object(m_libProxy);
+    if (!object.isOpen() || !object.read(name)) {
+        return {};
+    }
+    return object.position();
+}
+
+StandardObject::StandardObject(TnLibProxy& libProxy)
+    : m_libProxy(libProxy)
+    , m_handle(libProxy.TarnDbObjectNew(objectType)) {}
+
+StandardObject::~StandardObject() {
+    if (isOpen()) {
+        m_libProxy.TarnDbObjectDelete(m_handle);
+    }
+}
+
+bool StandardObject::read(const std::string& name) {
+    return m_libProxy.TarnDbObjectRead(m_handle, name.c_str()) != 0;
+}
+
+std::optional<StagePosition> StandardObject::position() const {
+    StagePosition position;
+    if (m_libProxy.TarnDbGetStagePos(m_handle, &position.x, &position.y, &position.z) == 0) {
+        return {};
+    }
+    return position;
+}
+
+std::string standardText(const std::string& name, const std::string& directory) {
+    const bool inside = !directory.empty() && name.size() >= directory.size() &&
+                        std::equal(directory.begin(), directory.end(), name.begin(), sameLetter);
+    const std::size_t start = directory.size() + 1; // behind the path separator
+    if (!inside || name.size() < start + extensionLength) {
+        return name;
+    }
+    return name.substr(start, name.size() - start - extensionLength);
+}
+
+} // namespace ocuva

@@ -1,0 +1,76 @@
+#pragma once
+// The operator's ordered list of standards, kept in the program store, and the positions behind their names.
+
+#include "base/Types.h"
+#include "hostlink/Host.h"
+
+#include <optional>
+#include <string>
+
+namespace ocuva {
+
+struct StagePosition {
+    Long x = 0; ///< stage units
+    Long y = 0;
+    Long z = 0;
+
+    bool operator==(const StagePosition&) const = default;
+};
+
+/// Section "StandardList": "StandardListSize", and "Standard1", "Standard2" ... holding one name each,
+/// normally the full path of a ".std" file of the host. An empty value is a hole that readers skip; keys
+/// beyond the size are never read. Nothing is cached, and every change is written at once.
+class StandardList {
+public:
+    /// A name is read through a buffer of that many characters; a longer stored one comes back cut.
+    static constexpr Long nameLength = 128;
+
+    StandardList(TnReg& reg, TnLibProxy& libProxy)
+        : m_reg(reg)
+        , m_libProxy(libProxy) {}
+
+    /// Iterates: begin with index 0, call until false. Gives the next name that is not a hole and its index;
+    /// untouched arguments and false behind the last one. Indices are 16-bit, so a list ends at 32767.
+    bool GetNextStandard(std::string& name, Integer& index) const;
+
+    /// Appends a name, the same one as often as it is asked. With clear the list begins anew with it; with
+    /// clear and an empty name the list becomes empty. An empty name without clear changes nothing. A name
+    /// that could not be written is not counted.
+    void AppendStandard(const std::string& name, bool clear);
+
+    /// The host's standards directory.
+    std::string directory() const;
+
+    /// Position of a standard in the host's database; nothing when it cannot be opened or read, or has none.
+    std::optional<StagePosition> position(const std::string& name) const;
+
+private:
+    Long size() const;
+    bool write(const std::string& key, const std::string& value);
+
+    TnReg& m_reg;
+    TnLibProxy& m_libProxy;
+};
+
+/// An open object of the host's database for standards; frees its handle.
+class StandardObject {
+public:
+    explicit StandardObject(TnLibProxy& libProxy);
+    ~StandardObject();
+    StandardObject(const StandardObject&) = delete;
+    StandardObject& operator=(const StandardObject&) = delete;
+
+    bool isOpen() const { return m_handle != 0; }
+    bool read(const std::string& name);
+    std::optional<StagePosition> position() const;
+
+private:
+    TnLibProxy& m_libProxy;
+    Long m_handle;
+};
+
+/// How a standard is shown: below the standards directory (compared without regard to letter case) by its
+/// bare file name, whose last four characters (".std") are cut off unseen; elsewhere by its full name.
+std::string standardText(const std::string& name, const std::string& directory);
+
+} // namespace ocuva
