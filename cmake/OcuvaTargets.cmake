@@ -16,8 +16,17 @@ function(ocuva_target_rules target)
             -fno-omit-frame-pointer)
         target_link_options(${target} PRIVATE -fsanitize=address,undefined)
     endif()
+    if(OCUVA_SANITIZE_THREADS)
+        target_compile_options(${target} PRIVATE -fsanitize=thread -fno-omit-frame-pointer)
+        target_link_options(${target} PRIVATE -fsanitize=thread)
+    endif()
     target_compile_definitions(${target} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
 endfunction()
+
+# The thread sanitizer needs a build of its own, and understands only programs that run no Qt: these.
+option(OCUVA_SANITIZE_THREADS "Thread sanitizer" OFF)
+set(ocuva_thread_tests test_display test_grab test_log_and_trace test_simhost_board test_simhost_services)
+add_custom_target(tsan)
 
 option(OCUVA_PCH "Precompile the headers of Qt and GoogleTest" ON)
 # Precompiled headers are shared between targets, so all are compiled as Qt wants it.
@@ -80,6 +89,10 @@ function(ocuva_test name)
     target_link_libraries(${name} PRIVATE ${ARG_LINK})
     ocuva_target_rules(${name})
     add_test(NAME ${name} COMMAND ${name})
+    if(name IN_LIST ocuva_thread_tests)
+        set_tests_properties(${name} PROPERTIES LABELS tsan)
+        add_dependencies(tsan ${name})
+    endif()
     set_tests_properties(${name} PROPERTIES TIMEOUT 300
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ASAN_OPTIONS=detect_leaks=1;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp")
 endfunction()

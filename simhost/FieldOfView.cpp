@@ -64,7 +64,6 @@ bool FieldOfView::setFactors(float width, float height) {
                    " refused: both must be above 0");
         return false;
     }
-    const std::lock_guard lock(m_mutex);
     const bool widthKept = m_stores.setString(section, widthKey, numberText(width), store);
     return m_stores.setString(section, heightKey, numberText(height), store) && widthKept;
 }

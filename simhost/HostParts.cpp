@@ -51,6 +51,8 @@ HostParts::HostParts(SimulatedHostOptions hostOptions)
     , stage(*clock, stageSettings(config))
     , camera(makeCamera(config, folder.standards(), log))
     , board({*clock, stage, *camera, options.windows, [this] { return field.seen(); }}) {
+    constexpr std::uintmax_t mebibyte = 1024u * 1024u;
+    log.limitTo({mebibyte * static_cast<std::uintmax_t>(config.getLong(settings::logSize))});
     const TarnLong kept = stores.getInt(FieldOfView::section, cameraTypeKey, 0, FieldOfView::store);
     if (kept != 0 && !board.setCameraType(kept)) {
         log.line("[tn_video] CameraType=" + std::to_string(kept) + " in " + FieldOfView::store +

@@ -1,7 +1,7 @@
 #include "simhost/services/DataFolder.h"
 
+#include "base/FileLock.h"
 #include "base/Product.h"
-#include "simhost/services/FileLock.h"
 #include "simhost/services/PlatformFiles.h"
 #include "simhost/services/SimConfig.h"
 #include "simhost/services/Standards.h"
@@ -106,7 +106,7 @@ std::string tryWriting(const fs::path& path) {
 }
 
 std::string seed(const fs::path& path) {
-    const FileLock lock(path / seedingLock, seedingPatience);
+    const ocuva::FileLock lock(path / seedingLock, seedingPatience);
     if (!lock.held())
         return sentence(path, "cannot be filled for its first start", lock.problem());
     std::error_code error;

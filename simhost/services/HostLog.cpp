@@ -26,8 +26,14 @@ std::string onOneLine(std::string_view text) {
 
 } // namespace
 
-std::string LineFile::append(std::string_view line) const {
-    return appendToFile(m_path, std::string(line) + '\n');
+std::string LineFile::append(std::string_view line) {
+    // After a disk was full for a while the broken line must not spoil the one that follows it.
+    const bool torn = m_torn;
+    const std::string whole = (torn ? "\n" : "") + std::string(line) + '\n';
+    ocuva::rotateWhenFull(m_path, whole.size(), m_limit);
+    Appending appending = appendToFile(m_path, whole);
+    m_torn = !appending.problem.empty() && (torn || appending.writtenBytes > 0);
+    return std::move(appending.problem);
 }
 
 HostLog::HostLog(std::filesystem::path path, std::function<std::string()> nowText)
@@ -45,6 +51,11 @@ void HostLog::line(std::string_view text) noexcept {
         std::fwrite(text.data(), 1, text.size(), stderr);
         std::fputc('\n', stderr);
     }
+}
+
+void HostLog::limitTo(const ocuva::FileLimit& limit) {
+    const std::lock_guard guard(m_mutex);
+    m_file.limitTo(limit);
 }
 
 } // namespace simhost

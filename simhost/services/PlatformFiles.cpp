@@ -64,14 +64,17 @@ std::optional<FileStamp> stampOf(HANDLE handle) {
                      joined(info.nFileIndexHigh, info.nFileIndexLow)};
 }
 
-bool writeAll(const OpenFile& file, std::string_view bytes) {
-    while (!bytes.empty()) {
+/// The number of bytes written; fewer than all on an error, which lastProblem() then tells.
+std::size_t writeAll(const OpenFile& file, std::string_view bytes) {
+    std::size_t total = 0;
+    while (total < bytes.size()) {
+        const std::string_view rest = bytes.substr(total);
         DWORD written = 0;
-        if (!WriteFile(file.get(), bytes.data(), static_cast<DWORD>(bytes.size()), &written, nullptr))
-            return false;
-        bytes.remove_prefix(written);
+        if (!WriteFile(file.get(), rest.data(), static_cast<DWORD>(rest.size()), &written, nullptr))
+            break;
+        total += written;
     }
-    return true;
+    return total;
 }
 
 #else
@@ -120,14 +123,17 @@ FileStamp stampFrom(const struct stat& info) {
             static_cast<std::uint64_t>(info.st_ino)};
 }
 
-bool writeAll(const OpenFile& file, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t written = ::write(file.get(), bytes.data(), bytes.size());
+/// The number of bytes written; fewer than all on an error, which lastProblem() then tells.
+std::size_t writeAll(const OpenFile& file, std::string_view bytes) {
+    std::size_t total = 0;
+    while (total < bytes.size()) {
+        const std::string_view rest = bytes.substr(total);
+        const ssize_t written = ::write(file.get(), rest.data(), rest.size());
         if (written < 0 && errno != EINTR)
-            return false;
-        bytes.remove_prefix(written > 0 ? static_cast<std::size_t>(written) : 0);
+            break;
+        total += written > 0 ? static_cast<std::size_t>(written) : 0;
     }
-    return true;
+    return total;
 }
 
 /// Reads to the end or to the limit; empty on a read error, which errno then tells.
@@ -147,6 +153,14 @@ std::optional<std::string> readToEnd(const OpenFile& file, std::size_t limit) {
 }
 
 #endif
+
+/// The last problem, after the piece that a full disk took is removed: it would go on taking room there.
+std::string problemWithout(const std::filesystem::path& aside) {
+    std::string problem = lastProblem();
+    std::error_code ignored;
+    std::filesystem::remove(aside, ignored);
+    return problem;
+}
 
 FileReading unreadable(std::string problem) {
     FileReading reading;
@@ -201,19 +215,22 @@ std::string replaceFile(const std::filesystem::path& file, std::string_view text
     if (isReadOnly(file))
         return "It is write-protected";
     const std::filesystem::path aside = asidePath(file);
+    bool good = false;
     {
         const OpenFile open(aside, GENERIC_WRITE, CREATE_ALWAYS);
-        if (!open.isOpen() || !writeAll(open, text) || !FlushFileBuffers(open.get()))
+        if (!open.isOpen())
             return lastProblem();
+        good = writeAll(open, text) == text.size() && FlushFileBuffers(open.get());
     }
-    if (!MoveFileExW(aside.c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-        return lastProblem();
-    return {};
+    good =
+        good && MoveFileExW(aside.c_str(), file.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH);
+    return good ? std::string() : problemWithout(aside);
 }
 
-std::string appendToFile(const std::filesystem::path& file, std::string_view bytes) {
+Appending appendToFile(const std::filesystem::path& file, std::string_view bytes) {
     const OpenFile open(file, FILE_APPEND_DATA, OPEN_ALWAYS);
-    return open.isOpen() && writeAll(open, bytes) ? std::string() : lastProblem();
+    const std::size_t written = open.isOpen() ? writeAll(open, bytes) : 0;
+    return written == bytes.size() ? Appending{} : Appending{lastProblem(), written};
 }
 
 unsigned long processId() { return GetCurrentProcessId(); }
@@ -248,18 +265,23 @@ std::string replaceFile(const std::filesystem::path& file, std::string_view text
     const std::filesystem::path aside = asidePath(file);
     struct stat present {};
     const bool keepRights = ::stat(file.c_str(), &present) == 0;
+    bool good = false;
     {
         const OpenFile open(aside, O_WRONLY | O_CREAT | O_TRUNC);
-        if (!open.isOpen() || !writeAll(open, text) ||
-            (keepRights && ::fchmod(open.get(), present.st_mode & 07777) != 0) || ::fsync(open.get()) != 0)
+        if (!open.isOpen())
             return lastProblem();
+        good = writeAll(open, text) == text.size() &&
+               (!keepRights || ::fchmod(open.get(), present.st_mode & 07777) == 0) &&
+               ::fsync(open.get()) == 0;
     }
-    return ::rename(aside.c_str(), file.c_str()) == 0 ? std::string() : lastProblem();
+    good = good && ::rename(aside.c_str(), file.c_str()) == 0;
+    return good ? std::string() : problemWithout(aside);
 }
 
-std::string appendToFile(const std::filesystem::path& file, std::string_view bytes) {
+Appending appendToFile(const std::filesystem::path& file, std::string_view bytes) {
     const OpenFile open(file, O_WRONLY | O_CREAT | O_APPEND);
-    return open.isOpen() && writeAll(open, bytes) ? std::string() : lastProblem();
+    const std::size_t written = open.isOpen() ? writeAll(open, bytes) : 0;
+    return written == bytes.size() ? Appending{} : Appending{lastProblem(), written};
 }
 
 unsigned long processId() { return static_cast<unsigned long>(::getpid()); }

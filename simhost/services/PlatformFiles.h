@@ -1,6 +1,6 @@
 #pragma once
 // The few file operations, and facts about process and clock, that differ between systems; all of the
-// folder's platform code but the lock is behind this header. Nothing here throws on a failing file: problems
+// folder's platform code is behind this header. Nothing here throws on a failing file: problems
 // come back as the system's own words ("Permission denied"), success as an empty text. Any thread.
 
 #include <cstddef>
@@ -44,8 +44,13 @@ std::filesystem::path asidePath(const std::filesystem::path& file);
 /// time (hold a FileLock).
 std::string replaceFile(const std::filesystem::path& file, std::string_view text);
 
+struct Appending {
+    std::string problem;
+    std::size_t writtenBytes = 0; ///< of a piece that failed; a disk may have room for its beginning only
+};
+
 /// Appends in a single write, so that pieces from several processes never mix; makes the file where needed.
-std::string appendToFile(const std::filesystem::path& file, std::string_view bytes);
+Appending appendToFile(const std::filesystem::path& file, std::string_view bytes);
 
 /// Wall clock since 1970, the one that file stamps are taken from.
 std::int64_t wallClockNs();

@@ -66,6 +66,9 @@ inline constexpr SimSetting curvature{
 inline constexpr SimSetting surfaceHeight{
     "Optics", "SurfaceHeight", 0, -1e6, 1e6, "Z in focus at X = Y = 0, stage units"};
 
+inline constexpr SimSetting logSize{"Log", "MaxSizeMiB", 8,
+                                    1,     1024,         "size at which tarn.log is moved aside, MiB"};
+
 inline constexpr SimSetting noise{"Camera", "Noise", 2,
                                   0,        255,     "standard deviation of the camera's noise, grey levels"};
 
@@ -79,7 +82,7 @@ inline constexpr const SimSetting* simSettings[] = {
     &settings::accelerationY, &settings::accelerationZ, &settings::startX,    &settings::startY,
     &settings::startZ,        &settings::backlashX,     &settings::backlashY, &settings::backlashZ,
     &settings::depthOfField,  &settings::tiltX,         &settings::tiltY,     &settings::curvature,
-    &settings::surfaceHeight, &settings::noise,
+    &settings::surfaceHeight, &settings::noise,         &settings::logSize,
 };
 
 /// The text of a "simulator.ini" that says of every setting what it is and gives it its default.

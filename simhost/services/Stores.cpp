@@ -1,6 +1,6 @@
 #include "simhost/services/Stores.h"
 
-#include "simhost/services/FileLock.h"
+#include "base/FileLock.h"
 #include "simhost/services/Numerals.h"
 
 #include <algorithm>
@@ -96,19 +96,20 @@ std::uint64_t Stores::revision(std::string_view store) {
 
 bool Stores::setString(std::string_view section, std::string_view key, std::string_view value,
                        std::string_view store) {
-    const std::lock_guard guard(m_mutex);
+    const std::lock_guard guard(m_writing);
     if (!isStoreName(store))
         return false;
     std::filesystem::path lockFile = pathOf(store);
     lockFile += ".lock";
-    const FileLock lock(lockFile, m_patience);
+    const ocuva::FileLock lock(lockFile, m_patience);
     return lock.held() ? write(section, key, value, store) : refuse(store, lock.problem());
 }
 
-/// The caller holds the store's lock.
+/// The caller holds the store's lock. Whoever reads meanwhile reads the old file or the new one; the new
+/// one's stamp tells them apart.
 bool Stores::write(std::string_view section, std::string_view key, std::string_view value,
                    std::string_view store) {
-    Cached& cached = refreshed(store);
+    const Cached cached = copyOfRefreshed(store);
     if (!cached.problem.empty() && !cached.damaged)
         return refuse(store, cached.problem);
     IniText edited = cached.ini;
@@ -119,7 +120,6 @@ bool Stores::write(std::string_view section, std::string_view key, std::string_v
         return false;
     if (cached.stamp && !cached.damaged && edited.text() == cached.ini.text())
         return true;
-    cached.settled = false;
     const std::string problem = replaceFile(pathOf(store), edited.text());
     return problem.empty() || refuse(store, problem);
 }
@@ -158,6 +158,11 @@ bool Stores::isStoreName(std::string_view store) {
         return true;
     m_log.line('"' + std::string(store) + "\" is no name of a settings store");
     return false;
+}
+
+Stores::Cached Stores::copyOfRefreshed(std::string_view store) {
+    const std::lock_guard guard(m_mutex);
+    return refreshed(store);
 }
 
 Stores::Cached& Stores::refreshed(std::string_view store) {

@@ -32,7 +32,7 @@ bool isSettled(const FileStamp& stamp, std::int64_t nowNs);
 /// with
 /// ".lock" or ".aside" is refused with a log line. A file that cannot be read as INI text is like an empty
 /// one, with one log line per content; it is never overwritten: the next write moves it to
-/// "<name>.damaged-<n>". Any thread.
+/// "<name>.damaged-<n>". Any thread; a read never waits for a write that is on its way to a slow disk.
 class Stores {
 public:
     /// patience: how long a write waits for another process that is writing the same store.
@@ -78,6 +78,7 @@ private:
     bool isStoreName(std::string_view store);
     Cached& refreshed(std::string_view store);
     void read(Cached& cached, std::string_view store);
+    Cached copyOfRefreshed(std::string_view store);
     bool write(std::string_view section, std::string_view key, std::string_view value,
                std::string_view store);
     bool moveDamagedAside(std::string_view store);
@@ -87,7 +88,8 @@ private:
     HostLog& m_log;
     std::chrono::milliseconds m_patience;
     std::function<std::int64_t()> m_nowNs;
-    std::mutex m_mutex;
+    std::mutex m_writing; ///< taken before m_mutex; held while a write lasts, the disk's time included
+    std::mutex m_mutex;   ///< of m_cache
     std::map<std::string, Cached, std::less<>> m_cache;
 };
 

@@ -27,14 +27,17 @@ void checkWhole(SimConfig& config, const SimSetting& setting) {
 }
 
 void checkSetting(SimConfig& config, const IniText& ini, const SimSetting& setting) {
-    const double real = config.getDouble(setting);
-    require(inRange(real, setting), "a setting lies in its range");
-    require(config.getDouble(setting) == real, "a setting reads the same every time");
-
+    const double value = config.getDouble(setting);
     const auto stored = ini.value(setting.section, setting.key);
-    const auto number = stored ? simhost::number(*stored) : std::nullopt;
+    if (!stored) {
+        require(value == setting.defaultValue, "a setting that is not there has its default");
+        return;
+    }
+    const auto number = simhost::number(*stored);
     const bool usable = number && inRange(*number, setting);
-    require(real == (usable ? *number : setting.defaultValue), "a setting is what is stored, or its default");
+    require(value == (usable ? *number : setting.defaultValue),
+            "a setting is what is stored, or its default");
+    require(config.getDouble(setting) == value, "a setting reads the same every time");
     checkWhole(config, setting);
 }
 

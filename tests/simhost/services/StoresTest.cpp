@@ -1,7 +1,7 @@
 #include "simhost/services/Stores.h"
 
 #include "TempFolder.h"
-#include "simhost/services/FileLock.h"
+#include "base/FileLock.h"
 
 #include <gmock/gmock.h>
 
@@ -247,7 +247,7 @@ TEST(Stores, WhatAKilledWriterLeftAsideDoesNoHarm) {
 TEST(Stores, AWriteGivesUpWhenAnotherHoldsTheLock) {
     Rig rig;
     rig.folder.write("S.INI", "[A]\nk=1\n");
-    const FileLock lock(rig.folder / "S.INI.lock", std::chrono::seconds(0));
+    const ocuva::FileLock lock(rig.folder / "S.INI.lock", std::chrono::seconds(0));
     ASSERT_TRUE(lock.held());
     Stores hasty(rig.folder.path(), rig.log, std::chrono::milliseconds(0));
     EXPECT_FALSE(hasty.setString("A", "k", "2", "S.INI"));

@@ -1,4 +1,4 @@
-#include "simhost/services/FileLock.h"
+#include "base/FileLock.h"
 
 #include <system_error>
 #include <thread>
@@ -13,7 +13,7 @@
 #include <unistd.h>
 #endif
 
-namespace simhost {
+namespace ocuva {
 
 namespace {
 
@@ -91,4 +91,4 @@ FileLock::~FileLock() {
 
 #endif
 
-} // namespace simhost
+} // namespace ocuva

@@ -5,7 +5,7 @@
 #include <filesystem>
 #include <string>
 
-namespace simhost {
+namespace ocuva {
 
 /// Holds an exclusive advisory lock on a file from construction to destruction. The system frees the lock of
 /// a process that dies. The file is made where needed and stays: removing it would let two holders in.
@@ -32,4 +32,4 @@ private:
     std::string m_problem;
 };
 
-} // namespace simhost
+} // namespace ocuva

@@ -1,0 +1,70 @@
+#include "base/FileRotation.h"
+
+#include "base/FileLock.h"
+
+#include <string>
+#include <system_error>
+
+namespace ocuva {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::path withEnding(const fs::path& file, const std::string& ending) {
+    fs::path result = file;
+    result += ending;
+    return result;
+}
+
+fs::path numbered(const fs::path& file, int number) { return withEnding(file, '.' + std::to_string(number)); }
+
+/// From the first gap on nothing needs to move: one is there when a process was killed between two moves.
+int firstFree(const fs::path& file, int kept) {
+    std::error_code error;
+    int number = 1;
+    while (number < kept && fs::exists(numbered(file, number), error)) {
+        ++number;
+    }
+    return number;
+}
+
+void moveOn(const fs::path& file, int kept) {
+    std::error_code error;
+    for (int number = firstFree(file, kept); number > 1; --number) {
+        fs::rename(numbered(file, number - 1), numbered(file, number), error);
+        if (error) {
+            return;
+        }
+    }
+    fs::rename(file, numbered(file, 1), error);
+}
+
+} // namespace
+
+bool isFull(const fs::path& file, std::uintmax_t addedBytes, const FileLimit& limit) {
+    std::error_code error;
+    if (const fs::file_status status = fs::status(file, error); !fs::is_regular_file(status)) {
+        return false;
+    }
+    const std::uintmax_t size = fs::file_size(file, error);
+    return !error && size > 0 && size + addedBytes > limit.maxBytes;
+}
+
+void rotateWhenFull(const fs::path& file, std::uintmax_t addedBytes, const FileLimit& limit) {
+    if (!isFull(file, addedBytes, limit)) {
+        return;
+    }
+    std::error_code error;
+    const fs::path real = fs::canonical(file, error);
+    if (error) {
+        return;
+    }
+    const FileLock lock(withEnding(real, ".lock"), std::chrono::milliseconds(0));
+    // Whoever held the lock a moment ago has moved the file already.
+    if (lock.held() && isFull(real, addedBytes, limit)) {
+        moveOn(real, limit.kept);
+    }
+}
+
+} // namespace ocuva

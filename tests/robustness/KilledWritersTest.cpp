@@ -1,0 +1,128 @@
+// Two processes write the same store and are killed over and over, at any moment.
+#include "Processes.h"
+#include "TempFolder.h"
+#include "simhost/services/Stores.h"
+
+#include <array>
+#include <atomic>
+#include <chrono>
+#include <gmock/gmock.h>
+#include <new>
+#include <random>
+#include <sys/mman.h>
+#include <thread>
+
+using namespace simhost;
+
+namespace {
+
+constexpr int writers = 2;
+constexpr int keys = 12;
+constexpr int kills = 1000;
+
+/// What a writer says of one key, in memory that outlives it.
+struct Said {
+    std::atomic<int> begun = 0;   ///< the write that may be under way
+    std::atomic<int> written = 0; ///< the last one that was acknowledged
+};
+using Board = std::array<std::array<Said, keys>, writers>;
+
+class SharedBoard {
+public:
+    SharedBoard()
+        : m_memory(::mmap(nullptr, sizeof(Board), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0))
+        , m_board(new (m_memory) Board) {}
+    ~SharedBoard() { ::munmap(m_memory, sizeof(Board)); }
+    SharedBoard(const SharedBoard&) = delete;
+    SharedBoard& operator=(const SharedBoard&) = delete;
+    Board& operator*() const { return *m_board; }
+
+private:
+    void* m_memory;
+    Board* m_board;
+};
+
+std::string keyOf(int writer, int key) { return "w" + std::to_string(writer) + "-" + std::to_string(key); }
+
+/// Values of changing length that show what number they belong to and whether they are whole.
+std::string valueOf(int number) {
+    return std::to_string(number) + ":" + std::string(static_cast<std::size_t>(number % 97), 'x') + "!";
+}
+
+constexpr std::chrono::seconds longPatience{120};
+
+bool writeForever(const TempFolder& folder, std::array<Said, keys>& said, int writer) {
+    HostLog log(folder / "log");
+    Stores stores(folder.path(), log, longPatience);
+    for (int round = 0;; ++round) {
+        Said& mine = said[static_cast<std::size_t>(round % keys)];
+        const int number = mine.written + 1;
+        mine.begun = number;
+        if (!stores.setString("Shared", keyOf(writer, round % keys), valueOf(number), "S.INI")) {
+            return false;
+        }
+        mine.written = number;
+    }
+}
+
+/// Every key holds a whole value, no older than what was acknowledged before the look and no newer than what
+/// was begun by its end.
+void expectNothingLostOrTorn(const TempFolder& folder, const Board& board) {
+    std::array<std::array<int, keys>, writers> atLeast{};
+    for (std::size_t writer = 0; writer < writers; ++writer) {
+        for (std::size_t key = 0; key < keys; ++key) {
+            atLeast[writer][key] = board[writer][key].written;
+        }
+    }
+    HostLog log(folder / "log");
+    Stores stores(folder.path(), log, longPatience);
+    for (std::size_t writer = 0; writer < writers; ++writer) {
+        for (std::size_t key = 0; key < keys; ++key) {
+            const std::string name = keyOf(static_cast<int>(writer), static_cast<int>(key));
+            const ocuva::Long number = stores.getInt("Shared", name, 0, "S.INI");
+            const std::string text = stores.getString("Shared", name, "", "S.INI");
+            // Between the two looks a writer that lives may have written once more.
+            const int textNumber = text.empty() ? 0 : std::stoi(text);
+            ASSERT_EQ(text, textNumber == 0 ? "" : valueOf(textNumber));
+            ASSERT_GE(number, atLeast[writer][key]) << name;
+            ASSERT_GE(textNumber, number) << name;
+            ASSERT_LE(textNumber, board[writer][key].begun) << name;
+        }
+    }
+}
+
+} // namespace
+
+TEST(KilledWriters, AThousandKillsLoseAndTearNothingThatWasAcknowledged) {
+    const TempFolder folder;
+    const SharedBoard shared;
+    Board& board = *shared;
+    const auto start = [&folder, &board](std::size_t writer) {
+        return startProcess([&folder, &board, writer] {
+            return writeForever(folder, board[writer], static_cast<int>(writer));
+        });
+    };
+    std::mt19937 random(20261);
+    std::uniform_int_distribution<int> waitUs(0, 4000);
+    std::array<pid_t, writers> running = {start(0), start(1)};
+    for (int n = 0; n < kills && !HasFatalFailure(); ++n) {
+        std::this_thread::sleep_for(std::chrono::microseconds(waitUs(random)));
+        const std::size_t victim = random() % writers;
+        killProcess(running[victim]);
+        expectNothingLostOrTorn(folder, board);
+        running[victim] = start(victim);
+    }
+    for (const pid_t writer : running) {
+        killProcess(writer);
+    }
+    expectNothingLostOrTorn(folder, board);
+
+    int acknowledged = 0;
+    for (const auto& said : board) {
+        for (const Said& key : said) {
+            acknowledged += key.written;
+        }
+    }
+    EXPECT_GT(acknowledged, kills / 10) << "the writers were hardly ever in the middle of a write";
+    EXPECT_FALSE(folder.has("log")) << folder.read("log");
+}
