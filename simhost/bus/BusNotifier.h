@@ -30,6 +30,9 @@ public:
     void Subscribe(const std::string& filter) override;
     void Send(const std::string& component, const std::string& subComponent, const std::string& id) override;
 
+    /// Whether messages can reach this notifier; false after a Subscribe that found no way.
+    bool isListening() const { return m_server.isListening(); }
+
     /// As Send. Result: how many peers took the message, whether or not their filters let it through.
     int send(const BusMessage& message) { return m_sender.send(message, m_peerName); }
 

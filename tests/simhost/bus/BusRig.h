@@ -89,8 +89,6 @@ struct Listener {
 /// A program at the far end of the bus.
 class OtherProcess {
 public:
-    OtherProcess(const char* what, const fs::path& folder, const std::string& argument)
-        : OtherProcess(BUS_PEER_PROGRAM, {what, folder.string(), argument}) {}
     OtherProcess(const char* program, const std::vector<std::string>& arguments,
                  const QProcessEnvironment& environment = QProcessEnvironment::systemEnvironment()) {
         QStringList words;

@@ -13,6 +13,12 @@ namespace simhost {
 
 namespace {
 
+/// The program bus_peer.
+struct FarEnd : OtherProcess {
+    FarEnd(const char* what, const fs::path& folder, const std::string& argument)
+        : OtherProcess(BUS_PEER_PROGRAM, {what, folder.string(), argument}) {}
+};
+
 const std::string wakeUpHeard = "TN_OCUVA_SERVER||OCUVA_WAKEUP";
 
 // ---- within one process ----
@@ -268,14 +274,14 @@ TEST(MessageBusProcesses, CarryMessagesBothWays) {
     Place place;
     MessageBus bus = place.makeBus();
     Listener here(bus, "DST_APP=TN_OCUVA_SERVER");
-    OtherProcess there("listen", place.folder, "DST_APP=TN_OCUVA_SERVER");
+    FarEnd there("listen", place.folder, "DST_APP=TN_OCUVA_SERVER");
     ASSERT_TRUE(there.says("ready"));
     here.notifier->Send("OTHER", "", "not for it");
     here.notifier->Send("TN_OCUVA_SERVER", "s", "OCUVA_SLEEP");
     EXPECT_TRUE(there.says("TN_OCUVA_SERVER|s|OCUVA_SLEEP"));
     EXPECT_EQ(there.said().find("not for it"), std::string::npos);
 
-    OtherProcess caller("name", place.folder, "ocuva_wakeup");
+    FarEnd caller("name", place.folder, "ocuva_wakeup");
     EXPECT_TRUE(caller.says("taken"));
     EXPECT_TRUE(there.says(wakeUpHeard));
     EXPECT_TRUE(eventually([&] { return !here.heard.empty(); }));
@@ -286,7 +292,7 @@ TEST(MessageBusProcesses, KeepTheOrderOfTwoThousandMessagesOfASenderThatEndsAtOn
     Place place;
     MessageBus bus = place.makeBus();
     Listener receiver(bus, "DST_APP=MANY");
-    OtherProcess sender("send", place.folder, "2000");
+    FarEnd sender("send", place.folder, "2000");
     EXPECT_TRUE(eventually([&] { return receiver.heard.size() == 2000; }));
     EXPECT_TRUE(sender.ends());
     for (std::size_t i = 0; i < receiver.heard.size(); ++i) {
@@ -297,7 +303,7 @@ TEST(MessageBusProcesses, KeepTheOrderOfTwoThousandMessagesOfASenderThatEndsAtOn
 TEST(MessageBusProcesses, ForgetAKilledPeerAtTheNextSend) {
     Place place;
     MessageBus bus = place.makeBus();
-    OtherProcess there("listen", place.folder, "");
+    FarEnd there("listen", place.folder, "");
     ASSERT_TRUE(there.says("ready"));
     EXPECT_TRUE(bus.sendByName("OCUVA_WakeUp"));
     ASSERT_TRUE(there.says(wakeUpHeard));
@@ -313,7 +319,7 @@ TEST(MessageBusProcesses, ForgetAKilledPeerAtTheNextSend) {
 TEST(MessageBusProcesses, ForgetAKilledPeerTheyWereNeverConnectedTo) {
     Place place;
     MessageBus bus = place.makeBus();
-    OtherProcess there("listen", place.folder, "");
+    FarEnd there("listen", place.folder, "");
     ASSERT_TRUE(there.says("ready"));
     there.process().kill();
     ASSERT_TRUE(there.ends());
@@ -326,7 +332,7 @@ TEST(MessageBusProcesses, ForgetAKilledPeerTheyWereNeverConnectedTo) {
 TEST(MessageBusProcesses, AreNotHeldUpByAPeerThatStopsReading) {
     Place place;
     MessageBus bus = place.makeBus();
-    OtherProcess stopped("listen", place.folder, "");
+    FarEnd stopped("listen", place.folder, "");
     ASSERT_TRUE(stopped.says("ready"));
     Listener sender(bus);
     Listener receiver(bus);
@@ -395,7 +401,7 @@ TEST(MessageBusFolder, MayHaveAnyNameAndBeDeep) {
     }
     MessageBus bus = place.makeBus();
     Listener receiver(bus);
-    OtherProcess caller("name", place.folder, "OCUVA_WakeUp");
+    FarEnd caller("name", place.folder, "OCUVA_WakeUp");
     EXPECT_TRUE(caller.says("taken"));
     EXPECT_TRUE(eventually([&] { return !receiver.heard.empty(); }));
     EXPECT_EQ(receiver.heard, std::vector<std::string>{wakeUpHeard});
