@@ -1,5 +1,7 @@
 #include "simhost/picture/BlurKernels.h"
 
+#include "simhost/picture/VectorClones.h"
+
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -68,8 +70,9 @@ constexpr std::uint16_t scaled(std::uint16_t value, std::uint16_t weight) {
 // A radius known to the compiler unrolls the taps and keeps the sum in registers. Each product drops half a
 // unit on average; the sum starts with what they drop together.
 template <int Radius>
-void convolveRadius(const std::uint16_t* __restrict from, std::ptrdiff_t stride, const std::uint16_t* weights,
-                    std::uint16_t* __restrict out, int count) {
+SIMHOST_VECTOR_CLONES void convolveRadius(const std::uint16_t* __restrict from, std::ptrdiff_t stride,
+                                          const std::uint16_t* weights, std::uint16_t* __restrict out,
+                                          int count) {
     std::array<std::uint16_t, Radius + 1> w{};
     std::copy_n(weights, Radius + 1, w.begin());
     for (int i = 0; i < count; ++i) {
@@ -82,8 +85,8 @@ void convolveRadius(const std::uint16_t* __restrict from, std::ptrdiff_t stride,
     }
 }
 
-void convolveWide(const std::uint16_t* __restrict from, std::ptrdiff_t stride, const Kernel& kernel,
-                  std::uint16_t* __restrict out, int count) {
+SIMHOST_VECTOR_CLONES void convolveWide(const std::uint16_t* __restrict from, std::ptrdiff_t stride,
+                                        const Kernel& kernel, std::uint16_t* __restrict out, int count) {
     for (int i = 0; i < count; ++i) {
         out[i] = static_cast<std::uint16_t>(scaled(from[i], kernel.weights[0]) + (kernel.radius + 1) / 2);
     }
@@ -130,8 +133,9 @@ void convolve(const std::uint16_t* from, std::ptrdiff_t stride, const Kernel& ke
     }
 }
 
-void weighThree(const std::uint16_t* __restrict from, std::ptrdiff_t stride,
-                const std::uint16_t (&weights)[3], std::uint16_t* __restrict out, int count) {
+SIMHOST_VECTOR_CLONES void weighThree(const std::uint16_t* __restrict from, std::ptrdiff_t stride,
+                                      const std::uint16_t (&weights)[3], std::uint16_t* __restrict out,
+                                      int count) {
     const std::uint16_t before = weights[0];
     const std::uint16_t at = weights[1];
     const std::uint16_t after = weights[2];

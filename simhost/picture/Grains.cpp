@@ -1,6 +1,7 @@
 #include "simhost/picture/Grains.h"
 
 #include "simhost/picture/Hash.h"
+#include "simhost/picture/VectorClones.h"
 
 #include <algorithm>
 #include <array>
@@ -13,9 +14,6 @@ namespace {
 constexpr int kBlock = 16;             // samples; grains are culled per block
 constexpr float kJitter = 0.46F;       // of a cell; below one half no two grains can coincide
 constexpr float kWeightSpread = 0.20F; // of a cell squared
-// Boundaries are etched a little by polishing: a dark line about this wide, fainter where the hash says so.
-constexpr float kBoundaryWidth = 1.1F;
-constexpr float kBoundaryDepth = 0.42F;
 
 MineralId pick(const std::vector<Share>& shares, float chance) {
     float total = 0.0F;
@@ -66,13 +64,6 @@ Grain makeGrain(const Mosaic& mosaic, std::int64_t column, std::int64_t row, con
 
 constexpr float kNoGap = 3e38F;
 
-float boundaryWidth(float footprint) { return kBoundaryWidth + 0.5F * footprint; }
-
-// Neighbours are at most some three cells apart, so where powers differ by more no edge is near.
-float nearGap(const Mosaic& mosaic, float footprint) {
-    return 6.0F * static_cast<float>(mosaic.cell) * boundaryWidth(footprint);
-}
-
 struct Bounds {
     float lowX, highX, lowY, highY;
 };
@@ -97,7 +88,7 @@ struct Block {
 constexpr float lesser(float a, float b) { return a < b ? a : b; }
 constexpr float greater(float a, float b) { return a > b ? a : b; }
 
-Bounds boundsOf(const Block& block) {
+SIMHOST_VECTOR_CLONES Bounds boundsOf(const Block& block) {
     // Column by column first: independent lanes.
     const auto size = static_cast<std::size_t>(block.size());
     const auto width = static_cast<std::size_t>(block.columns);
@@ -123,37 +114,71 @@ Bounds boundsOf(const Block& block) {
             *std::max_element(highY.begin(), highY.begin() + width)};
 }
 
-// Grains that can be first or second anywhere in the bounds: those not farther at best than two others at
-// worst.
-void candidatesIn(const std::vector<Grain>& grains, const Bounds& bounds,
-                  std::vector<std::int32_t>& candidates, std::vector<float>& nearest) {
+// The places of some grains in lanes of their own, to look at many at once.
+struct Candidates {
+    std::vector<std::int32_t> number;
+    std::vector<float> x, y, weight;
+    void clear() {
+        number.clear();
+        x.clear();
+        y.clear();
+        weight.clear();
+    }
+    void add(std::int32_t grainNumber, float grainX, float grainY, float grainWeight) {
+        number.push_back(grainNumber);
+        x.push_back(grainX);
+        y.push_back(grainY);
+        weight.push_back(grainWeight);
+    }
+};
+
+// Powers of each grain at the nearest and at the farthest place of the bounds.
+SIMHOST_VECTOR_CLONES void reachOf(const Candidates& grains, const Bounds& bounds, float* __restrict nearest,
+                                   float* __restrict farthest) {
+    const auto [lowX, highX, lowY, highY] = bounds;
+    const float* __restrict x = grains.x.data();
+    const float* __restrict y = grains.y.data();
+    const float* __restrict weight = grains.weight.data();
+    const std::size_t count = grains.number.size();
+    for (std::size_t i = 0; i < count; ++i) {
+        const float farX = greater(highX - x[i], x[i] - lowX);
+        const float farY = greater(highY - y[i], y[i] - lowY);
+        const float nearX = greater(greater(lowX - x[i], x[i] - highX), 0.0F);
+        const float nearY = greater(greater(lowY - y[i], y[i] - highY), 0.0F);
+        nearest[i] = nearX * nearX + nearY * nearY - weight[i];
+        farthest[i] = farX * farX + farY * farY - weight[i];
+    }
+}
+
+// Room for the work on one tile.
+struct Reach {
+    std::vector<float> nearest, farthest;
+};
+
+// Of these grains those that can be first or second anywhere in the bounds: not farther at best than two
+// others at worst.
+void candidatesIn(const Candidates& grains, const Bounds& bounds, Reach& reach, Candidates& candidates) {
+    const std::size_t count = grains.number.size();
+    reach.nearest.resize(count);
+    reach.farthest.resize(count);
+    reachOf(grains, bounds, reach.nearest.data(), reach.farthest.data());
     float worst = 3e38F;
     float secondWorst = 3e38F;
-    nearest.resize(grains.size());
-    for (std::size_t i = 0; i < grains.size(); ++i) {
-        const Grain& grain = grains[i];
-        const float farX = std::max(bounds.highX - grain.x, grain.x - bounds.lowX);
-        const float farY = std::max(bounds.highY - grain.y, grain.y - bounds.lowY);
-        const float nearX = std::max({bounds.lowX - grain.x, grain.x - bounds.highX, 0.0F});
-        const float nearY = std::max({bounds.lowY - grain.y, grain.y - bounds.highY, 0.0F});
-        nearest[i] = nearX * nearX + nearY * nearY - grain.weight;
-        const float farthest = farX * farX + farY * farY - grain.weight;
-        secondWorst = std::min(secondWorst, std::max(farthest, worst));
-        worst = std::min(worst, farthest);
+    for (const float farthest : reach.farthest) {
+        secondWorst = lesser(secondWorst, greater(farthest, worst));
+        worst = lesser(worst, farthest);
     }
     candidates.clear();
-    for (std::size_t i = 0; i < grains.size(); ++i) {
-        if (nearest[i] <= secondWorst) {
-            candidates.push_back(static_cast<std::int32_t>(i));
+    for (std::size_t i = 0; i < count; ++i) {
+        if (reach.nearest[i] <= secondWorst) {
+            candidates.add(grains.number[i], grains.x[i], grains.y[i], grains.weight[i]);
         }
     }
 }
 
-void compete(Block& block, const Grain& grain, std::uint32_t place, std::uint32_t placeMask) {
+SIMHOST_VECTOR_CLONES void compete(Block& block, float gx, float gy, float weight, std::uint32_t place,
+                                   std::uint32_t placeMask) {
     const int size = block.size();
-    const float gx = grain.x;
-    const float gy = grain.y;
-    const float weight = grain.weight;
     const float* __restrict x = block.x.data();
     const float* __restrict y = block.y.data();
     float* __restrict best = block.best.data();
@@ -170,141 +195,75 @@ void compete(Block& block, const Grain& grain, std::uint32_t place, std::uint32_
 }
 
 // Returns the mask of the bits that hold a candidate's place.
-std::uint32_t settle(Block& block, const std::vector<Grain>& grains,
-                     const std::vector<std::int32_t>& candidates) {
-    const std::uint32_t placeMask = std::bit_ceil(static_cast<std::uint32_t>(candidates.size())) - 1U;
+std::uint32_t settle(Block& block, const Candidates& candidates) {
+    const std::size_t count = candidates.number.size();
+    const std::uint32_t placeMask = std::bit_ceil(static_cast<std::uint32_t>(count)) - 1U;
     block.best.fill(kNoGap);
     block.second.fill(kNoGap);
-    std::uint32_t place = 0;
-    for (const std::int32_t number : candidates) {
-        compete(block, grains[static_cast<std::size_t>(number)], place++, placeMask);
+    for (std::size_t i = 0; i < count; ++i) {
+        compete(block, candidates.x[i], candidates.y[i], candidates.weight[i], static_cast<std::uint32_t>(i),
+                placeMask);
     }
     return placeMask;
 }
 
-void store(const Block& block, const std::vector<std::int32_t>& candidates, std::uint32_t placeMask,
-           GrainMap& map, std::size_t first, int columns) {
-    const auto grainOf = [&](float tagged) {
-        return candidates[std::bit_cast<std::uint32_t>(tagged) & placeMask];
-    };
+SIMHOST_VECTOR_CLONES void store(const Block& block, const std::int32_t* __restrict candidates,
+                                 std::uint32_t placeMask, GrainMap& map, std::size_t first, int columns) {
     for (int r = 0; r < block.rows; ++r) {
         const std::size_t line = first + static_cast<std::size_t>(r) * static_cast<std::size_t>(columns);
+        const float* __restrict best = &block.best[block.indexOf(0, r)];
+        const float* __restrict second = &block.second[block.indexOf(0, r)];
+        std::int32_t* __restrict owner = &map.owner[line];
+        std::int32_t* __restrict neighbour = &map.neighbour[line];
+        float* __restrict gap = &map.gap[line];
         for (int c = 0; c < block.columns; ++c) {
-            const std::size_t from = block.indexOf(c, r);
-            const std::size_t to = line + static_cast<std::size_t>(c);
-            map.owner[to] = grainOf(block.best[from]);
-            map.neighbour[to] = grainOf(block.second[from]);
-            map.gap[to] = block.second[from] - block.best[from];
+            owner[c] = candidates[std::bit_cast<std::uint32_t>(best[c]) & placeMask];
+            neighbour[c] = candidates[std::bit_cast<std::uint32_t>(second[c]) & placeMask];
+            gap[c] = second[c] - best[c];
         }
     }
 }
 
-void mapBlock(const std::vector<Grain>& grains, const std::vector<float>& qx, const std::vector<float>& qy,
-              int columns, std::size_t first, Block& block, GrainMap& map) {
+void load(const std::vector<float>& qx, const std::vector<float>& qy, int columns, std::size_t first,
+          Block& block) {
     for (int r = 0; r < block.rows; ++r) {
         const std::size_t line = first + static_cast<std::size_t>(r) * static_cast<std::size_t>(columns);
         std::copy_n(&qx[line], block.columns, &block.x[r * block.columns]);
         std::copy_n(&qy[line], block.columns, &block.y[r * block.columns]);
     }
-    std::vector<std::int32_t> candidates;
-    std::vector<float> nearest;
-    candidatesIn(grains, boundsOf(block), candidates, nearest);
-    const std::uint32_t placeMask = settle(block, grains, candidates);
-    store(block, candidates, placeMask, map, first, columns);
 }
 
-// Light and dark stripes of uneven width with soft flanks, counted from the grain's own place so that they do
-// not depend on the grid.
-float lamella(const Grain& grain, float x, float y, float footprint) {
-    const float across = (x - grain.x) * grain.lamellaX + (y - grain.y) * grain.lamellaY + 64.0F;
-    const auto number = static_cast<std::int32_t>(across);
-    const float phase = across - static_cast<float>(number);
-    const float width = 0.12F + 0.33F * unitFloat(mix(grain.hash + static_cast<std::uint32_t>(number)));
-    const float slope = std::abs(grain.lamellaX) + std::abs(grain.lamellaY); // about 1 / pitch
-    const float soft = 0.05F + 0.7F * footprint * slope;
-    const float offset = phase < 0.5F ? 0.5F - phase : phase - 0.5F; // 0 in the middle of a light stripe
-    const float part = coverage(width - offset, soft);
-    const float fade = soft > 0.6F ? 0.0F : 1.0F;
-    return 1.0F + grain.lamellaContrast * fade * (part - 0.57F);
-}
-
-class Shader {
-public:
-    Shader(const std::vector<Grain>& grains, const Relief& relief, const ColourPlanes* aggregates)
-        : m_grains(grains)
-        , m_relief(relief)
-        , m_aggregates(aggregates) {}
-
-    Rgb colour(std::int32_t number, std::size_t at) const {
-        const Grain& grain = m_grains[static_cast<std::size_t>(number)];
-        if (grain.aggregate && m_aggregates != nullptr) {
-            return m_aggregates->at(at);
-        }
-        float light = 1.0F + grain.texture * m_relief.texture[at];
-        if (grain.lamellaContrast > 0.0F) {
-            light *= lamella(grain, m_relief.straightX[at], m_relief.straightY[at], m_relief.footprint);
-        }
-        return grain.colour * light;
+Candidates lanesOf(const std::vector<Grain>& grains) {
+    Candidates lanes;
+    std::int32_t number = 0;
+    for (const Grain& grain : grains) {
+        lanes.add(number++, grain.x, grain.y, grain.weight);
     }
+    return lanes;
+}
 
-    // Runs of one grain away from its edge: plain multiplication, the bulk of every picture.
-    void run(std::int32_t number, std::size_t begin, std::size_t end, ColourPlanes& out) const {
-        const Grain& grain = m_grains[static_cast<std::size_t>(number)];
-        if (grain.aggregate && m_aggregates != nullptr) {
-            std::copy(&m_aggregates->r[begin], &m_aggregates->r[begin] + (end - begin), &out.r[begin]);
-            std::copy(&m_aggregates->g[begin], &m_aggregates->g[begin] + (end - begin), &out.g[begin]);
-            std::copy(&m_aggregates->b[begin], &m_aggregates->b[begin] + (end - begin), &out.b[begin]);
-            return;
-        }
-        const float* texture = m_relief.texture.data();
-        const Rgb base = grain.colour;
-        const float strength = grain.texture;
-        for (std::size_t i = begin; i < end; ++i) {
-            const float light = 1.0F + strength * texture[i];
-            out.r[i] = base.r * light;
-            out.g[i] = base.g * light;
-            out.b[i] = base.b * light;
-        }
-        if (grain.lamellaContrast > 0.0F) {
-            for (std::size_t i = begin; i < end; ++i) {
-                const float light =
-                    lamella(grain, m_relief.straightX[i], m_relief.straightY[i], m_relief.footprint);
-                out.r[i] *= light;
-                out.g[i] *= light;
-                out.b[i] *= light;
+// Runs end with the row, and where owner or neighbour changes.
+void findRuns(GrainMap& map, int columns) {
+    const auto width = static_cast<std::size_t>(columns);
+    for (std::size_t line = 0; line < map.owner.size(); line += width) {
+        for (std::size_t begin = line; begin < line + width;) {
+            const std::int32_t owner = map.owner[begin];
+            const std::int32_t neighbour = map.neighbour[begin];
+            std::size_t end = begin + 1;
+            while (end < line + width && map.owner[end] == owner && map.neighbour[end] == neighbour) {
+                ++end;
             }
+            map.runs.push_back({begin, end, owner, neighbour});
+            begin = end;
         }
     }
+}
 
-    // At an edge the two grains share the sample, and the etched boundary darkens both.
-    void edge(std::int32_t owner, std::int32_t neighbour, float gap, std::size_t at,
-              ColourPlanes& out) const {
-        const Grain& a = m_grains[static_cast<std::size_t>(owner)];
-        const Grain& b = m_grains[static_cast<std::size_t>(neighbour)];
-        // In a power mosaic the distance to the common edge is the difference of powers over twice the
-        // distance of the two grains: exact, and linear up to the edge.
-        const float apart2 = (a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y);
-        const float width = boundaryWidth(m_relief.footprint);
-        if (gap * gap >= 4.0F * apart2 * width * width) {
-            return;
-        }
-        const float distance = gap / (2.0F * std::sqrt(apart2) + 1e-3F);
-        const std::uint32_t pair = a.hash ^ b.hash;
-        const float part = distance < width ? 1.0F - distance / width : 0.0F;
-        // The line is wider than it is when a sample is coarse, so it is fainter in proportion.
-        const float depth =
-            kBoundaryDepth * (0.25F + 0.75F * unitFloat(mix(pair))) * (kBoundaryWidth / width);
-        const Rgb own = colour(owner, at);
-        const float cover = coverage(distance, m_relief.footprint);
-        const Rgb blend = cover < 1.0F ? mixed(colour(neighbour, at), own, cover) : own;
-        out.set(at, blend * (1.0F - depth * part));
-    }
-
-private:
-    const std::vector<Grain>& m_grains;
-    const Relief& m_relief;
-    const ColourPlanes* m_aggregates;
-};
+Bounds boundsOf(const std::vector<float>& qx, const std::vector<float>& qy) {
+    const auto [lowX, highX] = std::minmax_element(qx.begin(), qx.end());
+    const auto [lowY, highY] = std::minmax_element(qy.begin(), qy.end());
+    return {*lowX, *highX, *lowY, *highY};
+}
 
 } // namespace
 
@@ -334,6 +293,10 @@ GrainMap mapGrains(const std::vector<Grain>& grains, const std::vector<float>& q
     map.neighbour.resize(qx.size());
     map.gap.resize(qx.size(), kNoGap);
     Block block;
+    Reach reach;
+    Candidates inTile;
+    Candidates inBlock;
+    candidatesIn(lanesOf(grains), boundsOf(qx, qy), reach, inTile);
     for (int top = 0; top < rows; top += kBlock) {
         for (int left = 0; left < columns; left += kBlock) {
             if (!mask.wants(left, top)) {
@@ -343,9 +306,13 @@ GrainMap mapGrains(const std::vector<Grain>& grains, const std::vector<float>& q
             block.rows = std::min(kBlock, rows - top);
             const auto first = static_cast<std::size_t>(top) * static_cast<std::size_t>(columns) +
                                static_cast<std::size_t>(left);
-            mapBlock(grains, qx, qy, columns, first, block, map);
+            load(qx, qy, columns, first, block);
+            candidatesIn(inTile, boundsOf(block), reach, inBlock);
+            const std::uint32_t placeMask = settle(block, inBlock);
+            store(block, inBlock.number.data(), placeMask, map, first, columns);
         }
     }
+    findRuns(map, columns);
     return map;
 }
 
@@ -355,40 +322,24 @@ BlockMask aggregateBlocks(const Mosaic& mosaic, const std::vector<Grain>& grains
     mask.across = (columns + kBlock - 1) / kBlock;
     mask.wanted.resize(static_cast<std::size_t>(mask.across) *
                        static_cast<std::size_t>((rows + kBlock - 1) / kBlock));
-    const float limit = nearGap(mosaic, footprint);
+    const float limit = nearGap(mosaic.cell, footprint);
     const auto isAggregate = [&](std::int32_t number) {
         return grains[static_cast<std::size_t>(number)].aggregate;
     };
-    std::size_t i = 0;
-    for (int r = 0; r < rows; ++r) {
-        for (int c = 0; c < columns; ++c, ++i) {
-            if (isAggregate(map.owner[i]) || (map.gap[i] < limit && isAggregate(map.neighbour[i]))) {
-                mask.wanted[mask.indexOf(c, r)] = 1;
+    for (const GrainRun& run : map.runs) {
+        const bool inside = isAggregate(run.owner);
+        if (!inside && !isAggregate(run.neighbour)) {
+            continue;
+        }
+        const auto row = static_cast<int>(run.begin / static_cast<std::size_t>(columns));
+        const std::size_t line = static_cast<std::size_t>(row) * static_cast<std::size_t>(columns);
+        for (std::size_t i = run.begin; i < run.end; ++i) {
+            if (inside || map.gap[i] < limit) {
+                mask.wanted[mask.indexOf(static_cast<int>(i - line), row)] = 1;
             }
         }
     }
     return mask;
-}
-
-void shadeGrains(const Mosaic& mosaic, const std::vector<Grain>& grains, const GrainMap& map,
-                 const Relief& relief, const ColourPlanes* aggregates, ColourPlanes& out) {
-    const Shader shader(grains, relief, aggregates);
-    const float limit = nearGap(mosaic, relief.footprint);
-    const std::size_t size = map.owner.size();
-    for (std::size_t begin = 0; begin < size;) {
-        const std::int32_t owner = map.owner[begin];
-        std::size_t end = begin + 1;
-        while (end < size && map.owner[end] == owner) {
-            ++end;
-        }
-        shader.run(owner, begin, end, out);
-        for (std::size_t i = begin; i < end; ++i) {
-            if (map.gap[i] < limit) {
-                shader.edge(owner, map.neighbour[i], map.gap[i], i, out);
-            }
-        }
-        begin = end;
-    }
 }
 
 } // namespace simhost

@@ -32,8 +32,17 @@ struct Mosaic {
 };
 std::vector<Grain> collectGrains(const Mosaic& mosaic, const SampleGrid& grid, float reach);
 
+/// Samples of one row that lie in one grain with one nearest neighbour: [begin, end).
+struct GrainRun {
+    std::size_t begin;
+    std::size_t end;
+    std::int32_t owner;
+    std::int32_t neighbour;
+};
+
 /// The grain at each sample and its nearest neighbour.
 struct GrainMap {
+    std::vector<GrainRun> runs; ///< all samples in order
     std::vector<std::int32_t> owner;
     std::vector<std::int32_t> neighbour;
     std::vector<float> gap; ///< difference of their powers, square units, >= 0; 0 on the boundary
@@ -64,11 +73,15 @@ struct Relief {
     float footprint = 1.0F;
 };
 
+/// Edges lie only where the gap is below this: neighbours are at most some three cells apart.
+float nearGap(double cell, float footprint);
+
 /// The blocks in which a mosaic of fine grains shows through aggregates.
 BlockMask aggregateBlocks(const Mosaic& mosaic, const std::vector<Grain>& grains, const GrainMap& map,
                           float footprint, int columns, int rows);
 
-/// Paints a mosaic. `aggregates`, when given, is what shows where a grain is an aggregate.
+/// Paints a mosaic, but for the blocks that the mask leaves out. `aggregates`, when given, is what shows
+/// where a grain is an aggregate.
 void shadeGrains(const Mosaic& mosaic, const std::vector<Grain>& grains, const GrainMap& map,
                  const Relief& relief, const ColourPlanes* aggregates, ColourPlanes& out);
 

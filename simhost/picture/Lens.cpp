@@ -1,5 +1,7 @@
 #include "simhost/picture/Lens.h"
 
+#include "simhost/picture/VectorClones.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -46,13 +48,15 @@ double samplePlace(double pixel, int size, double stage, double unitsPerPixel, i
 
 // Bytes to the canvas. Bytes may point at anything, so the compiler has to be told that they do not point
 // here.
-void widen(const std::uint8_t* __restrict in, std::uint16_t* __restrict out, int count) {
+SIMHOST_VECTOR_CLONES void widen(const std::uint8_t* __restrict in, std::uint16_t* __restrict out,
+                                 int count) {
     for (int i = 0; i < count; ++i) {
         out[i] = static_cast<std::uint16_t>(in[i] << kCanvasBits);
     }
 }
 
-void weighGrey(const TileCache::Tile& tile, std::size_t from, std::uint16_t* __restrict out, int count) {
+SIMHOST_VECTOR_CLONES void weighGrey(const TileCache::Tile& tile, std::size_t from,
+                                     std::uint16_t* __restrict out, int count) {
     const std::uint8_t* __restrict r = &tile.channel[0][from];
     const std::uint8_t* __restrict g = &tile.channel[1][from];
     const std::uint8_t* __restrict b = &tile.channel[2][from];
@@ -312,7 +316,8 @@ std::vector<std::uint16_t> darkening(int size) {
     return out;
 }
 
-void darken(std::uint16_t* pixels, const std::uint16_t* across, std::uint16_t down, int count) {
+SIMHOST_VECTOR_CLONES void darken(std::uint16_t* pixels, const std::uint16_t* across, std::uint16_t down,
+                                  int count) {
     constexpr int drop = kCanvasBits - SensorImage::kFractionBits;
     const auto light = static_cast<std::uint16_t>(65535 - down);
     for (int i = 0; i < count; ++i) {

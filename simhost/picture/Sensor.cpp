@@ -1,6 +1,7 @@
 #include "simhost/picture/Sensor.h"
 
 #include "simhost/picture/Hash.h"
+#include "simhost/picture/VectorClones.h"
 
 #include <algorithm>
 #include <cmath>
@@ -39,7 +40,8 @@ std::vector<std::int16_t> noisePool(double rms) {
     return pool;
 }
 
-void addNoise(const std::uint16_t* light, const std::int16_t* noise, std::int16_t* out, int count) {
+SIMHOST_VECTOR_CLONES void addNoise(const std::uint16_t* light, const std::int16_t* noise, std::int16_t* out,
+                                    int count) {
     for (int i = 0; i < count; ++i) {
         out[i] = static_cast<std::int16_t>(static_cast<std::int16_t>(light[i]) + noise[i]);
     }
@@ -52,15 +54,15 @@ constexpr std::int16_t grey(std::int16_t value) {
     return low < 255 ? low : std::int16_t{255};
 }
 
-void packColour(const std::int16_t* r, const std::int16_t* g, const std::int16_t* b, std::uint32_t* pixels,
-                int count) {
+SIMHOST_VECTOR_CLONES void packColour(const std::int16_t* r, const std::int16_t* g, const std::int16_t* b,
+                                      std::uint32_t* pixels, int count) {
     for (int i = 0; i < count; ++i) {
         pixels[i] = 0xff000000U | static_cast<std::uint32_t>(grey(r[i])) << 16U |
                     static_cast<std::uint32_t>(grey(g[i])) << 8U | static_cast<std::uint32_t>(grey(b[i]));
     }
 }
 
-void packGrey(const std::int16_t* values, std::uint32_t* pixels, int count) {
+SIMHOST_VECTOR_CLONES void packGrey(const std::int16_t* values, std::uint32_t* pixels, int count) {
     for (int i = 0; i < count; ++i) {
         pixels[i] = 0xff000000U | static_cast<std::uint32_t>(grey(values[i])) * 0x010101U;
     }
@@ -108,7 +110,7 @@ void Sensor::exposeRow(const SensorImage& image, int row, std::uint32_t frameSee
     }
 }
 
-void Sensor::adjust(int channels, int width) {
+SIMHOST_VECTOR_CLONES void Sensor::adjust(int channels, int width) {
     constexpr float top = 32000.0F;
     const auto held = [](float value) {
         return static_cast<std::int16_t>(static_cast<std::int32_t>(value > top    ? top

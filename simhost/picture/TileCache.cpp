@@ -1,6 +1,7 @@
 #include "simhost/picture/TileCache.h"
 
 #include "simhost/picture/Hash.h"
+#include "simhost/picture/VectorClones.h"
 
 #include <algorithm>
 #include <cmath>
@@ -8,7 +9,8 @@
 namespace simhost {
 namespace {
 
-void quantise(const float* __restrict from, std::uint8_t* __restrict to, std::size_t count) {
+SIMHOST_VECTOR_CLONES void quantise(const float* __restrict from, std::uint8_t* __restrict to,
+                                    std::size_t count) {
     for (std::size_t i = 0; i < count; ++i) {
         const float value = from[i] + 0.5F;
         const float low = value > 0.0F ? value : 0.0F;

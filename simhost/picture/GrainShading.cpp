@@ -1,0 +1,173 @@
+#include "simhost/picture/Grains.h"
+#include "simhost/picture/Hash.h"
+#include "simhost/picture/VectorClones.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace simhost {
+namespace {
+
+// Boundaries are etched a little by polishing: a dark line about this wide, fainter where the hash says so.
+constexpr float kBoundaryWidth = 1.1F;
+constexpr float kBoundaryDepth = 0.42F;
+
+float boundaryWidth(float footprint) { return kBoundaryWidth + 0.5F * footprint; }
+
+// Light and dark stripes of uneven width with soft flanks, counted from the grain's own place so that they do
+// not depend on the grid.
+struct Lamellae {
+    float x, y, acrossX, acrossY, soft, contrast;
+    std::uint32_t hash;
+
+    Lamellae(const Grain& grain, float footprint)
+        : x(grain.x)
+        , y(grain.y)
+        , acrossX(grain.lamellaX)
+        , acrossY(grain.lamellaY)
+        , soft(0.05F + 0.7F * footprint * (std::abs(grain.lamellaX) + std::abs(grain.lamellaY))) // of a pitch
+        , contrast(soft > 0.6F ? 0.0F : grain.lamellaContrast)
+        , hash(grain.hash) {}
+
+    float light(float px, float py) const {
+        const float across = (px - x) * acrossX + (py - y) * acrossY + 64.0F;
+        const auto number = static_cast<std::int32_t>(across);
+        const float phase = across - static_cast<float>(number);
+        // The upper bits as a signed number, which vectors turn into floats at once.
+        const auto chance = static_cast<std::int32_t>(mix(hash + static_cast<std::uint32_t>(number)) >> 8);
+        const float width = 0.12F + 0.33F * (static_cast<float>(chance) * (1.0F / 16777216.0F));
+        const float offset = phase < 0.5F ? 0.5F - phase : phase - 0.5F; // 0 in the middle of a light stripe
+        return 1.0F + contrast * (coverage(width - offset, soft) - 0.57F);
+    }
+};
+
+struct Planes {
+    float* __restrict r;
+    float* __restrict g;
+    float* __restrict b;
+};
+
+SIMHOST_VECTOR_CLONES void lightPlain(Rgb base, float strength, const float* __restrict texture, Planes out,
+                                      std::size_t count) {
+    float* __restrict r = out.r;
+    float* __restrict g = out.g;
+    float* __restrict b = out.b;
+    for (std::size_t i = 0; i < count; ++i) {
+        const float light = 1.0F + strength * texture[i];
+        r[i] = base.r * light;
+        g[i] = base.g * light;
+        b[i] = base.b * light;
+    }
+}
+
+SIMHOST_VECTOR_CLONES void lightLamellae(const Lamellae& lamellae, const float* __restrict x,
+                                         const float* __restrict y, Planes out, std::size_t count) {
+    const Lamellae own = lamellae;
+    float* __restrict r = out.r;
+    float* __restrict g = out.g;
+    float* __restrict b = out.b;
+    for (std::size_t i = 0; i < count; ++i) {
+        const float light = own.light(x[i], y[i]);
+        r[i] *= light;
+        g[i] *= light;
+        b[i] *= light;
+    }
+}
+
+class Shader {
+public:
+    Shader(const Mosaic& mosaic, const std::vector<Grain>& grains, const Relief& relief,
+           const ColourPlanes* aggregates)
+        : m_grains(grains)
+        , m_relief(relief)
+        , m_aggregates(aggregates)
+        , m_nearGap(nearGap(mosaic.cell, relief.footprint))
+        , m_width(boundaryWidth(relief.footprint)) {}
+
+    // As if there were no edges: plain multiplication, the bulk of every picture.
+    void fill(std::int32_t number, std::size_t begin, std::size_t end, ColourPlanes& out) const {
+        const Grain& grain = m_grains[static_cast<std::size_t>(number)];
+        const std::size_t count = end - begin;
+        if (grain.aggregate && m_aggregates != nullptr) {
+            std::copy_n(&m_aggregates->r[begin], count, &out.r[begin]);
+            std::copy_n(&m_aggregates->g[begin], count, &out.g[begin]);
+            std::copy_n(&m_aggregates->b[begin], count, &out.b[begin]);
+            return;
+        }
+        const Planes planes{&out.r[begin], &out.g[begin], &out.b[begin]};
+        lightPlain(grain.colour, grain.texture, &m_relief.texture[begin], planes, count);
+        if (grain.lamellaContrast > 0.0F) {
+            lightLamellae(Lamellae(grain, m_relief.footprint), &m_relief.straightX[begin],
+                          &m_relief.straightY[begin], planes, count);
+        }
+    }
+
+    // At an edge the two grains share the sample, and the etched boundary darkens both.
+    void edge(const GrainRun& run, const std::vector<float>& gaps, ColourPlanes& out) const {
+        const Grain& a = m_grains[static_cast<std::size_t>(run.owner)];
+        const Grain& b = m_grains[static_cast<std::size_t>(run.neighbour)];
+        // In a power mosaic the distance to the common edge is the difference of powers over twice the
+        // distance of the two grains: exact, and linear up to the edge.
+        const float apart2 = (a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y);
+        const float perUnit = 2.0F * std::sqrt(apart2) + 1e-3F;
+        const float widest = lesser(m_nearGap, perUnit * m_width);
+        // The line is wider than it is when a sample is coarse, so it is fainter in proportion.
+        const float depth =
+            kBoundaryDepth * (0.25F + 0.75F * unitFloat(mix(a.hash ^ b.hash))) * (kBoundaryWidth / m_width);
+        for (std::size_t i = run.begin; i < run.end; ++i) {
+            if (gaps[i] >= widest) {
+                continue;
+            }
+            const float distance = gaps[i] / perUnit;
+            const float cover = coverage(distance, m_relief.footprint);
+            const Rgb own = out.at(i);
+            const Rgb blend = cover < 1.0F ? mixed(colour(b, i), own, cover) : own;
+            out.set(i, blend * (1.0F - depth * (1.0F - distance / m_width)));
+        }
+    }
+
+private:
+    static constexpr float lesser(float a, float b) { return a < b ? a : b; }
+
+    Rgb colour(const Grain& grain, std::size_t at) const {
+        if (grain.aggregate && m_aggregates != nullptr) {
+            return m_aggregates->at(at);
+        }
+        float light = 1.0F + grain.texture * m_relief.texture[at];
+        if (grain.lamellaContrast > 0.0F) {
+            light *=
+                Lamellae(grain, m_relief.footprint).light(m_relief.straightX[at], m_relief.straightY[at]);
+        }
+        return grain.colour * light;
+    }
+
+    const std::vector<Grain>& m_grains;
+    const Relief& m_relief;
+    const ColourPlanes* m_aggregates;
+    float m_nearGap;
+    float m_width;
+};
+
+} // namespace
+
+float nearGap(double cell, float footprint) {
+    return 6.0F * static_cast<float>(cell) * boundaryWidth(footprint);
+}
+
+void shadeGrains(const Mosaic& mosaic, const std::vector<Grain>& grains, const GrainMap& map,
+                 const Relief& relief, const ColourPlanes* aggregates, ColourPlanes& out) {
+    const Shader shader(mosaic, grains, relief, aggregates);
+    for (auto run = map.runs.begin(); run != map.runs.end();) {
+        // One grain's neighbours change along a row, its colour does not.
+        auto next = run + 1;
+        while (next != map.runs.end() && next->owner == run->owner) {
+            ++next;
+        }
+        shader.fill(run->owner, run->begin, (next - 1)->end, out);
+        for (; run != next; ++run) {
+            shader.edge(*run, map.gap, out);
+        }
+    }
+}
+
+} // namespace simhost
