@@ -43,8 +43,8 @@ constexpr std::array<Row, 20> rows{{
 }};
 
 // Commands whose windows or functions are not part of this version yet.
-constexpr std::array unavailable{Command::Open, Command::SaveAs,      Command::Cross,   Command::Grid,
-                                 Command::Move, Command::MicroMarker, Command::Picture, Command::Setup};
+constexpr std::array unavailable{Command::Open, Command::SaveAs, Command::Move, Command::Picture,
+                                 Command::Setup};
 
 } // namespace
 

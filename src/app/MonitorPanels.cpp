@@ -81,13 +81,12 @@ MonitorPanels::MonitorPanels(DisplayWindows& windows, QWidget* parent)
     : frMonitor(new GroupFrame(QStringLiteral("frMonitor"), QString(), parent))
     , frImage(new ImageFrame(frMonitor))
     , milDisp(new MilDisplay(windows, frImage))
-    , frMicroMarker(new QWidget(milDisp)) {
+    , frMicroMarker(new MicroMarkerPanel(milDisp)) {
     frMonitor->setGeometry(toPixels(designMonitor));
     frMonitor->setToolTip(QObject::tr("Click to move the stage to the current position"));
     frImage->setGeometry(toPixels(designImage));
     frImage->setFramed(milDisp);
     milDisp->setGeometry(toPixels(designDisplay));
-    frMicroMarker->setObjectName(QStringLiteral("frMicroMarker"));
     frMicroMarker->setGeometry(toPixels(designMicroMarker));
     frMicroMarker->hide();
 }

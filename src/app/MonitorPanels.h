@@ -3,6 +3,7 @@
 // buttons.
 
 #include "app/GroupFrame.h"
+#include "display/MicroMarkerPanel.h"
 #include "display/MilDisplay.h"
 
 #include <QToolButton>
@@ -46,7 +47,7 @@ public:
     GroupFrame* frMonitor = nullptr;
     ImageFrame* frImage = nullptr;
     MilDisplay* milDisp = nullptr;
-    QWidget* frMicroMarker = nullptr;
+    MicroMarkerPanel* frMicroMarker = nullptr;
 };
 
 } // namespace ocuva

@@ -3,10 +3,15 @@
 #include <QFontMetrics>
 #include <QHBoxLayout>
 #include <QMouseEvent>
+#include <QPainter>
+#include <QStyle>
 
 namespace ocuva {
 
 namespace {
+
+constexpr int lampDiameter = 9;
+constexpr int lampGap = 6;
 
 // A position panel: the axis letter, then the number right-aligned in room for the longest position.
 QWidget* withCaption(StatusPanel* panel, const QString& caption, QWidget* parent) {
@@ -30,6 +35,27 @@ StatusPanel::StatusPanel(const QString& key, const QString& toolTip, QWidget* pa
     setToolTip(toolTip);
     setAccessibleName(toolTip);
     setTextFormat(Qt::PlainText);
+}
+
+void StatusPanel::setLamp(const QColor& colour) {
+    m_lamp = colour;
+    update();
+}
+
+void StatusPanel::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    QRect room = contentsRect();
+    if (m_lamp.isValid()) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(m_lamp.darker(130), 1.0));
+        painter.setBrush(m_lamp);
+        painter.drawEllipse(QRectF(room.left() + 0.5, room.center().y() - lampDiameter / 2 + 0.5,
+                                   lampDiameter - 1, lampDiameter - 1));
+        room.setLeft(room.left() + lampDiameter + lampGap);
+    }
+    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, room.width());
+    style()->drawItemText(&painter, room, static_cast<int>(alignment()), palette(), QWidget::isEnabled(),
+                          shown, foregroundRole());
 }
 
 void StatusPanel::mouseReleaseEvent(QMouseEvent* event) {
@@ -68,6 +94,9 @@ StatusBar::StatusBar(QWidget* parent)
             addWidget(withCaption(panel, key, this));
         } else {
             panel->setContentsMargins(6, 0, 6, 0);
+            // It takes what room there is, and never makes the window wider.
+            panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+            connect(panel, &StatusPanel::clicked, this, &StatusBar::informationClicked);
             addWidget(panel, 1);
         }
     }

@@ -1,6 +1,7 @@
 #pragma once
 // The status bar sbMain: three panels with the stage position, and one for information.
 
+#include <QColor>
 #include <QLabel>
 #include <QStatusBar>
 
@@ -8,12 +9,16 @@
 
 namespace ocuva {
 
-/// One panel; its text is read by its key.
+/// One panel; its text is read by its key. A text that finds no room ends in an ellipsis.
 class StatusPanel final : public QLabel {
     Q_OBJECT
 
 public:
     StatusPanel(const QString& key, const QString& toolTip, QWidget* parent);
+
+    /// A round lamp of that colour before the text.
+    void setLamp(const QColor& colour);
+    const QColor& lamp() const { return m_lamp; }
 
 Q_SIGNALS:
     void clicked();
@@ -22,8 +27,10 @@ Q_SIGNALS:
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
 
 private:
+    QColor m_lamp;              // invalid: none
     bool m_doubleClick = false; // the release that ends a double click is not one more click
 };
 
@@ -39,6 +46,8 @@ public:
 Q_SIGNALS:
     void panelClicked();
     void panelDoubleClicked();
+    /// The information panel, after panelClicked.
+    void informationClicked();
 
 private:
     std::array<StatusPanel*, 4> m_panels{};

@@ -15,7 +15,6 @@ namespace ocuva {
 
 namespace {
 
-constexpr int frameRatePeriodMs = 1000;
 // Twips left free below the panels of the designed window.
 constexpr Long designBottomMargin = 180;
 constexpr Long designWindowWidth = 8190;
@@ -67,6 +66,10 @@ void frmOcuva::makeControls() {
     m_menu = std::make_unique<MainMenu>(*menuBar(), [this](Command command) { run(command); });
     sbMain = new StatusBar(this);
     setStatusBar(sbMain);
+    m_information = new ImageInformation(*sbMain->panel(QStringLiteral("Info")), *m_panels->milDisp, this);
+    m_overlays = std::make_unique<Overlays>(
+        OverlaysContext{*m_panels, *m_menu, *tbMain, m_sizing.fields(), m_magnification, m_conversion,
+                        m_settings, [this] { m_layoutStore.save(tbMain->layoutText()); }});
 
     // The window as designed: what stands around the monitor frame, from the frame's edge to the window's.
     const QRect monitor = m_panels->frMonitor->geometry();
@@ -97,13 +100,14 @@ void frmOcuva::connectControls() {
     }
     connect(m_panels->milDisp, &MilDisplay::mouseMoved, this, &frmOcuva::milDisp_MouseMove);
     connect(m_panels->milDisp, &MilDisplay::mouseUp, this, &frmOcuva::milDisp_MouseUp);
-    connect(m_panels->milDisp, &MilDisplay::frameShown, this, &frmOcuva::frameShown);
+    connect(m_panels->milDisp, &MilDisplay::frameShown, m_information, &ImageInformation::frameShown);
     connect(tStageMove, &QTimer::timeout, this, &frmOcuva::tStageMove_Timer);
     connect(tInitTBMain, &QTimer::timeout, this, &frmOcuva::tInitTBMain_Timer);
     connect(tServerCheckIdle, &QTimer::timeout, this, [this] { m_server->idleTick(); });
     connect(tbMain, &MainToolbar::buttonClicked, this, &frmOcuva::tbMain_ButtonClick);
     connect(tbMain, &MainToolbar::customized, this, [this] { m_layoutStore.save(tbMain->layoutText()); });
     connect(sbMain, &StatusBar::panelClicked, this, [this] { UpdateStagePos(); });
+    connect(sbMain, &StatusBar::informationClicked, this, &frmOcuva::Info_Click);
     connect(sbMain, &StatusBar::panelDoubleClicked, this, [this] { run(Command::Move); });
 }
 
@@ -128,6 +132,7 @@ void frmOcuva::Load() {
 
 void frmOcuva::showStartState() {
     const ViewOptions view = m_settings.readView();
+    m_overlays->showStartState(view);
     if (view.FullImage != 0) {
         mnuZoom_Click();
     }
@@ -178,6 +183,15 @@ void frmOcuva::run(Command command) {
         case Command::Zoom:
             mnuZoom_Click();
             break;
+        case Command::Cross:
+            m_overlays->toggleCross();
+            break;
+        case Command::Grid:
+            m_overlays->toggleGrid();
+            break;
+        case Command::MicroMarker:
+            m_overlays->toggleMicroMarker();
+            break;
         case Command::Backlash:
             mmuBckl_Click();
             break;
@@ -203,7 +217,6 @@ void frmOcuva::tbMain_ButtonClick(const QString& key) {
 
 void frmOcuva::mnuAcq_Click() {
     m_board->GrabToggle(m_image.get());
-    m_rateTimer.invalidate();
     showAcquisition();
 }
 
@@ -278,19 +291,11 @@ void frmOcuva::m_notifier_OnNotify(const Notification& notification) {
     guarded([this, &notification] { m_server->onNotify(notification); });
 }
 
-void frmOcuva::frameShown() {
-    const std::uint64_t shown = m_panels->milDisp->framesShown();
-    if (!m_rateTimer.isValid()) {
-        m_rateTimer.start();
-        m_framesAtRateStart = shown;
-        m_framesPerSecond = 0.0;
-        showInformation();
-    } else if (m_rateTimer.elapsed() >= frameRatePeriodMs) {
-        m_framesPerSecond = static_cast<double>(shown - m_framesAtRateStart) * 1000.0 /
-                            static_cast<double>(m_rateTimer.restart());
-        m_framesAtRateStart = shown;
-        showInformation();
-    }
+void frmOcuva::Info_Click() {
+    guarded([this] {
+        m_image->Refresh();
+        m_information->showGreyLevels(m_image->Mean(), m_image->StdDev());
+    });
 }
 
 void frmOcuva::resizeEvent(QResizeEvent* event) {

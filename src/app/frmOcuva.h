@@ -2,13 +2,16 @@
 // The main window: the live monitor with its frames, menus, toolbar, status bar and timers. It reads its
 // controls, calls an operation of the logic, and shows the answer.
 
+#include "app/ImageInformation.h"
 #include "app/MainMenu.h"
 #include "app/MonitorPanels.h"
+#include "app/Overlays.h"
 #include "app/StatusBar.h"
 #include "app/toolbar/MainToolbar.h"
 #include "app/toolbar/ToolbarLayoutStore.h"
 #include "display/LengthConversion.h"
 #include "display/MonitorSizing.h"
+#include "display/NiceNumber.h"
 #include "display/PointMove.h"
 #include "hostlink/DisplayWindow.h"
 #include "hostlink/Host.h"
@@ -20,7 +23,6 @@
 #include "video/CTnVideoImage.h"
 #include "video/Magnification.h"
 
-#include <QElapsedTimer>
 #include <QMainWindow>
 #include <QTimer>
 
@@ -64,6 +66,12 @@ public:
     void UpdateStagePos() { m_watch.UpdateStagePos(); }
     void ComputeImageSize(bool bInit, Integer nZoom) { m_sizing.ComputeImageSize(bInit, nZoom); }
     void ResizeAll(bool bResizeForm) { m_sizing.ResizeAll(bResizeForm); }
+    void DrawCross(Long centreY, Long centreX) { m_overlays->DrawCross(centreY, centreX); }
+    void ShowCross(bool bShow) { m_overlays->ShowCross(bShow); }
+    void DrawGrid(Long centreY, Long centreX) { m_overlays->DrawGrid(centreY, centreX); }
+    void ShowGrid(bool bShow) { m_overlays->ShowGrid(bShow); }
+    void DrawMicroMarker() { m_overlays->DrawMicroMarker(); }
+    static Integer ComputeNearScaleVal(Integer value) { return nearScaleValue(value); }
     /// Moves the stage so that the clicked point comes to the reference point; lengths in twips.
     void moveToPoint(const ClickOnImage& click);
     void DoFocus() override;
@@ -88,6 +96,7 @@ public:
 
     const MainMenu& menu() const { return *m_menu; }
     const MonitorPanels& panels() const { return *m_panels; }
+    const Overlays& overlays() const { return *m_overlays; }
     const UpDownPanel& upDown() const { return *m_upDown; }
 
 protected:
@@ -118,7 +127,7 @@ private:
     void mmuBckl_Click();
     void mnuFocus_Click();
     void mnuAbout_Click();
-    void frameShown();
+    void Info_Click();
     void exitOperation();
 
     /// Runs a handler; an error that leaves it is shown by the general error report.
@@ -172,14 +181,13 @@ private:
     std::unique_ptr<MainMenu> m_menu;
     std::unique_ptr<MonitorPanels> m_panels;
     std::unique_ptr<UpDownPanel> m_upDown;
+    std::unique_ptr<Overlays> m_overlays;
+    ImageInformation* m_information = nullptr;
 
     bool m_normalZoom = false; // the mark of "&Normal (1:1)"; not set at start, where the divisor is 2
     bool m_vgaMouse = false;   // taken once at start
     bool m_loaded = false;
     bool m_exiting = false;
-    QElapsedTimer m_rateTimer;
-    std::uint64_t m_framesAtRateStart = 0;
-    double m_framesPerSecond = 0.0;
 };
 
 } // namespace ocuva

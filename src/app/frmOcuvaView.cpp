@@ -75,12 +75,17 @@ void frmOcuva::setWindowSize(Long width, Long height) { resize(pixelsX(width), p
 
 Long frmOcuva::displayHandle() const { return m_panels->milDisp->hWnd(); }
 
-void frmOcuva::redrawOverlays(Long /*centreY*/, Long /*centreX*/) {}
+void frmOcuva::redrawOverlays(Long centreY, Long centreX) {
+    DrawCross(centreY, centreX);
+    DrawGrid(centreY, centreX);
+    DrawMicroMarker();
+}
 
 void frmOcuva::refreshState() {
     UpdateStagePos();
     showZoom();
     showAcquisition();
+    m_information->showMagnification(m_settings.readVideoMag());
 }
 
 void frmOcuva::showAcquisition() {
@@ -97,13 +102,7 @@ void frmOcuva::showZoom() {
 }
 
 void frmOcuva::showInformation() {
-    QString text = tr("Still");
-    if (m_board != nullptr && m_board->IsGrabbing()) {
-        text =
-            m_framesPerSecond > 0.0 ? tr("Live, %1 frames/s").arg(m_framesPerSecond, 0, 'f', 1) : tr("Live");
-    }
-    sbMain->panel(QStringLiteral("Info"))
-        ->setText(text + QStringLiteral("   ") + (m_normalZoom ? tr("1:1") : tr("1:2")));
+    m_information->show({m_board != nullptr && m_board->IsGrabbing(), m_sizing.fields().GrabZoom});
 }
 
 void frmOcuva::changeEvent(QEvent* event) {

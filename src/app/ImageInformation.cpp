@@ -1,0 +1,113 @@
+#include "app/ImageInformation.h"
+
+#include <QDateTime>
+#include <QStringList>
+
+namespace ocuva {
+
+namespace {
+
+// A lamp says it at a glance, the text beside it says it to everybody.
+const QColor lampLive(38, 166, 91);
+const QColor lampStill(140, 140, 140);
+const QColor lampStopped(224, 60, 49);
+
+} // namespace
+
+ImageInformation::ImageInformation(StatusPanel& panel, const MilDisplay& display, QObject* parent)
+    : QObject(parent)
+    , m_panel(panel)
+    , m_display(display) {
+    m_tLiveCheck.setObjectName(QStringLiteral("tLiveCheck"));
+    m_tLiveCheck.setParent(this);
+    m_tLiveCheck.setSingleShot(true);
+    connect(&m_tLiveCheck, &QTimer::timeout, this, &ImageInformation::checkLive);
+    m_clock.start();
+    showText();
+}
+
+void ImageInformation::grabChanged() {
+    m_watch.start(m_clock.elapsed());
+    m_lastSeenFrame = m_display.shownFrame();
+}
+
+void ImageInformation::show(const ImageState& state) {
+    if (state.grabbing != m_state.grabbing) {
+        grabChanged();
+    }
+    m_state = state;
+    m_greyLevels.clear();
+    if (!m_state.grabbing) {
+        m_tLiveCheck.stop();
+    } else if (!m_tLiveCheck.isActive() && !m_watch.hasStopped()) {
+        m_tLiveCheck.start(static_cast<int>(LiveWatch::patienceMs));
+    }
+    showText();
+}
+
+void ImageInformation::showMagnification(Long magnification) {
+    m_magnification = magnification;
+    show(m_state);
+}
+
+void ImageInformation::frameShown() {
+    m_lastSeenFrame = m_display.shownFrame();
+    if (!m_watch.frameCame(m_clock.elapsed()) || !m_state.grabbing) {
+        return;
+    }
+    if (!m_tLiveCheck.isActive()) {
+        m_tLiveCheck.start(static_cast<int>(LiveWatch::patienceMs));
+    }
+    showText();
+}
+
+void ImageInformation::checkLive() {
+    if (m_lastSeenFrame != m_display.shownFrame()) {
+        // Frames come, but nobody looks: a window that is minimised draws none.
+        m_lastSeenFrame = m_display.shownFrame();
+        m_watch.frameCame(m_clock.elapsed());
+    }
+    const std::int64_t againMs = m_watch.check(m_clock.elapsed());
+    if (againMs > 0) {
+        m_tLiveCheck.start(static_cast<int>(againMs));
+        return;
+    }
+    m_greyLevels.clear();
+    showText();
+}
+
+void ImageInformation::showGreyLevels(double mean, double standardDeviation) {
+    m_greyLevels = tr("mean %1, sd %2").arg(mean, 0, 'f', 1).arg(standardDeviation, 0, 'f', 1);
+    showText();
+}
+
+QString ImageInformation::liveText() const {
+    if (!m_state.grabbing) {
+        return tr("Still");
+    }
+    if (m_watch.hasStopped()) {
+        const qint64 silentMs = m_clock.elapsed() - m_watch.lastSignMs();
+        const QDateTime since = QDateTime::currentDateTime().addMSecs(-silentMs);
+        return tr("Not live since %1").arg(since.toString(QStringLiteral("HH:mm:ss")));
+    }
+    const double rate = m_watch.framesPerSecond();
+    return rate > 0.0 ? tr("Live %1 frames/s").arg(rate, 0, 'f', 1) : tr("Live");
+}
+
+void ImageInformation::showText() {
+    const QString live = liveText();
+    const QString zoom = tr("1:%1").arg(m_state.zoomDivisor);
+    const QString magnification = tr("%1x").arg(m_magnification);
+    // Grey levels take the place of the rest, which they would otherwise push out of sight.
+    const QStringList shown = m_greyLevels.isEmpty()
+                                  ? QStringList{live, zoom, magnification}
+                                  : QStringList{m_state.grabbing ? tr("Live") : live, m_greyLevels};
+    const bool stopped = m_state.grabbing && m_watch.hasStopped();
+    m_panel.setLamp(stopped ? lampStopped : m_state.grabbing ? lampLive : lampStill);
+    m_panel.setText(shown.join(QStringLiteral("   ")));
+    QStringList all{live, tr("Zoom %1").arg(zoom), tr("Magnification %1").arg(magnification)};
+    all << (m_greyLevels.isEmpty() ? tr("Click to measure the grey levels") : m_greyLevels);
+    m_panel.setToolTip(all.join(u'\n'));
+}
+
+} // namespace ocuva

@@ -1,0 +1,55 @@
+#pragma once
+// The status bar's panel about the image: live or still, frames per second, zoom, magnification, and grey
+// levels on request.
+
+#include "app/LiveWatch.h"
+#include "app/StatusBar.h"
+#include "base/Types.h"
+#include "display/MilDisplay.h"
+
+#include <QElapsedTimer>
+#include <QTimer>
+
+namespace ocuva {
+
+/// What the panel shows of the image's state.
+struct ImageState {
+    bool grabbing = false;
+    Integer zoomDivisor = 2;
+
+    bool operator==(const ImageState&) const = default;
+};
+
+class ImageInformation final : public QObject {
+    Q_OBJECT
+
+public:
+    /// Both outlive it.
+    ImageInformation(StatusPanel& panel, const MilDisplay& display, QObject* parent);
+
+    /// Every call is a change of state: it takes measured grey levels off the panel.
+    void show(const ImageState& state);
+    /// The same, with the magnification as it has just been read.
+    void showMagnification(Long magnification);
+    void frameShown();
+    /// Shows measured grey levels until the state changes.
+    void showGreyLevels(double mean, double standardDeviation);
+
+private:
+    void grabChanged();
+    void checkLive();
+    void showText();
+    QString liveText() const;
+
+    StatusPanel& m_panel;
+    const MilDisplay& m_display;
+    QTimer m_tLiveCheck; // runs only while frames are expected
+    QElapsedTimer m_clock;
+    LiveWatch m_watch;
+    ImageState m_state;
+    Long m_magnification = 0;
+    FramePtr m_lastSeenFrame;
+    QString m_greyLevels;
+};
+
+} // namespace ocuva

@@ -1,0 +1,72 @@
+#pragma once
+// What lies on the live image: centre cross, grid and micro marker, and the commands that switch them.
+
+#include "app/MainMenu.h"
+#include "app/MonitorPanels.h"
+#include "app/toolbar/MainToolbar.h"
+#include "display/LengthConversion.h"
+#include "display/MonitorSizing.h"
+#include "display/OverlayFigure.h"
+#include "settings/Settings.h"
+#include "video/Magnification.h"
+
+#include <functional>
+
+namespace ocuva {
+
+/// What the overlays need; everything outlives them.
+struct OverlaysContext {
+    const MonitorPanels& panels;
+    const MainMenu& menu;
+    MainToolbar& tbMain;
+    const MonitorFields& fields;
+    const MagnificationStore& magnification;
+    const LengthConversion& conversion;
+    Settings& settings;
+    std::function<void()> saveToolbar;
+};
+
+/// Lengths come in on the initial image in twips; the picture may be stretched, and the overlays with it.
+class Overlays {
+public:
+    explicit Overlays(OverlaysContext context);
+
+    /// Shows what the settings say, and the micro marker.
+    void showStartState(const ViewOptions& view);
+
+    /// Twips on the initial image.
+    void DrawCross(Long centreY, Long centreX);
+    void DrawGrid(Long centreY, Long centreX);
+    /// Reads the magnification afresh. Throws ArithmeticError when there is no field to draw a scale for; no
+    /// marker is shown then, for it would tell a lie.
+    void DrawMicroMarker();
+
+    void ShowCross(bool bShow) { m_frCross.show(bShow); }
+    void ShowGrid(bool bShow) { m_frGrid.show(bShow); }
+
+    /// The commands: menu mark, toolbar button and setting follow together.
+    void toggleCross();
+    void toggleGrid();
+    void toggleMicroMarker();
+
+    bool bShowCross() const { return m_frCross.isShown(); }
+    bool bShowGrid() const { return m_frGrid.isShown(); }
+
+    const OverlayFigure& frCross() const { return m_frCross; }
+    const OverlayFigure& frGrid() const { return m_frGrid; }
+
+private:
+    OverlayMapping mapping() const;
+    void markCross();
+    void markGrid();
+    void store(Long ViewOptions::*flag, bool on);
+    void showMicroMarker();
+
+    OverlaysContext m_context;
+    OverlayFigure m_frGrid;
+    OverlayFigure m_frCross;
+    bool m_showMicroMarker = true;
+    bool m_microMarkerIsTrue = false; // whether the last DrawMicroMarker came to its end
+};
+
+} // namespace ocuva

@@ -1,0 +1,34 @@
+#pragma once
+// The bars of the grid.
+
+#include "display/CrossGeometry.h"
+#include "display/OverlayMapping.h"
+
+#include <vector>
+
+namespace ocuva {
+
+struct GridShape {
+    Long pitchXPixels = 0; ///< between the middle lines of neighbouring vertical bars
+    Long pitchYPixels = 0; ///< of horizontal bars
+    Long widthPixels = 0;  ///< of each bar
+};
+
+/// Pitch on the display below which the bars would fill the picture; no grid is shown then.
+inline constexpr double smallestGridPitchPixels = 2.0;
+/// Pitch on the display below which bars with an outline would hide more of the picture than they leave.
+inline constexpr double smallestOutlinedPitchPixels = 8.0;
+
+struct GridBars {
+    std::vector<PixelRect> bars;
+    bool roomForOutline = false;
+};
+
+/// The bars from edge to edge of the display, vertical ones first, from left to right, then horizontal ones
+/// from top to bottom. They lie half a pitch to either side of the centre and whole pitches on from there, so
+/// the centre is the middle of a cell. A bar is at most as wide as half its pitch on the display. Empty when
+/// a pitch is too small to be shown.
+GridBars gridBars(ImagePoint centre, const GridShape& shape, const OverlayMapping& mapping,
+                  ScreenMetrics screen);
+
+} // namespace ocuva

@@ -1,0 +1,113 @@
+#include "display/OverlayFigure.h"
+
+#include <QPainter>
+
+#include <utility>
+
+namespace ocuva {
+
+namespace {
+
+constexpr int outlinePixels = 1;
+constexpr int rimPixels = 2;
+constexpr int thickestSolidBar = 5;
+
+QRect grown(const QRect& rect, int by) { return rect.adjusted(-by, -by, by, by); }
+
+bool isHollow(const QRect& bar) { return qMin(bar.width(), bar.height()) > thickestSolidBar; }
+
+} // namespace
+
+QString overlayStyleSheet() {
+    return QStringLiteral(
+        "ocuva--OverlayWidget { qproperty-coreColour: #ffffff; qproperty-outlineColour: #101010; }"
+        "ocuva--BarFrame[figure=\"frCross\"] { qproperty-coreColour: #ffd95a; }"
+        "ocuva--BarFrame[figure=\"frGrid\"] { qproperty-coreColour: #d8ecff; }");
+}
+
+OverlayWidget::OverlayWidget(QWidget* display)
+    : QWidget(display) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+void FigureRegions::paint(QPainter& painter, const OverlayWidget& colours) const {
+    for (const QRect& rect : outline) {
+        painter.fillRect(rect, colours.outlineColour);
+    }
+    for (const QRect& rect : core) {
+        painter.fillRect(rect, colours.coreColour);
+    }
+}
+
+FigureRegions figureRegions(const std::vector<QRect>& bars, bool outlined) {
+    QRegion solid;
+    QRegion hollow;
+    QRegion open; // what stays free inside the inner outline
+    QRegion around;
+    for (const QRect& bar : bars) {
+        solid += bar;
+        around += grown(bar, outlinePixels);
+        if (isHollow(bar)) {
+            hollow += grown(bar, -rimPixels);
+            open += grown(bar, -rimPixels - outlinePixels);
+        }
+    }
+    FigureRegions figure{solid - hollow, {}};
+    if (outlined) {
+        figure.outline = around - figure.core - open;
+    }
+    return figure;
+}
+
+void BarFrame::place(const QRect& bar, const FigureRegions& figure) {
+    m_bar = bar;
+    const QRect part = grown(bar, outlinePixels);
+    m_part = {figure.core.intersected(part).translated(-part.topLeft()),
+              figure.outline.intersected(part).translated(-part.topLeft())};
+    setGeometry(part);
+    update();
+}
+
+void BarFrame::paintEvent(QPaintEvent* /*event*/) {
+    QPainter painter(this);
+    m_part.paint(painter, *this);
+}
+
+OverlayFigure::OverlayFigure(QString name, QWidget* display)
+    : m_name(std::move(name))
+    , m_display(display) {}
+
+BarFrame* OverlayFigure::add() {
+    auto* bar = new BarFrame(m_display);
+    bar->setObjectName(m_name + QString::number(m_bars.size()));
+    bar->setProperty("figure", m_name);
+    bar->hide();
+    m_bars.push_back(bar);
+    return bar;
+}
+
+void OverlayFigure::place(const std::vector<PixelRect>& bars, bool outlined) {
+    std::vector<QRect> rects;
+    rects.reserve(bars.size());
+    for (const PixelRect& bar : bars) {
+        rects.emplace_back(bar.left, bar.top, bar.width, bar.height);
+    }
+    const FigureRegions figure = figureRegions(rects, outlined);
+    while (m_bars.size() < rects.size()) {
+        add();
+    }
+    for (std::size_t i = 0; i < m_bars.size(); ++i) {
+        m_bars[i]->place(i < rects.size() ? rects[i] : QRect(), figure);
+    }
+    show(m_shown);
+}
+
+void OverlayFigure::show(bool on) {
+    m_shown = on;
+    for (BarFrame* bar : m_bars) {
+        bar->setVisible(on && !bar->bar().isEmpty());
+    }
+}
+
+} // namespace ocuva

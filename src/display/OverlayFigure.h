@@ -1,0 +1,87 @@
+#pragma once
+// Bars that lie on the display: each a small control of its own that is moved when the picture is resized and
+// never touches the picture.
+
+#include "display/OverlayMapping.h"
+
+#include <QColor>
+#include <QRegion>
+#include <QWidget>
+
+#include <vector>
+
+namespace ocuva {
+
+/// The style sheet of everything that lies on the display: the one place of its colours. It belongs on the
+/// display itself.
+QString overlayStyleSheet();
+
+/// Anything that lies on the picture. It is transparent to the mouse, and readable on any ground because it
+/// is drawn in two colours: a light core in a dark outline. The style sheet gives both.
+class OverlayWidget : public QWidget {
+    Q_OBJECT
+    Q_PROPERTY(QColor coreColour MEMBER coreColour)
+    Q_PROPERTY(QColor outlineColour MEMBER outlineColour)
+
+public:
+    explicit OverlayWidget(QWidget* display);
+
+    QColor coreColour = Qt::white;
+    QColor outlineColour = Qt::black;
+};
+
+/// The pixels of a figure made of bars.
+struct FigureRegions {
+    QRegion core;    ///< lies wholly inside the bars
+    QRegion outline; ///< one pixel round the core, also outside the bars
+
+    void paint(QPainter& painter, const OverlayWidget& colours) const;
+};
+
+/// Bars that meet become one figure: no outline crosses a core. A bar of more than 5 pixels is hollow, so
+/// that it does not hide the picture.
+FigureRegions figureRegions(const std::vector<QRect>& bars, bool outlined);
+
+/// One bar of a figure.
+class BarFrame final : public OverlayWidget {
+    Q_OBJECT
+
+public:
+    explicit BarFrame(QWidget* display)
+        : OverlayWidget(display) {}
+
+    /// Takes its part of the figure; bar in pixels of the display.
+    void place(const QRect& bar, const FigureRegions& figure);
+    const QRect& bar() const { return m_bar; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QRect m_bar;
+    FigureRegions m_part;
+};
+
+/// An array of bars that are shown and hidden together. Its controls are named after it and numbered from 0.
+class OverlayFigure {
+public:
+    OverlayFigure(QString name, QWidget* display);
+
+    /// Puts one control at each rectangle; an empty rectangle hides its control, and so do controls that are
+    /// left over.
+    void place(const std::vector<PixelRect>& bars, bool outlined = true);
+    void show(bool on);
+    bool isShown() const { return m_shown; }
+
+    const std::vector<BarFrame*>& bars() const { return m_bars; }
+
+private:
+    BarFrame* add();
+
+    QString m_name;
+    QWidget* m_display;
+    std::vector<BarFrame*> m_bars;
+    bool m_shown = false;
+};
+
+} // namespace ocuva
