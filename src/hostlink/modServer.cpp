@@ -53,12 +53,13 @@ void wakeRunningCopy(const ProcessFlags& flags, TnOcuva& ocuva) {
 }
 
 modServer::modServer(ProcessFlags& flags, TnLog& log, Notifier& notifier, ServerWindow& window,
-                     std::function<Long(Long)> readIdleCount)
+                     std::function<Long(Long)> readIdleCount, LogLineSurroundings surroundings)
     : m_flags(flags)
     , m_log(log)
     , m_notifier(notifier)
     , m_window(window)
-    , m_readIdleCount(std::move(readIdleCount)) {}
+    , m_readIdleCount(std::move(readIdleCount))
+    , m_surroundings(std::move(surroundings)) {}
 
 void modServer::onNotify(const Notification& notification) {
     struct Message {
@@ -81,7 +82,19 @@ void modServer::onNotify(const Notification& notification) {
     }
 }
 
-void modServer::logLine(const char* text) { m_log.TarnPrintfVB(text); }
+void modServer::logLine(const char* text) {
+    const LogLineSurroundings& now = m_surroundings;
+    const bool windowIsLoaded = !now.anyWindowIsLoaded || now.anyWindowIsLoaded();
+    if (!windowIsLoaded && now.showMessage) {
+        now.showMessage("This routine cannot be called if "
+                        "no forms are loaded.",
+                        "Error", TARN_BOX_OK_CANCEL | TARN_BOX_CRITICAL);
+    }
+    if (windowIsLoaded && now.isDevelopmentEnvironment && now.isDevelopmentEnvironment()) {
+        return;
+    }
+    m_log.TarnPrintfVB(text);
+}
 
 void modServer::isAlive() { m_notifier.Send("TN_OCUVA_SERVER", "", "OCUVA_SERVER_IS_UP"); }
 

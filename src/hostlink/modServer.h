@@ -44,10 +44,21 @@ public:
     virtual void showModeless() = 0;
     virtual void hideWindow() = 0;
     virtual void enableIdleTimer(bool on) = 0;
-    /// One autofocus, to its end.
+    /// One autofocus, to its end. Keeps its failures to itself.
     virtual void DoFocus() = 0;
     /// The same as the menu's Exit.
     virtual void exitProgram() = 0;
+};
+
+/// What a log line depends on beside its text. Functions that are not given mean a program that is not being
+/// developed, has a window, and can show nothing.
+struct LogLineSurroundings {
+    /// Whether the program runs inside the environment that it is developed in; its lines then stay out of
+    /// the host's log.
+    std::function<bool()> isDevelopmentEnvironment = {};
+    std::function<bool()> anyWindowIsLoaded = {};
+    /// Shows a message box; style is TARN_BOX_....
+    std::function<void(const char* text, const char* title, TarnLong style)> showMessage = {};
 };
 
 class modServer {
@@ -57,7 +68,7 @@ public:
 
     /// readIdleCount gives the idle minutes of the settings, its argument standing in for an absent key.
     modServer(ProcessFlags& flags, TnLog& log, Notifier& notifier, ServerWindow& window,
-              std::function<Long(Long)> readIdleCount);
+              std::function<Long(Long)> readIdleCount, LogLineSurroundings surroundings = {});
 
     /// Dispatches a message on its identifier, compared exactly; unknown ones are ignored.
     void onNotify(const Notification& notification);
@@ -69,7 +80,8 @@ public:
     /// The running countdown, in minutes.
     Long ServerIdleCount() const { return m_serverIdleCount; }
 
-    /// Writes one line to the host's log.
+    /// Writes one line to the host's log, unless the program runs in its development environment. Without any
+    /// loaded window that cannot be found out: a message says so first.
     void logLine(const char* text);
 
 private:
@@ -85,6 +97,7 @@ private:
     Notifier& m_notifier;
     ServerWindow& m_window;
     std::function<Long(Long)> m_readIdleCount;
+    LogLineSurroundings m_surroundings;
     Long m_configuredIdleCount = 0; // loaded from the settings on each autofocus request of a sleeping server
     Long m_serverIdleCount = 0;
 };

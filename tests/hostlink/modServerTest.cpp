@@ -3,6 +3,7 @@
 #include "tests/support/StubHost.h"
 
 #include <gmock/gmock.h>
+#include <limits>
 
 using namespace ocuva;
 using testing::ElementsAre;
@@ -217,4 +218,94 @@ TEST_F(Server, ANegativeIdleCountEndsAtTheNextTick) {
     receive("OCUVA_SLEEP");
     receive("OCUVA_AUTOFOCUS");
     EXPECT_EQ(ticksUntilTheEnd(3), 1);
+}
+
+TEST_F(Server, CountsDownFromTheLargestIdleCountWithoutOverflow) {
+    idleCount = std::numeric_limits<Long>::max();
+    receive("OCUVA_SLEEP");
+    receive("OCUVA_AUTOFOCUS");
+    server.idleTick();
+    EXPECT_EQ(server.ServerIdleCount(), idleCount - 1);
+    EXPECT_FALSE(ended());
+}
+
+TEST_F(Server, SilenceAfterAWakeEndsNothing) {
+    idleCount = 1;
+    receive("OCUVA_SLEEP");
+    receive("OCUVA_AUTOFOCUS");
+    receive("OCUVA_WAKEUP");
+    EXPECT_FALSE(window.idleTimer);
+    EXPECT_FALSE(ended());
+}
+
+TEST_F(Server, AQuestionWhileSleepingLeavesTheCountdownAlone) {
+    idleCount = 4;
+    receive("OCUVA_SLEEP");
+    receive("OCUVA_AUTOFOCUS");
+    server.idleTick();
+    receive("OCUVA_IS_SERVER_UP");
+    EXPECT_EQ(server.ServerIdleCount(), 3);
+    EXPECT_TRUE(window.idleTimer);
+    EXPECT_TRUE(flags.sleeping);
+}
+
+TEST_F(Server, EachAutofocusStartsTheCountdownAnew) {
+    idleCount = 2;
+    receive("OCUVA_SLEEP");
+    receive("OCUVA_AUTOFOCUS");
+    server.idleTick();
+    server.idleTick();
+    receive("OCUVA_AUTOFOCUS");
+    EXPECT_EQ(ticksUntilTheEnd(10), 3);
+}
+
+TEST_F(Server, OnlyTheIdentifierDecidesWhateverComponentAndHandlerSay) {
+    server.onNotify({-7, "", "", "OCUVA_SLEEP"});
+    EXPECT_TRUE(flags.sleeping);
+}
+
+namespace {
+
+struct LogLine : testing::Test {
+    StubHost host;
+    ProcessFlags flags;
+    WindowStub window;
+    std::unique_ptr<Notifier> notifier = host.createNotifier();
+    bool development = false;
+    bool windowLoaded = true;
+    std::vector<std::string> shown;
+    modServer server{flags,
+                     host.tn_log(),
+                     *notifier,
+                     window,
+                     [](Long soFar) { return soFar; },
+                     {[this] { return development; }, [this] { return windowLoaded; },
+                      [this](const char* text, const char* title, TarnLong style) {
+                          shown.push_back(std::string(title) + ": " + text + " " + std::to_string(style));
+                      }}};
+};
+
+} // namespace
+
+TEST_F(LogLine, GoesToTheHostsLogAsItStands) {
+    server.logLine("a line\r\n");
+    EXPECT_THAT(host.logLines, ElementsAre("a line\r\n"));
+    EXPECT_THAT(shown, IsEmpty());
+}
+
+TEST_F(LogLine, StaysOutOfTheHostsLogInsideTheDevelopmentEnvironment) {
+    development = true;
+    server.logLine("a line\n");
+    server.onNotify({0, "", "", "OCUVA_IS_SERVER_UP"});
+    EXPECT_THAT(host.logLines, IsEmpty());
+    EXPECT_THAT(shown, IsEmpty());
+    EXPECT_EQ(host.callsOf("Send").size(), 1U) << "only the line is left out";
+}
+
+TEST_F(LogLine, WithoutAnyLoadedWindowShowsAMessageAndLosesNoLine) {
+    windowLoaded = false;
+    development = true; // cannot be found out without a window
+    server.logLine("a line\n");
+    EXPECT_THAT(shown, ElementsAre("Error: This routine cannot be called if no forms are loaded. 17"));
+    EXPECT_THAT(host.logLines, ElementsAre("a line\n"));
 }
