@@ -1,30 +1,24 @@
 // The libraries over the hardware: stage and focus, board and camera, statistics.
 
-#include "base/Product.h"
-#include "simhost/FocusSearch.h"
 #include "simhost/GuardedCall.h"
 #include "simhost/HostLibraries.h"
 #include "simhost/HostTexts.h"
-
-#include <algorithm>
+#include "simhost/focus/FocusSearch.h"
 
 namespace simhost {
 
 namespace {
 
-/// The search as the program keeps its parameters; what makes no sense is pulled to sense.
-FocusPlan focusPlan(Stores& stores) {
-    const std::string store = std::string(ocuva::productTitle) + ".INI";
-    const auto setting = [&](const char* section, const char* key, TarnLong defaultValue, TarnLong lowest,
-                             TarnLong highest) {
-        return std::clamp(stores.getInt(section, key, defaultValue, store), lowest, highest);
-    };
-    FocusPlan plan;
-    plan.range = setting("Fine Parameters", "Z Range", 18, 2, 2000);
-    plan.points = setting("Fine Parameters", "Number of points", 7, 3, 101);
-    const bool wholeImage = stores.getInt("Configuration", "AutofocusOnAllImage", 1, store) != 0;
-    plan.fraction = wholeImage ? 1 : setting("Configuration", "AutofocusOnImageFraction", 3, 1, 16);
-    return plan;
+// A frame for a measurement takes as long as any other of the camera: it begins once the stage stands.
+ocuva::FramePtr measuredFrame(HostParts& parts) {
+    if (!parts.board.isReady()) {
+        return nullptr;
+    }
+    const double periodMs = 1000.0 / cameraMode(parts.board.cameraType()).framesPerSecond;
+    const double endMs = parts.clock->nowMs() + periodMs;
+    ocuva::FramePtr frame = parts.board.expose();
+    parts.clock->spend(endMs - parts.clock->nowMs());
+    return frame;
 }
 
 } // namespace
@@ -61,9 +55,11 @@ TarnLong MicroscopeLibrary::TarnReadStageStatus(TarnLong axis, TarnLong /*zero*/
 
 TarnLong MicroscopeLibrary::TarnAutoFocusExt(TarnLong /*flag*/) {
     return guardedCall(m_parts.log, "TarnAutoFocusExt", TarnLong{0}, [&] {
+        const FocusPlan plan = readFocusPlan(m_parts.stores, m_parts.log);
         FocusSearch search(
-            m_parts.stage, *m_parts.clock, [this] { return m_parts.board.expose(); }, m_parts.log);
-        return search.run(focusPlan(m_parts.stores));
+            m_parts.stage, *m_parts.clock, [this] { return measuredFrame(m_parts); }, m_parts.log);
+        const FocusVerdict verdict = search.run(plan);
+        return verdict == FocusVerdict::found || verdict == FocusVerdict::edge;
     });
 }
 

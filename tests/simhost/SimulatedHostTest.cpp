@@ -64,30 +64,6 @@ TEST(SimulatedHost, LiveVideoReachesTheWindowThatWasHandedOver) {
     EXPECT_EQ(rig.sink.newest->width, 384);
 }
 
-TEST(SimulatedHost, TheFocusSearchFindsTheTrueSurface) {
-    Rig rig;
-    for (const double x : {0.0, 2500.0, -3000.0}) {
-        rig.moveTo(1, x);
-        const double truth = rig.host->trueSurface().at(x, 0.0);
-        rig.moveTo(3, std::round(truth) - 6.0);
-        EXPECT_NE(rig.host->tn_micro_proxy().TarnAutoFocusExt(-1), 0) << x;
-        EXPECT_NEAR(rig.at(3), truth, 1.5) << x;
-    }
-    EXPECT_THAT(rig.log(), HasSubstr("autofocus: sharpest at Z = "));
-}
-
-TEST(SimulatedHost, TheFocusSearchObeysTheProgramsParameters) {
-    Rig rig;
-    const double truth = rig.host->trueSurface().at(0.0, 0.0);
-    rig.moveTo(3, std::round(truth) + 40.0);
-    EXPECT_EQ(rig.host->tn_micro_proxy().TarnAutoFocusExt(-1), 0) << "18 units do not reach so far";
-    EXPECT_EQ(rig.at(3), std::lround(truth) + 40);
-    rig.host->tn_reg().TarnRegisterSetString("Fine Parameters", "Z Range", "120", "Ocuva.INI");
-    rig.host->tn_reg().TarnRegisterSetString("Fine Parameters", "Number of points", "41", "Ocuva.INI");
-    EXPECT_NE(rig.host->tn_micro_proxy().TarnAutoFocusExt(-1), 0);
-    EXPECT_NEAR(rig.at(3), truth, 1.5);
-}
-
 TEST(SimulatedHost, TheStageIsAsTheConfigurationSays) {
     Rig rig("[Stage]\nXMin=-100\nXMax=300\nStartX=42\nZMin=-5\nZMax=5\n");
     TarnLong lower = 0;
