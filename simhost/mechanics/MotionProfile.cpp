@@ -68,4 +68,16 @@ MotionState MotionProfile::stateAt(double timeMs) const {
     return moved(segment.start, segment.acceleration, std::max(timeMs - segment.startMs, 0.0) / 1000.0);
 }
 
+// Within a segment the axis goes one way only, so what matters is where segments begin and where it is now.
+double MotionProfile::carriedAt(double timeMs, double carried, double play) const {
+    for (const Segment& segment : m_segments) {
+        if (segment.startMs >= timeMs) {
+            break;
+        }
+        carried = std::clamp(carried, segment.start.position, segment.start.position + play);
+    }
+    const double axis = stateAt(timeMs).position;
+    return std::clamp(carried, axis, axis + play);
+}
+
 } // namespace simhost

@@ -32,6 +32,11 @@ public:
     void append(double target, MotionLimits limits);
 
     MotionState stateAt(double timeMs) const;
+
+    /// Where something is at a time that the axis pushes along with play: it was at `carried` when the
+    /// profile began, and stays within [axis, axis + play]. So going up pushes it, going down first takes up
+    /// the play.
+    double carriedAt(double timeMs, double carried, double play) const;
     double endMs() const { return m_endMs; }
     double target() const { return m_target; }
 

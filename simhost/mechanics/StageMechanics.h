@@ -3,7 +3,9 @@
 
 #include "base/Types.h"
 #include "simhost/clock/Clock.h"
+#include "simhost/faults/DeviceFaults.h"
 #include "simhost/mechanics/MotionProfile.h"
+#include "simhost/mechanics/StageWear.h"
 
 #include <array>
 #include <mutex>
@@ -47,7 +49,8 @@ class StageMechanics {
 public:
     /// The clock must outlive the stage. Speeds and accelerations that are not above 0 become 1, limits the
     /// wrong way round are swapped.
-    StageMechanics(Clock& clock, const StageSettings& settings);
+    StageMechanics(Clock& clock, const StageSettings& settings, const StageWear& wear = {},
+                   DeviceFaultsSource faults = {});
 
     /// False for a target outside the limits, not finite, or beyond 32 bits.
     bool loadAbsolute(ocuva::Long axis, double target);
@@ -68,11 +71,15 @@ public:
     bool isMoving(ocuva::Long axis, bool& moving);
     bool limits(ocuva::Long axis, ocuva::Long& lower, ocuva::Long& upper) const;
 
-    /// All three axes at one instant.
+    /// All three axes at one instant, between whole units: where the motors are.
     StagePoint exactPosition() const;
     /// One axis; 0 for an axis that there is not.
     double exactPosition(ocuva::Long axis) const;
 
+    /// Where the sample really is: the motors, less play, vibration and drift.
+    StagePoint truePosition() const;
+
+    static constexpr double settlingHz = 12.0;   ///< how fast the sample swings after a stop
     static constexpr double statusReadMs = 0.05; ///< a status question over the controller's bus
 
 private:
@@ -80,25 +87,46 @@ private:
         ocuva::Long target;
         std::optional<ocuva::Long> via; ///< first leg of the backlash move
     };
+    struct Stall {
+        double after;     ///< units of way
+        double timeoutMs; ///< reported as moving so long after the stop
+    };
     struct Axis {
-        explicit Axis(AxisSettings axisSettings);
+        Axis(AxisSettings axisSettings, AxisWear axisWear);
         AxisSettings settings;
+        AxisWear wear;
         MotionProfile motion;
+        double carried;           ///< the sample's place when the motion began
+        double busyUntilMs = 0.0; ///< reported as moving until then
+        bool hasMoved = false;    ///< something may swing
         std::optional<Load> load;
 
         ocuva::Long boundFor() const;
         MotionLimits motionLimits() const { return {settings.speed, settings.acceleration}; }
-        bool startAt(double nowMs);
+        bool startAt(double nowMs, std::optional<Stall> stall);
+        void go(double nowMs, const Load& to, std::optional<Stall> stall);
         double positionAt(double nowMs) const;
+        double carriedAt(double nowMs) const { return motion.carriedAt(nowMs, carried, wear.play); }
     };
     Axis* find(ocuva::Long axis);
     const Axis* find(ocuva::Long axis) const;
     /// Calls the action, which answers a bool, for the axis or for all; true when one of them answered true.
     template <typename Action> bool forAxes(ocuva::Long axis, Action action);
 
+    std::optional<Stall> stallOf(std::size_t index, StageFault fault) const;
+    double trueAt(std::size_t index, double nowMs) const;
+    bool isRefusing() const { return present(m_faults).stage == StageFault::refusing; }
+    /// Lets the other controller do what it did until now; whoever looks at the axes calls it first.
+    void catchUp(double nowMs) const;
+
     Clock& m_clock;
+    StageWear m_wear;
+    DeviceFaultsSource m_faults;
+    double m_beganMs;
     mutable std::mutex m_mutex;
-    std::array<Axis, 3> m_axes;
+    mutable std::array<Axis, 3> m_axes; // what the other controller did is worked out when somebody looks
+    mutable double m_otherControllerDueMs;
+    mutable bool m_otherControllerGoesUp = true;
 };
 
 } // namespace simhost
