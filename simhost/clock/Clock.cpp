@@ -51,8 +51,15 @@ void VirtualClock::advance(double ms) {
         }
         due->act(dueMs);
     }
-    const std::lock_guard lock(m_mutex);
-    m_nowMs = std::max(m_nowMs, endMs);
+    {
+        const std::lock_guard lock(m_mutex);
+        m_nowMs = std::max(m_nowMs, endMs);
+    }
+    for (Entry& entry : m_tickers) {
+        if (entry.ticker.settle) {
+            entry.ticker.settle();
+        }
+    }
 }
 
 int VirtualClock::addTicker(Ticker ticker) {

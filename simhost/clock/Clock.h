@@ -57,6 +57,8 @@ public:
     struct Ticker {
         std::function<double()> nextDueMs;
         std::function<void(double nowMs)> act;
+        /// Called at the end of each advance, for what is worth doing only once; may be empty.
+        std::function<void()> settle = {};
     };
     /// Tickers are added and removed while time stands; returns a number for removeTicker.
     int addTicker(Ticker ticker);
