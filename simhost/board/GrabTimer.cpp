@@ -12,7 +12,8 @@ namespace {
 constexpr double never = std::numeric_limits<double>::infinity();
 }
 
-GrabTimer::GrabTimer(Clock& clock, std::function<double()> periodMs, std::function<void()> capture)
+GrabTimer::GrabTimer(Clock& clock, std::function<double()> periodMs, std::function<void()> capture,
+                     std::function<void()> settle)
     : m_clock(clock)
     , m_virtualClock(dynamic_cast<VirtualClock*>(&clock))
     , m_periodMs(std::move(periodMs))
@@ -25,7 +26,7 @@ GrabTimer::GrabTimer(Clock& clock, std::function<double()> periodMs, std::functi
         m_tickerDueMs = m_continuous ? nowMs + m_periodMs() : never;
         m_capture();
     };
-    m_tickerNumber = m_virtualClock->addTicker({[this] { return m_tickerDueMs; }, act});
+    m_tickerNumber = m_virtualClock->addTicker({[this] { return m_tickerDueMs; }, act, std::move(settle)});
 }
 
 GrabTimer::~GrabTimer() {

@@ -14,9 +14,10 @@ namespace simhost {
 class GrabTimer {
 public:
     /// periodMs is asked before each frame (simulated milliseconds, > 0), capture is called when a frame is
-    /// due. Neither may throw. The clock must outlive the timer; a virtual one must not be advanced by two
-    /// threads.
-    GrabTimer(Clock& clock, std::function<double()> periodMs, std::function<void()> capture);
+    /// due, settle at the end of each advance of a virtual clock. None may throw. The clock must outlive the
+    /// timer; a virtual one must not be advanced by two threads.
+    GrabTimer(Clock& clock, std::function<double()> periodMs, std::function<void()> capture,
+              std::function<void()> settle = {});
     ~GrabTimer();
     GrabTimer(const GrabTimer&) = delete;
     GrabTimer& operator=(const GrabTimer&) = delete;

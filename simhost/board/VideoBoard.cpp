@@ -9,9 +9,10 @@ namespace simhost {
 
 VideoBoard::VideoBoard(BoardConnections connections)
     : m_connections(std::move(connections))
+    , m_darkroom(m_connections.source, m_connections.noise)
     , m_timer(
           m_connections.clock, [this] { return 1000.0 / std::max(mode().framesPerSecond, 1.0); },
-          [this] { capture(); }) {}
+          [this] { capture(); }, [this] { settle(); }) {}
 
 VideoBoard::~VideoBoard() { m_timer.stop(); }
 
@@ -22,16 +23,12 @@ VideoBoard::State VideoBoard::state() const {
 
 CameraMode VideoBoard::mode() const { return cameraMode(cameraType()); }
 
-PictureControls VideoBoard::controls(const State& state) {
-    return {state.references.contrast(), state.references.brightness(), state.references.hue(),
-            state.references.saturation(), state.gain};
-}
-
 bool VideoBoard::init() {
     m_timer.stop();
+    const bool comesUp = !faults().boardRefuses;
     const std::lock_guard lock(m_stateMutex);
-    m_state.ready = true;
-    return true;
+    m_state.ready = comesUp;
+    return comesUp;
 }
 
 void VideoBoard::shutdown() {
@@ -39,6 +36,8 @@ void VideoBoard::shutdown() {
     const std::lock_guard lock(m_stateMutex);
     m_state.ready = false;
     m_currentFrame.reset();
+    m_waiting.reset();
+    m_passedOver = 0;
 }
 
 bool VideoBoard::isReady() const { return state().ready; }
@@ -46,6 +45,11 @@ bool VideoBoard::isReady() const { return state().ready; }
 bool VideoBoard::startGrab(bool continuous) {
     if (!isReady()) {
         return false;
+    }
+    m_timer.stop();
+    {
+        const std::lock_guard lock(m_stateMutex);
+        m_framesOfGrab = 0;
     }
     m_timer.start(continuous);
     return true;
@@ -90,7 +94,7 @@ void VideoBoard::setDisplay(const TarnDisplayRequest& request) {
 }
 
 bool VideoBoard::setGain(TarnLong gain) {
-    if (gain < -1 || gain > 4) {
+    if (gain < automaticGain || gain > 4) {
         return false;
     }
     const std::lock_guard lock(m_stateMutex);
@@ -123,23 +127,59 @@ bool VideoBoard::references(TarnLong group, double& first, double& second) const
     return state().references.get(group, first, second);
 }
 
-ocuva::FramePtr VideoBoard::currentFrame() const {
+ocuva::FramePtr VideoBoard::currentFrame() {
+    makeWaiting();
     const std::lock_guard lock(m_stateMutex);
     return m_currentFrame;
 }
 
-ocuva::FramePtr VideoBoard::expose() {
-    const std::lock_guard lock(m_exposureMutex);
-    const State now = state();
-    const StagePoint at = m_connections.stage.exactPosition();
+std::int64_t VideoBoard::lastFrameNumber() const {
+    const std::lock_guard lock(m_stateMutex);
+    return m_frameNumber;
+}
+
+// Everything that decides the picture is taken down now; the pixels can wait.
+Shot VideoBoard::shoot() {
+    const DeviceFaults broken = faults();
+    const StagePoint at = m_connections.stage.truePosition();
     const FieldSize field = m_connections.fieldSeen ? m_connections.fieldSeen() : FieldSize();
-    const CameraMode camera = cameraMode(now.cameraType);
-    const std::shared_ptr<ocuva::Frame> frame = m_pool.take(camera.width, camera.height);
-    frame->number = ++m_frameNumber;
-    frame->capturedMs = m_connections.clock.nowMs();
-    const Exposure exposure{
-        camera, at.x, at.y, at.z, field.width, field.height, static_cast<std::uint64_t>(m_frameNumber)};
-    m_connections.source.render(exposure, controls(now), frame->pixels.data());
+    const double nowMs = m_connections.clock.nowMs();
+    const std::lock_guard lock(m_stateMutex);
+    const CameraReferences& references = m_state.references;
+    Shot shot;
+    shot.number = ++m_frameNumber;
+    shot.capturedMs = nowMs;
+    shot.lamp = broken.lamp;
+    shot.exposure = {cameraMode(m_state.cameraType),         at.x, at.y, at.z, field.width, field.height,
+                     static_cast<std::uint64_t>(shot.number)};
+    shot.controls = {references.contrast(), references.brightness(), references.hue(),
+                     references.saturation(), m_state.gain};
+    m_memory.spoil(shot, broken.camera);
+    return shot;
+}
+
+// An automatic gain follows the light from frame to frame, also over the frames that nobody saw.
+std::shared_ptr<ocuva::Frame> VideoBoard::develop(Shot& shot, int following) {
+    const std::lock_guard lock(m_exposureMutex);
+    const bool automatic = shot.controls.gain == automaticGain;
+    const std::shared_ptr<ocuva::Frame> frame =
+        m_pool.take(shot.exposure.mode.width, shot.exposure.mode.height);
+    for (bool again = true; again; --following) {
+        if (automatic) {
+            shot.controls.gain = m_automaticGain.range();
+        }
+        m_darkroom.develop(shot, *frame);
+        again = automatic && following > 0 && m_automaticGain.follow(*frame, shot.controls) && following > 1;
+    }
+    return frame;
+}
+
+ocuva::FramePtr VideoBoard::expose() {
+    Shot shot = shoot();
+    const std::shared_ptr<ocuva::Frame> frame = develop(shot, 0);
+    if (faults().focusFindsNothing) {
+        std::fill(frame->pixels.begin(), frame->pixels.end(), 0xff808080U);
+    }
     return frame;
 }
 
@@ -147,15 +187,63 @@ ocuva::FramePtr VideoBoard::expose() {
 // frame is lost as on a bus that is too slow; the next may succeed.
 void VideoBoard::capture() {
     try {
-        const ocuva::FramePtr frame = expose();
+        const int most = faults().grabStopsAfter;
         {
             const std::lock_guard lock(m_stateMutex);
-            m_currentFrame = frame;
+            if (most > 0 && m_framesOfGrab >= most) {
+                return;
+            }
+            ++m_framesOfGrab;
         }
-        show(frame);
+        Shot shot = shoot();
+        if (!m_connections.clock.isVirtual()) {
+            make(std::move(shot), 1);
+            return;
+        }
+        const std::lock_guard lock(m_stateMutex);
+        m_passedOver += m_waiting ? 1 : 0;
+        m_waiting = std::move(shot);
     } catch (...) {
         return;
     }
+}
+
+void VideoBoard::settle() {
+    if (isWatched()) {
+        makeWaiting();
+    }
+}
+
+void VideoBoard::makeWaiting() {
+    std::optional<Shot> shot;
+    int passedOver = 0;
+    {
+        const std::lock_guard lock(m_stateMutex);
+        std::swap(shot, m_waiting);
+        std::swap(passedOver, m_passedOver);
+    }
+    if (!shot) {
+        return;
+    }
+    try {
+        make(std::move(*shot), passedOver + 1);
+    } catch (...) {
+        return;
+    }
+}
+
+void VideoBoard::make(Shot shot, int following) {
+    const ocuva::FramePtr frame = develop(shot, following);
+    {
+        const std::lock_guard lock(m_stateMutex);
+        m_currentFrame = frame;
+    }
+    show(frame);
+}
+
+bool VideoBoard::isWatched() const {
+    const State now = state();
+    return m_connections.windows != nullptr && now.boardType == 1 && now.display.windowHandle != 0;
 }
 
 void VideoBoard::show(const ocuva::FramePtr& frame) {

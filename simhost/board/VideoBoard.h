@@ -3,14 +3,17 @@
 
 #include "hostlink/DisplayWindow.h"
 #include "hostlink/tarn_abi.h"
+#include "simhost/board/AutomaticGain.h"
 #include "simhost/board/CameraReferences.h"
 #include "simhost/board/FramePool.h"
 #include "simhost/board/FrameSource.h"
 #include "simhost/board/GrabTimer.h"
+#include "simhost/board/Shot.h"
 #include "simhost/mechanics/StageMechanics.h"
 
 #include <functional>
 #include <mutex>
+#include <optional>
 
 namespace simhost {
 
@@ -26,11 +29,17 @@ struct BoardConnections {
     const StageMechanics& stage;
     FrameSource& source;
     const ocuva::DisplayWindows* windows = nullptr; ///< null: nobody sees live video
-    std::function<FieldSize()> fieldSeen;           ///< asked for each frame, on the grabbing thread
+    std::function<FieldSize()> fieldSeen = {};      ///< asked for each frame, on the grabbing thread
+    DeviceFaultsSource faults = {};                 ///< asked for each frame and each command
+    double noise = 0.0;                             ///< of the source, grey levels, root mean square
 };
 
 /// Commands come from one thread; frames are made and delivered on the board's own (on a virtual clock, on
 /// the thread that advances it). A sink must not command the board from inside present.
+///
+/// On a virtual clock nobody looks while time passes, so of all frames that are due in one advance only the
+/// last is made: at the end of the advance when a window shows it, else when somebody asks for it. Frames are
+/// numbered and placed as if all had been made.
 ///
 /// States: down -> init -> ready -> startGrab -> grabbing -> haltGrab -> ready -> shutdown -> down. Setting
 /// the board type leaves the board down, but a grab that runs goes on until it is halted.
@@ -39,7 +48,8 @@ public:
     explicit VideoBoard(BoardConnections connections);
     ~VideoBoard();
 
-    /// Makes the board ready; a grab that runs ends, for a board that is set up afresh grabs nothing.
+    /// Makes the board ready; a grab that runs ends, for a board that is set up afresh grabs nothing. False,
+    /// and not ready, when the board refuses.
     bool init();
     /// Ends the grab, forgets the current frame.
     void shutdown();
@@ -78,7 +88,10 @@ public:
     bool references(TarnLong group, double& first, double& second) const;
 
     /// The last frame grabbed, full size; null before the first.
-    ocuva::FramePtr currentFrame() const;
+    ocuva::FramePtr currentFrame();
+
+    /// Number of the last frame, whether it was made or not; a measuring exposure counts too.
+    std::int64_t lastFrameNumber() const;
 
     /// Exposes one frame now, for a measurement: it is neither shown nor kept. Board and grab need not be
     /// ready.
@@ -86,20 +99,27 @@ public:
 
     /// The one buffer that there is: the current frame.
     static constexpr TarnLong currentBuffer = 0;
+    static constexpr TarnLong automaticGain = -1;
 
 private:
     struct State {
         bool ready = false;
         TarnLong boardType = 1;
         TarnLong cameraType = 0;
-        TarnLong gain = -1;
+        TarnLong gain = automaticGain;
         TarnDisplayRequest display{0, -1, 0};
         CameraReferences references;
     };
     State state() const;
     CameraMode mode() const;
-    static PictureControls controls(const State& state);
-    void capture(); ///< one frame of the grab: exposes, keeps, shows
+    DeviceFaults faults() const { return present(m_connections.faults); }
+    Shot shoot();
+    void capture();     ///< one frame of the grab
+    void settle();      ///< the end of an advance of a virtual clock
+    void makeWaiting(); ///< makes the frame that waits, if one does
+    void make(Shot shot, int following);
+    std::shared_ptr<ocuva::Frame> develop(Shot& shot, int following);
+    bool isWatched() const;
     void show(const ocuva::FramePtr& frame);
 
     BoardConnections m_connections;
@@ -107,8 +127,14 @@ private:
     mutable std::mutex m_stateMutex;
     State m_state;
     ocuva::FramePtr m_currentFrame;
-    std::mutex m_exposureMutex; ///< one exposure at a time
+    std::optional<Shot> m_waiting; ///< the newest shot of a virtual clock, not made yet
+    int m_passedOver = 0;          ///< shots before it that were never made
+    AutomaticGain m_automaticGain;
+    CameraMemory m_memory;
     std::int64_t m_frameNumber = 0;
+    int m_framesOfGrab = 0;
+    std::mutex m_exposureMutex; ///< one exposure at a time; taken before the state's
+    Darkroom m_darkroom;
     GrabTimer m_timer; ///< last: its thread ends before anything that it uses
 };
 
