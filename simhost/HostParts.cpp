@@ -23,6 +23,12 @@ std::shared_ptr<Clock> clockOr(std::shared_ptr<Clock> given, SimConfig& config) 
     return given ? std::move(given) : std::make_shared<RealClock>(config.getDouble(settings::timeFactor));
 }
 
+SurfaceShape tilted(SurfaceShape surface, double factor) {
+    surface.tiltX *= factor;
+    surface.tiltY *= factor;
+    return surface;
+}
+
 } // namespace
 
 StageSettings stageSettings(SimConfig& config) {
@@ -44,13 +50,16 @@ HostParts::HostParts(SimulatedHostOptions hostOptions)
     , log(folder.logFile())
     , stores(folder.path(), log)
     , config(folder.simulatorConfig(), log)
+    , faults(stores, log)
+    , mechanics(readMechanics(config, stores, log))
     , clock(clockOr(options.clock, config))
-    , surface(config.surface())
+    , surface(tilted(config.surface(), mechanics.tiltFactor))
     , database(folder.standards(), log)
     , field(stores, log)
-    , stage(*clock, stageSettings(config))
-    , camera(makeCamera(config, folder.standards(), log))
-    , board({*clock, stage, *camera, options.windows, [this] { return field.seen(); }}) {
+    , stage(*clock, stageSettings(config), mechanics.wear, [this] { return faults.devices(); })
+    , camera(makeCamera(config, surface, folder.standards(), log))
+    , board({*clock, stage, *camera, options.windows, [this] { return trueField(); },
+             [this] { return faults.devices(); }, config.getDouble(settings::noise)}) {
     constexpr std::uintmax_t mebibyte = 1024u * 1024u;
     log.limitTo({mebibyte * static_cast<std::uintmax_t>(config.getLong(settings::logSize))});
     const TarnLong kept = stores.getInt(FieldOfView::section, cameraTypeKey, 0, FieldOfView::store);
@@ -66,6 +75,11 @@ MessageBus& HostParts::bus() {
             std::make_unique<MessageBus>(folder.path(), [this](const std::string& text) { log.line(text); });
     }
     return *m_bus;
+}
+
+FieldSize HostParts::trueField() {
+    const FieldSize believed = field.seen();
+    return {believed.width * (1.0 + mechanics.scaleErrorX), believed.height * (1.0 + mechanics.scaleErrorY)};
 }
 
 bool HostParts::chooseCamera(TarnLong cameraType) {

@@ -2,8 +2,10 @@
 // The parts that the simulated host is made of, in the order in which they need each other.
 
 #include "simhost/FieldOfView.h"
+#include "simhost/MechanicsSettings.h"
 #include "simhost/SimulatedHost.h"
 #include "simhost/bus/MessageBus.h"
+#include "simhost/faults/FaultPlan.h"
 #include "simhost/services/DataFolder.h"
 #include "simhost/services/Database.h"
 #include "simhost/services/HostLog.h"
@@ -18,8 +20,8 @@ namespace simhost {
 StageSettings stageSettings(SimConfig& config);
 
 /// The camera over the world with the standards of that folder on its holder.
-std::unique_ptr<FrameSource> makeCamera(SimConfig& config, const std::filesystem::path& standards,
-                                        HostLog& log);
+std::unique_ptr<FrameSource> makeCamera(SimConfig& config, const SurfaceShape& surface,
+                                        const std::filesystem::path& standards, HostLog& log);
 
 struct HostParts {
     /// Throws std::runtime_error when the data folder cannot be had.
@@ -31,11 +33,16 @@ struct HostParts {
     /// Keeps the camera type for the next start; false when there is no such type.
     bool chooseCamera(TarnLong cameraType);
 
+    /// What the camera really sees, which the settings only believe.
+    FieldSize trueField();
+
     SimulatedHostOptions options;
     DataFolder folder;
     HostLog log;
     Stores stores;
     SimConfig config;
+    FaultPlan faults;
+    MechanicsSettings mechanics;
     std::shared_ptr<Clock> clock;
     SurfaceShape surface;
     Database database;

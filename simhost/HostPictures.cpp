@@ -59,8 +59,8 @@ bool isBitmapName(std::string_view name) {
 } // namespace
 
 // The host numbers its standards in the order of their files, as its list shows them.
-std::unique_ptr<FrameSource> makeCamera(SimConfig& config, const std::filesystem::path& standards,
-                                        HostLog& log) {
+std::unique_ptr<FrameSource> makeCamera(SimConfig& config, const SurfaceShape& surface,
+                                        const std::filesystem::path& standards, HostLog& log) {
     std::vector<Mount> mounts;
     for (const StandardMount& standard : readStandards(standards, log)) {
         mounts.push_back({static_cast<double>(standard.x), static_cast<double>(standard.y),
@@ -68,7 +68,7 @@ std::unique_ptr<FrameSource> makeCamera(SimConfig& config, const std::filesystem
     }
     const auto seed = static_cast<std::uint32_t>(config.getLong(settings::seed));
     const OpticsSettings optics{config.getDouble(settings::depthOfField), config.getDouble(settings::noise)};
-    return std::make_unique<WorldCamera>(World(seed, std::move(mounts)), config.surface(), optics);
+    return std::make_unique<WorldCamera>(World(seed, std::move(mounts)), surface, optics);
 }
 
 bool VideoLibrary::save(const TarnSaveRequest& request) {

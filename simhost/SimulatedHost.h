@@ -4,6 +4,7 @@
 
 #include "hostlink/DisplayWindow.h"
 #include "hostlink/Host.h"
+#include "simhost/Truth.h"
 #include "simhost/board/VideoBoard.h"
 #include "simhost/clock/Clock.h"
 #include "simhost/mechanics/StageMechanics.h"
@@ -53,9 +54,8 @@ public:
 
     // What no real host tells: the truth, for tests and for the bench.
 
-    /// The Z at which the place (x, y) is sharp.
+    const Truth& truth() const;
     const SurfaceShape& trueSurface() const;
-    /// Stage units across the whole picture at the present magnification.
     FieldSize trueField();
     StageMechanics& stage();
     VideoBoard& board();

@@ -1,8 +1,36 @@
 #include "simhost/services/SimConfig.h"
 
+#include "simhost/services/MechanicsTable.h"
 #include "simhost/services/Numerals.h"
 
 namespace simhost {
+
+namespace {
+
+// Shown but not set: a key that is set overrides its grade.
+std::string mechanicsText() {
+    std::string text = "\n[Mechanics]\n"
+                       "; how worn the instrument is: ideal, static or dynamic; each key below overrides it\n"
+                       "Grade=ideal\n";
+    for (const GradedSetting* row : mechanicsSettings) {
+        const SimSetting& setting = row->setting;
+        text += "; " + std::string(setting.comment) + " (" + numberText(setting.lowest) + " to " +
+                numberText(setting.highest) + "; static " + numberText(row->inStatic) + ", dynamic " +
+                numberText(row->inDynamic) + ")\n;" + setting.key + "=" + numberText(setting.defaultValue) +
+                "\n";
+    }
+    return text;
+}
+
+constexpr const char* faultsText =
+    "\n[Faults]\n"
+    "; read again while the host runs; take the semicolon away to break something, for example\n"
+    ";TarnVideoBoardStartGrab=fail\n"
+    ";TarnReadStageStatus.SlowMs=200\n"
+    ";BoardRefuses=1\n;GrabStopsByItself=100\n;Camera=frozen\n;Stage=refusing\n;StageLie=10\n"
+    ";Focus=nothing\n;DbObject=missing\n;StoreNotWritable=1\n;Lamp=0\n";
+
+} // namespace
 
 std::string defaultSimConfigText() {
     std::string text =
@@ -17,7 +45,7 @@ std::string defaultSimConfigText() {
                 numberText(setting->highest) + ")\n" + setting->key + "=" +
                 numberText(setting->defaultValue) + "\n";
     }
-    return text;
+    return text + mechanicsText() + faultsText;
 }
 
 SimConfig::SimConfig(const std::filesystem::path& file, HostLog& log)

@@ -70,7 +70,7 @@ inline constexpr SimSetting logSize{"Log", "MaxSizeMiB", 8,
                                     1,     1024,         "size at which tarn.log is moved aside, MiB"};
 
 inline constexpr SimSetting noise{"Camera", "Noise", 2,
-                                  0,        255,     "standard deviation of the camera's noise, grey levels"};
+                                  0,        30,      "standard deviation of the camera's noise, grey levels"};
 
 } // namespace settings
 
