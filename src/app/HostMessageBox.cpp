@@ -3,10 +3,34 @@
 #include <QApplication>
 #include <QMessageBox>
 
+#include <algorithm>
+
 namespace ocuva {
 
-TarnLong showHostMessageBox(const std::string& text, const std::string& title, TarnLong style) {
-    constexpr TarnLong buttonsMask = 0x0f;
+namespace {
+
+constexpr TarnLong buttonsMask = 0x0f;
+
+bool anyWindowIsShown() {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(),
+                       [](const QWidget* window) { return window->isVisible(); });
+}
+
+TarnLong answerThatChangesLeast(TarnLong style) {
+    switch (style & buttonsMask) {
+    case TARN_BOX_OK_CANCEL:
+        return TARN_ANSWER_CANCEL;
+    case TARN_BOX_YES_NO:
+        return TARN_ANSWER_NO;
+    default:
+        return TARN_ANSWER_OK;
+    }
+}
+
+} // namespace
+
+TarnLong showMessageBox(const std::string& text, const std::string& title, TarnLong style) {
     QMessageBox box(QApplication::activeWindow());
     box.setTextFormat(Qt::PlainText);
     box.setText(QString::fromLocal8Bit(text));
@@ -33,6 +57,10 @@ TarnLong showHostMessageBox(const std::string& text, const std::string& title, T
     default:
         return TARN_ANSWER_OK;
     }
+}
+
+TarnLong showHostMessageBox(const std::string& text, const std::string& title, TarnLong style) {
+    return anyWindowIsShown() ? showMessageBox(text, title, style) : answerThatChangesLeast(style);
 }
 
 } // namespace ocuva

@@ -9,6 +9,10 @@ namespace ocuva {
 
 /// Shows the box over the program's active window and waits. style is TARN_BOX_..., the result
 /// TARN_ANSWER_...; closing the box counts as the answer that changes least.
+TarnLong showMessageBox(const std::string& text, const std::string& title, TarnLong style);
+
+/// The same for a host, which may ask while no window of the program is on the screen: nobody would see the
+/// box then, so none opens, and the result is the answer that changes least.
 TarnLong showHostMessageBox(const std::string& text, const std::string& title, TarnLong style);
 
 } // namespace ocuva

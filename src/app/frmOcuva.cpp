@@ -86,7 +86,7 @@ void frmOcuva::makeTimers() {
         timer->setInterval(intervalMs);
         return timer;
     };
-    tServerCheckIdle = makeTimer("tServerCheckIdle", modServer::idleTickMs);
+    tServerCheckIdle = makeTimer("tServerCheckIdle", m_context.minuteMs);
     tStageMove = makeTimer("tStageMove", StageWatch::tickMs);
     tStageMove->setTimerType(Qt::PreciseTimer);
     tInitTBMain = makeTimer("tInitTBMain", 0); // due as soon as the message loop runs
@@ -103,7 +103,8 @@ void frmOcuva::connectControls() {
     connect(m_panels->milDisp, &MilDisplay::frameShown, m_information, &ImageInformation::frameShown);
     connect(tStageMove, &QTimer::timeout, this, &frmOcuva::tStageMove_Timer);
     connect(tInitTBMain, &QTimer::timeout, this, &frmOcuva::tInitTBMain_Timer);
-    connect(tServerCheckIdle, &QTimer::timeout, this, [this] { m_server->idleTick(); });
+    connect(tServerCheckIdle, &QTimer::timeout, this,
+            [this] { guardedForHost([this] { m_server->idleTick(); }); });
     connect(tbMain, &MainToolbar::buttonClicked, this, &frmOcuva::tbMain_ButtonClick);
     connect(tbMain, &MainToolbar::customized, this, [this] { m_layoutStore.save(tbMain->layoutText()); });
     connect(sbMain, &StatusBar::panelClicked, this, [this] { UpdateStagePos(); });
@@ -121,8 +122,9 @@ void frmOcuva::Load() {
     m_sizing.ResizeAll(true);
     m_vgaMouse = m_settings.readVgaModeForMouse();
     m_notifier = host.createNotifier();
-    m_server.emplace(m_context.flags, host.tn_log(), *m_notifier, static_cast<ServerWindow&>(*this),
-                     [this](Long soFar) { return m_settings.readServerIdleCount(soFar); });
+    m_server.emplace(
+        m_context.flags, host.tn_log(), *m_notifier, static_cast<ServerWindow&>(*this),
+        [this](Long soFar) { return m_settings.readServerIdleCount(soFar); }, logLineSurroundings());
     m_notifier->setOnNotify([this](const Notification& notification) { m_notifier_OnNotify(notification); });
     m_notifier->Subscribe("DST_APP=TN_OCUVA_SERVER");
     m_loaded = true;
@@ -283,12 +285,14 @@ void frmOcuva::moveToPoint(const ClickOnImage& click) {
     SyncStageMove(axisAll);
 }
 
-void frmOcuva::DoFocus() { doFocus(m_stage, m_watch, *m_board, *m_image); }
+void frmOcuva::DoFocus() {
+    guardedForHost([this] { doFocus(m_stage, m_watch, *m_board, *m_image); });
+}
 
 void frmOcuva::Shutdown() { m_board->Shutdown(); }
 
 void frmOcuva::m_notifier_OnNotify(const Notification& notification) {
-    guarded([this, &notification] { m_server->onNotify(notification); });
+    guardedForHost([this, &notification] { m_server->onNotify(notification); });
 }
 
 void frmOcuva::Info_Click() {
@@ -334,9 +338,21 @@ void frmOcuva::guarded(const std::function<void()>& handler) {
     }
 }
 
-void frmOcuva::reportError(const QString& text) {
+void frmOcuva::guardedForHost(const std::function<void()>& handler) {
+    try {
+        handler();
+    } catch (const std::exception& error) {
+        logError(QString::fromLocal8Bit(error.what()));
+    }
+}
+
+void frmOcuva::logError(const QString& text) {
     const QString line = tr("Error: %1").arg(text);
     m_context.host.tn_log().TarnPrintfVB((line + u'\n').toLocal8Bit().constData());
+}
+
+void frmOcuva::reportError(const QString& text) {
+    logError(text);
     if (isVisible()) {
         QMessageBox::critical(this, QString::fromLatin1(productTitle), text);
     }

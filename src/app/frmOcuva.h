@@ -40,9 +40,10 @@ struct MainWindowContext {
     DisplayWindows& displayWindows;
     Automation& automation;
     ProcessFlags& flags;
-    frmSplash& splash;                ///< serves as about box
-    QString windowTitle;              ///< says so when the host is simulated
-    std::function<void()> endProcess; ///< the last step of the exit operation
+    frmSplash& splash;                    ///< serves as about box
+    QString windowTitle;                  ///< says so when the host is simulated
+    std::function<void()> endProcess;     ///< the last step of the exit operation
+    int minuteMs = modServer::idleTickMs; ///< a minute of the idle clock, in milliseconds on the wall
 };
 
 class frmOcuva final : public QMainWindow, private StageWatchView, private MonitorView, private ServerWindow {
@@ -132,6 +133,10 @@ private:
 
     /// Runs a handler; an error that leaves it is shown by the general error report.
     void guarded(const std::function<void()>& handler);
+    /// As guarded, for what the host asks for: an error goes to the log alone. Nobody may be there to answer
+    /// a box, and the host's next message must not wait for one.
+    void guardedForHost(const std::function<void()>& handler);
+    void logError(const QString& text);
     void reportError(const QString& text);
     void showAcquisition();
     void showZoom();
@@ -163,6 +168,7 @@ private:
     void hideWindow() override;
     void enableIdleTimer(bool on) override;
     void exitProgram() override;
+    LogLineSurroundings logLineSurroundings();
 
     MainWindowContext m_context;
     Settings m_settings;

@@ -1,5 +1,6 @@
 // The main window as the logic sees it: lengths in twips, colours as numbers, panels by axis.
 
+#include "app/HostMessageBox.h"
 #include "app/frmOcuva.h"
 #include "display/TwipsGeometry.h"
 
@@ -114,8 +115,7 @@ void frmOcuva::changeEvent(QEvent* event) {
 }
 
 void frmOcuva::applyWindowState(ServerWindow::State state) {
-    setWindowState(state == ServerWindow::State::normal ? windowState() & ~Qt::WindowMinimized
-                                                        : windowState() | Qt::WindowMinimized);
+    setWindowState(state == ServerWindow::State::normal ? Qt::WindowNoState : Qt::WindowMinimized);
 }
 
 void frmOcuva::showModeless() {
@@ -127,11 +127,24 @@ void frmOcuva::showModeless() {
 void frmOcuva::hideWindow() { hide(); }
 
 void frmOcuva::enableIdleTimer(bool on) {
-    if (on) {
-        tServerCheckIdle->start();
-    } else {
+    if (!on) {
         tServerCheckIdle->stop();
+    } else if (!tServerCheckIdle->isActive()) { // a minute that has begun goes on
+        tServerCheckIdle->start();
     }
+}
+
+LogLineSurroundings frmOcuva::logLineSurroundings() {
+    LogLineSurroundings surroundings;
+    surroundings.anyWindowIsLoaded = [this] { return m_loaded && !m_exiting; };
+    surroundings.showMessage = [this](const char* text, const char* title, TarnLong style) {
+        if (m_context.flags.serverMode || m_context.flags.sleeping) {
+            logError(QString::fromLatin1(text));
+        } else {
+            showMessageBox(text, title, style);
+        }
+    };
+    return surroundings;
 }
 
 void frmOcuva::exitProgram() { exitOperation(); }

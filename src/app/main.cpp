@@ -54,14 +54,15 @@ void refuseToStart(const std::string& reason, bool serverMode) {
     }
 }
 
-int runOn(Host& host, DisplayWindows& windows, const std::string& commandLine, const QString& scope) {
+int runOn(Host& host, DisplayWindows& windows, const std::string& commandLine, const QString& scope,
+          int minuteMs) {
     NoAutomation automation;
     std::optional<RunningCopies> copies;
     const auto anotherCopyIsRunning = [&copies, &scope] { return copies.emplace(scope).anotherWasRunning(); };
     modInter inter({host, windows, automation, commandLine, anotherCopyIsRunning,
                     QCoreApplication::translate("main", "%1 (simulated instrument)")
                         .arg(QString::fromLatin1(productTitle)),
-                    [] { QCoreApplication::exit(EXIT_SUCCESS); }});
+                    [] { QCoreApplication::exit(EXIT_SUCCESS); }, minuteMs});
     return inter.Main() ? QApplication::exec() : EXIT_SUCCESS;
 }
 
@@ -94,10 +95,13 @@ int main(int argc, char** argv) {
     }
     const QString scope = QString::fromStdString(simulatedHost->dataFolder().string());
 
+    // A world that runs faster puts a sleeping server to its end sooner, so that a trainee need not wait.
+    const int minuteMs = qRound(simulatedHost->clock().wallMs(modServer::idleTickMs));
+
     const QString traceFile = qEnvironmentVariable("OCUVA_TRACE");
     if (traceFile.isEmpty()) {
-        return runOn(*simulatedHost, windows, commandLine, scope);
+        return runOn(*simulatedHost, windows, commandLine, scope, minuteMs);
     }
     TracingHost tracingHost(*simulatedHost, traceFile.toStdU16String());
-    return runOn(tracingHost, windows, commandLine, scope);
+    return runOn(tracingHost, windows, commandLine, scope, minuteMs);
 }

@@ -19,6 +19,7 @@ struct StartContext {
     std::function<bool()> anotherCopyIsRunning; ///< asked once, after the command line has been scanned
     QString windowTitle;
     std::function<void()> endProcess;
+    int minuteMs = modServer::idleTickMs; ///< a minute of the idle clock, in milliseconds on the wall
 };
 
 class modInter {
