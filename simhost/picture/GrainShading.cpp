@@ -41,6 +41,10 @@ struct Lamellae {
     }
 };
 
+constexpr std::size_t inWholeVectors(std::size_t count) {
+    return (count + kSpareSamples - 1) & ~(kSpareSamples - 1);
+}
+
 struct Planes {
     float* __restrict r;
     float* __restrict g;
@@ -52,6 +56,7 @@ SIMHOST_VECTOR_CLONES void lightPlain(Rgb base, float strength, const float* __r
     float* __restrict r = out.r;
     float* __restrict g = out.g;
     float* __restrict b = out.b;
+    count = inWholeVectors(count);
     for (std::size_t i = 0; i < count; ++i) {
         const float light = 1.0F + strength * texture[i];
         r[i] = base.r * light;
@@ -63,6 +68,7 @@ SIMHOST_VECTOR_CLONES void lightPlain(Rgb base, float strength, const float* __r
 SIMHOST_VECTOR_CLONES void lightLamellae(const Lamellae& lamellae, const float* __restrict x,
                                          const float* __restrict y, Planes out, std::size_t count) {
     const Lamellae own = lamellae;
+    count = inWholeVectors(count);
     float* __restrict r = out.r;
     float* __restrict g = out.g;
     float* __restrict b = out.b;
@@ -84,10 +90,12 @@ public:
         , m_nearGap(nearGap(mosaic.cell, relief.footprint))
         , m_width(boundaryWidth(relief.footprint)) {}
 
-    // As if there were no edges: plain multiplication, the bulk of every picture.
+    // Writes somewhat beyond the end, where the next run comes or the spare samples lie: runs are short, and
+    // whole vectors much faster than single samples. As if there were no edges: plain multiplication, the
+    // bulk of every picture.
     void fill(std::int32_t number, std::size_t begin, std::size_t end, ColourPlanes& out) const {
         const Grain& grain = m_grains[static_cast<std::size_t>(number)];
-        const std::size_t count = end - begin;
+        const std::size_t count = inWholeVectors(end - begin);
         if (grain.aggregate && m_aggregates != nullptr) {
             std::copy_n(&m_aggregates->r[begin], count, &out.r[begin]);
             std::copy_n(&m_aggregates->g[begin], count, &out.g[begin]);

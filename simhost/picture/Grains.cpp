@@ -7,6 +7,7 @@
 #include <array>
 #include <bit>
 #include <cmath>
+#include <cstring>
 
 namespace simhost {
 namespace {
@@ -242,20 +243,32 @@ Candidates lanesOf(const std::vector<Grain>& grains) {
     return lanes;
 }
 
+// 1 where a sample differs from the one before it in owner or neighbour.
+SIMHOST_VECTOR_CLONES void markChanges(const GrainMap& map, std::uint8_t* __restrict changes) {
+    const std::size_t size = map.owner.size();
+    const std::int32_t* __restrict owner = map.owner.data();
+    const std::int32_t* __restrict neighbour = map.neighbour.data();
+    for (std::size_t i = 1; i < size; ++i) {
+        const std::int32_t differs = (owner[i] ^ owner[i - 1]) | (neighbour[i] ^ neighbour[i - 1]);
+        changes[i] = differs != 0 ? 1 : 0;
+    }
+}
+
 // Runs end with the row, and where owner or neighbour changes.
 void findRuns(GrainMap& map, int columns) {
     const auto width = static_cast<std::size_t>(columns);
-    for (std::size_t line = 0; line < map.owner.size(); line += width) {
-        for (std::size_t begin = line; begin < line + width;) {
-            const std::int32_t owner = map.owner[begin];
-            const std::int32_t neighbour = map.neighbour[begin];
-            std::size_t end = begin + 1;
-            while (end < line + width && map.owner[end] == owner && map.neighbour[end] == neighbour) {
-                ++end;
-            }
-            map.runs.push_back({begin, end, owner, neighbour});
-            begin = end;
-        }
+    const std::size_t size = map.owner.size();
+    std::vector<std::uint8_t> changes(size + 1);
+    markChanges(map, changes.data());
+    for (std::size_t line = 0; line <= size; line += width) {
+        changes[line] = 1;
+    }
+    map.runs.reserve(size / 8);
+    for (std::size_t begin = 0; begin < size;) {
+        const void* next = std::memchr(&changes[begin + 1], 1, size - begin);
+        const auto end = static_cast<std::size_t>(static_cast<const std::uint8_t*>(next) - changes.data());
+        map.runs.push_back({begin, end, map.owner[begin], map.neighbour[begin]});
+        begin = end;
     }
 }
 

@@ -65,7 +65,7 @@ struct BlockMask {
 GrainMap mapGrains(const std::vector<Grain>& grains, const std::vector<float>& qx,
                    const std::vector<float>& qy, int columns, int rows, const BlockMask& mask = {});
 
-/// What shading needs to know of each sample besides its grain.
+/// What shading needs to know of each sample besides its grain; spare samples lie behind all but x and y.
 struct Relief {
     std::vector<float> x, y;                 ///< relative places, gently bent: grain boundaries wander
     std::vector<float> straightX, straightY; ///< the same, not bent: crystals and twins are straight

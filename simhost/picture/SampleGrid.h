@@ -42,13 +42,17 @@ struct SampleGrid {
     }
 };
 
-/// Colours of a grid, one plane per channel, row by row.
+/// Spare numbers behind the last sample of planes that loops may overrun to work in whole vectors; a power of
+/// two.
+inline constexpr std::size_t kSpareSamples = 8;
+
+/// Colours of a grid, one plane per channel, row by row, with spare samples behind them.
 struct ColourPlanes {
     std::vector<float> r, g, b;
     explicit ColourPlanes(std::size_t size)
-        : r(size)
-        , g(size)
-        , b(size) {}
+        : r(size + kSpareSamples)
+        , g(size + kSpareSamples)
+        , b(size + kSpareSamples) {}
     Rgb at(std::size_t index) const { return {r[index], g[index], b[index]}; }
     void set(std::size_t index, Rgb colour) {
         r[index] = colour.r;

@@ -43,7 +43,7 @@ Relief reliefOf(const SampleGrid& grid, std::uint32_t seed) {
     relief.footprint = grid.footprint();
     relief.x.resize(grid.size());
     relief.y.resize(grid.size());
-    relief.texture.resize(grid.size());
+    relief.texture.resize(grid.size() + kSpareSamples);
     std::size_t i = 0;
     for (int r = 0; r < grid.rows; ++r) {
         for (int c = 0; c < grid.columns; ++c, ++i) {
@@ -53,6 +53,8 @@ Relief reliefOf(const SampleGrid& grid, std::uint32_t seed) {
     }
     relief.straightX = relief.x;
     relief.straightY = relief.y;
+    relief.straightX.resize(grid.size() + kSpareSamples);
+    relief.straightY.resize(grid.size() + kSpareSamples);
     addLatticeNoise(grid, kSwingSpacing, mix(seed, 1), kSwing, relief.x);
     addLatticeNoise(grid, kSwingSpacing, mix(seed, 2), kSwing, relief.y);
     addLatticeNoise(grid, kRippleSpacing, mix(seed, 3), kRipple, relief.x);
