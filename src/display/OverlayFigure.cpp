@@ -82,6 +82,8 @@ BarFrame* OverlayFigure::add() {
     auto* bar = new BarFrame(m_display);
     bar->setObjectName(m_name + QString::number(m_bars.size()));
     bar->setProperty("figure", m_name);
+    // Below what was there before: a figure that grows must not cover the others.
+    bar->lower();
     bar->hide();
     m_bars.push_back(bar);
     return bar;

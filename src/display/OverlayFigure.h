@@ -62,7 +62,8 @@ private:
     FigureRegions m_part;
 };
 
-/// An array of bars that are shown and hidden together. Its controls are named after it and numbered from 0.
+/// An array of bars that are shown and hidden together. Its controls are named after it and numbered from 0,
+/// and lie below everything that was on the display when they were made.
 class OverlayFigure {
 public:
     OverlayFigure(QString name, QWidget* display);
