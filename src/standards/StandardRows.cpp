@@ -5,10 +5,13 @@
 
 namespace ocuva {
 
+void StandardRows::clear() {
+    m_rows.clear();
+    m_keys.clear();
+}
+
 bool StandardRows::add(StandardRow row) {
-    const bool known = std::any_of(m_rows.begin(), m_rows.end(),
-                                   [&row](const StandardRow& other) { return other.key == row.key; });
-    if (known) {
+    if (!m_keys.insert(row.key).second) {
         return false;
     }
     m_rows.push_back(std::move(row));
@@ -41,6 +44,7 @@ void StandardRows::treatRow(int index, int target, const RowWalk& walk) {
     StandardRow moved = std::move(at(index));
     m_rows.erase(m_rows.begin() + (index - 1));
     if (walk.remove) {
+        m_keys.erase(moved.key);
         if (index <= count()) {
             select(index, true);
         }

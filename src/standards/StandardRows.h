@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
 namespace ocuva {
@@ -33,7 +34,7 @@ public:
     const StandardRow& row(int index) const { return m_rows.at(static_cast<std::size_t>(index) - 1); }
     const std::vector<StandardRow>& rows() const { return m_rows; }
 
-    void clear() { m_rows.clear(); }
+    void clear();
     /// False, and no row, when its key is in the list already.
     bool add(StandardRow row);
     void select(int index, bool selected) { at(index).selected = selected; }
@@ -57,6 +58,7 @@ private:
     void treatRow(int index, int target, const RowWalk& walk);
 
     std::vector<StandardRow> m_rows;
+    std::unordered_set<std::string> m_keys;
 };
 
 } // namespace ocuva

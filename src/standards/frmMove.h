@@ -1,0 +1,59 @@
+#pragma once
+// The move dialog: an absolute stage position is typed, and the stage drives there.
+
+#include "controls/TextBox.h"
+#include "stage/CTnStage.h"
+#include "standards/StandardList.h"
+
+#include <QDialog>
+#include <QPushButton>
+
+#include <array>
+#include <functional>
+
+namespace ocuva {
+
+/// What the dialogs reach the stage through: the main window, or whatever offers the same.
+class StageMover {
+public:
+    virtual ~StageMover() = default;
+    virtual CTnStage& cxsStage() = 0;
+    /// Starts the loaded moves (0: of all axes) and watches them.
+    virtual void SyncStageMove(Integer axis) = 0;
+};
+
+class frmMove final : public QDialog {
+    Q_OBJECT
+
+public:
+    /// addStandard lets the operator choose a standard and drives there; report shows an error that leaves a
+    /// handler.
+    frmMove(StageMover& fOcuva, std::function<void()> addStandard, std::function<void(const QString&)> report,
+            QWidget* parent);
+
+    /// Moves the stage to the typed position by three relative moves. Throws std::runtime_error that names
+    /// the field when a text is no number or a distance does not fit; nothing moves then.
+    void DoMove(StageMover& fOcuva);
+
+    void setPosition(const StagePosition& position);
+
+    std::array<TextBox*, 3> txtMove{};
+    QPushButton* cmdMove = nullptr;
+    QPushButton* cmdStandard = nullptr;
+    QPushButton* cmdClose = nullptr;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void cmdMove_Click();
+
+    StageMover& m_fOcuva;
+    std::function<void(const QString&)> m_report;
+};
+
+/// Drives to a standard through the move dialog, which need not be visible. Nothing happens when the host's
+/// database has no such object or it has no position.
+void GotoStandard(TnLibProxy& libProxy, const std::string& name, frmMove& dialog, StageMover& fOcuva);
+
+} // namespace ocuva

@@ -1,0 +1,235 @@
+#include "standards/frmStdList.h"
+
+#include <QDragMoveEvent>
+#include <QGridLayout>
+#include <QHeaderView>
+#include <QPainter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <utility>
+
+namespace ocuva {
+
+namespace {
+
+// The dialog's margins in pixels: 240 twips less in width and height for the list, 60 twips between it and
+// the buttons.
+constexpr int outerMargin = 8;
+constexpr int innerGap = 4;
+constexpr int numberColumnWidth = 72;
+
+QString shown(const std::string& text) { return QString::fromLocal8Bit(text); }
+
+} // namespace
+
+StdListView::StdListView(QWidget* parent)
+    : QTreeWidget(parent) {
+    setRootIsDecorated(false);
+    setUniformRowHeights(true);
+    setAllColumnsShowFocus(true);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setDragEnabled(true);
+    setAcceptDrops(true);
+    setDropIndicatorShown(false);
+}
+
+void StdListView::setDropHighlight(QTreeWidgetItem* item) {
+    m_dropHighlight = item;
+    viewport()->update();
+}
+
+void StdListView::dragEnterEvent(QDragEnterEvent* event) { event->acceptProposedAction(); }
+
+void StdListView::dragMoveEvent(QDragMoveEvent* event) {
+    setDropHighlight(itemAt(event->position().toPoint()));
+    event->acceptProposedAction();
+}
+
+void StdListView::dragLeaveEvent(QDragLeaveEvent* /*event*/) { setDropHighlight(nullptr); }
+
+void StdListView::dropEvent(QDropEvent* event) {
+    setDropHighlight(nullptr);
+    // Nothing is taken: a move would make the source remove its rows.
+    event->setDropAction(Qt::IgnoreAction);
+    event->accept();
+}
+
+void StdListView::drawRow(QPainter* painter, const QStyleOptionViewItem& options,
+                          const QModelIndex& index) const {
+    QTreeWidget::drawRow(painter, options, index);
+    if (m_dropHighlight != nullptr && itemFromIndex(index) == m_dropHighlight) {
+        painter->setPen(palette().color(QPalette::Highlight));
+        painter->drawRect(options.rect.adjusted(0, 0, -1, -1));
+    }
+}
+
+frmStdList::frmStdList(StandardList& list, TnLibProxy& libProxy, std::function<bool()> addStandard,
+                       std::function<void()> fillStageMenu, QWidget* owner)
+    : QDialog(owner)
+    , m_list(list)
+    , m_libProxy(libProxy)
+    , m_addStandard(std::move(addStandard))
+    , m_fillStageMenu(std::move(fillStageMenu)) {
+    setObjectName(QStringLiteral("frmStdList"));
+    setWindowTitle(tr("Customize Standard List"));
+    setModal(true);
+    makeControls();
+    connect(cmdUp, &QPushButton::clicked, this, [this] { edit(&StandardRows::up); });
+    connect(cmdDown, &QPushButton::clicked, this, [this] { edit(&StandardRows::down); });
+    connect(cmdDelete, &QPushButton::clicked, this, [this] { edit(&StandardRows::removeSelected); });
+    connect(cmdInsert, &QPushButton::clicked, this, &frmStdList::cmdInsert_Click);
+    connect(cmdOk, &QPushButton::clicked, this, &QDialog::accept);
+}
+
+void frmStdList::makeControls() {
+    lblStdEntries = new QLabel(tr("Current Standard List"), this);
+    lblStdEntries->setObjectName(QStringLiteral("lblStdEntries"));
+    lvwStdEntries = new StdListView(this);
+    lvwStdEntries->setObjectName(QStringLiteral("lvwStdEntries"));
+    lvwStdEntries->setAccessibleName(lblStdEntries->text());
+    lvwStdEntries->setColumnCount(0);
+    lblStdEntries->setBuddy(lvwStdEntries);
+    frStdListCmds = new QWidget(this);
+    frStdListCmds->setObjectName(QStringLiteral("frStdListCmds"));
+
+    auto* column = new QVBoxLayout(frStdListCmds);
+    column->setContentsMargins(0, 0, 0, 0);
+    const auto addButton = [&](const char* name, const QString& text, const QString& help) {
+        auto* button = new QPushButton(text, frStdListCmds);
+        button->setObjectName(QString::fromLatin1(name));
+        button->setAccessibleName(help);
+        button->setToolTip(help);
+        button->setAutoDefault(false);
+        column->addWidget(button);
+        return button;
+    };
+    cmdInsert = addButton("cmdInsert", tr("Insert..."), tr("Insert a standard from its file"));
+    cmdDelete = addButton("cmdDelete", tr("Delete"), tr("Take the selected standards off the list"));
+    column->addSpacing(outerMargin);
+    cmdUp = addButton("cmdUp", QStringLiteral("\u2191"), tr("Move the selected standards up"));
+    cmdDown = addButton("cmdDown", QStringLiteral("\u2193"), tr("Move the selected standards down"));
+    column->addStretch(1);
+    cmdOk = addButton("cmdOk", tr("OK"), tr("Close the list"));
+    cmdOk->setDefault(true);
+
+    auto* grid = new QGridLayout(this);
+    grid->setContentsMargins(outerMargin, outerMargin, outerMargin, outerMargin);
+    grid->setSpacing(innerGap);
+    grid->setHorizontalSpacing(outerMargin);
+    grid->addWidget(lblStdEntries, 0, 0);
+    grid->addWidget(lvwStdEntries, 1, 0);
+    grid->addWidget(frStdListCmds, 1, 1);
+    grid->setColumnStretch(0, 1);
+    grid->setRowStretch(1, 1);
+    resize(560, 360);
+}
+
+void frmStdList::showEvent(QShowEvent* event) {
+    QDialog::showEvent(event);
+    FillStdList();
+}
+
+void frmStdList::done(int result) {
+    m_fillStageMenu();
+    QDialog::done(result);
+}
+
+void frmStdList::SetupStdColumns() {
+    lvwStdEntries->setColumnCount(4);
+    lvwStdEntries->setHeaderLabels(
+        {tr("File"), QStringLiteral("X"), QStringLiteral("Y"), QStringLiteral("Z")});
+    QHeaderView* header = lvwStdEntries->header();
+    header->setStretchLastSection(false);
+    header->setSectionResizeMode(0, QHeaderView::Stretch);
+    for (int i = 1; i < 4; ++i) {
+        lvwStdEntries->headerItem()->setTextAlignment(i, Qt::AlignRight | Qt::AlignVCenter);
+        header->resizeSection(i, numberColumnWidth);
+    }
+}
+
+void frmStdList::FillStdList() {
+    m_rows.clear();
+    if (lvwStdEntries->columnCount() == 0) {
+        SetupStdColumns();
+    }
+    StandardObject object(m_libProxy);
+    const std::string directory = m_list.directory();
+    std::string name;
+    Integer index = 0;
+    while (m_list.GetNextStandard(name, index)) {
+        if (!object.isOpen() || !object.read(name)) {
+            continue;
+        }
+        StandardRow row{name, standardText(name, directory), {}, false};
+        if (const std::optional<StagePosition> position = object.position()) {
+            row.subItems = {std::to_string(position->x), std::to_string(position->y),
+                            std::to_string(position->z)};
+        }
+        m_rows.add(std::move(row));
+    }
+    showRows();
+}
+
+void frmStdList::SaveStdList() {
+    if (m_rows.count() == 0) {
+        m_list.AppendStandard("", true);
+        return;
+    }
+    for (int i = 1; i <= m_rows.count(); ++i) {
+        m_list.AppendStandard(m_rows.row(i).key, i == 1);
+    }
+}
+
+void frmStdList::takeSelection() {
+    for (int i = 1; i <= m_rows.count(); ++i) {
+        m_rows.select(i, lvwStdEntries->topLevelItem(i - 1)->isSelected());
+    }
+}
+
+void frmStdList::showRows() {
+    QList<QTreeWidgetItem*> items;
+    items.reserve(m_rows.count());
+    for (const StandardRow& row : m_rows.rows()) {
+        auto* item = new QTreeWidgetItem(
+            {shown(row.text), shown(row.subItems[0]), shown(row.subItems[1]), shown(row.subItems[2])});
+        item->setToolTip(0, shown(row.key));
+        for (int i = 1; i < 4; ++i) {
+            item->setTextAlignment(i, Qt::AlignRight | Qt::AlignVCenter);
+        }
+        items.append(item);
+    }
+    lvwStdEntries->setUpdatesEnabled(false);
+    lvwStdEntries->clear();
+    lvwStdEntries->addTopLevelItems(items);
+    for (int i = 1; i <= m_rows.count(); ++i) {
+        lvwStdEntries->topLevelItem(i - 1)->setSelected(m_rows.row(i).selected);
+    }
+    lvwStdEntries->setUpdatesEnabled(true);
+}
+
+void frmStdList::edit(void (StandardRows::*operation)()) {
+    takeSelection();
+    (m_rows.*operation)();
+    showRows();
+    SaveStdList();
+}
+
+void frmStdList::cmdInsert_Click() {
+    takeSelection();
+    const int insertionPoint = std::max(m_rows.firstSelected(), 1);
+    if (!m_addStandard()) {
+        return;
+    }
+    const int countBefore = m_rows.count();
+    FillStdList();
+    // A standard that is in the list already, or that the database cannot read, got no row that could be
+    // moved.
+    if (m_rows.count() > countBefore) {
+        m_rows.insertLastAt(insertionPoint);
+        showRows();
+    }
+    SaveStdList();
+}
+
+} // namespace ocuva

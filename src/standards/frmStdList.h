@@ -1,0 +1,83 @@
+#pragma once
+// The standard list dialog: shows the stored standards with their positions and edits their order. Every edit
+// is written at once; there is no cancel.
+
+#include "standards/StandardList.h"
+#include "standards/StandardRows.h"
+
+#include <QDialog>
+#include <QLabel>
+#include <QPushButton>
+#include <QTreeWidget>
+
+#include <functional>
+
+namespace ocuva {
+
+/// The list view: report view with multiple selection. Something dragged over it highlights the row under the
+/// pointer; dropping it does nothing but take the highlight away.
+class StdListView final : public QTreeWidget {
+    Q_OBJECT
+
+public:
+    explicit StdListView(QWidget* parent);
+    const QTreeWidgetItem* dropHighlight() const { return m_dropHighlight; }
+
+protected:
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void drawRow(QPainter* painter, const QStyleOptionViewItem& options,
+                 const QModelIndex& index) const override;
+
+private:
+    void setDropHighlight(QTreeWidgetItem* item);
+
+    QTreeWidgetItem* m_dropHighlight = nullptr;
+};
+
+class frmStdList final : public QDialog {
+    Q_OBJECT
+
+public:
+    /// addStandard lets the operator choose a file, appends it to the stored list and tells whether he did;
+    /// fillStageMenu runs when the dialog closes.
+    frmStdList(StandardList& list, TnLibProxy& libProxy, std::function<bool()> addStandard,
+               std::function<void()> fillStageMenu, QWidget* owner);
+
+    void SetupStdColumns();
+    /// Standards that the host's database cannot read, and further ones of a name, get no row.
+    void FillStdList();
+    void SaveStdList();
+
+    const StandardRows& rows() const { return m_rows; }
+
+    QLabel* lblStdEntries = nullptr;
+    StdListView* lvwStdEntries = nullptr;
+    QWidget* frStdListCmds = nullptr;
+    QPushButton* cmdInsert = nullptr;
+    QPushButton* cmdDelete = nullptr;
+    QPushButton* cmdUp = nullptr;
+    QPushButton* cmdDown = nullptr;
+    QPushButton* cmdOk = nullptr;
+
+protected:
+    void showEvent(QShowEvent* event) override;
+    void done(int result) override;
+
+private:
+    void makeControls();
+    void takeSelection();
+    void showRows();
+    void edit(void (StandardRows::*operation)());
+    void cmdInsert_Click();
+
+    StandardList& m_list;
+    TnLibProxy& m_libProxy;
+    std::function<bool()> m_addStandard;
+    std::function<void()> m_fillStageMenu;
+    StandardRows m_rows;
+};
+
+} // namespace ocuva
