@@ -26,16 +26,18 @@ Region middle(const ocuva::Frame& frame, int fraction) {
 }
 
 std::vector<std::int16_t> luminances(const ocuva::Frame& frame, const Region& region) {
-    std::vector<std::int16_t> out;
-    out.reserve(static_cast<std::size_t>(region.width) * static_cast<std::size_t>(region.height));
-    for (int y = region.top; y < region.top + region.height; ++y) {
-        const std::uint32_t* const row =
-            frame.pixels.data() + static_cast<std::ptrdiff_t>(y) * frame.width + region.left;
-        std::transform(row, row + region.width, std::back_inserter(out), [](std::uint32_t pixel) {
+    std::vector<std::int16_t> out(static_cast<std::size_t>(region.width) *
+                                  static_cast<std::size_t>(region.height));
+    for (int y = 0; y < region.height; ++y) {
+        const std::uint32_t* const from =
+            frame.pixels.data() + static_cast<std::ptrdiff_t>(region.top + y) * frame.width + region.left;
+        std::int16_t* const to = out.data() + static_cast<std::ptrdiff_t>(y) * region.width;
+        for (int x = 0; x < region.width; ++x) {
             // 0.299, 0.587 and 0.114 in 1/256.
-            return static_cast<std::int16_t>(
-                ((pixel >> 16U & 0xffU) * 77U + (pixel >> 8U & 0xffU) * 150U + (pixel & 0xffU) * 29U) >> 8U);
-        });
+            to[x] = static_cast<std::int16_t>(
+                ((from[x] >> 16U & 0xffU) * 77U + (from[x] >> 8U & 0xffU) * 150U + (from[x] & 0xffU) * 29U) >>
+                8U);
+        }
     }
     return out;
 }
@@ -45,18 +47,17 @@ struct Energy {
     std::int64_t farther = 0;
 };
 
-// 32-bit sums of one row, so that the compiler can make vector instructions of the loop.
+// Differences of 16 and row sums of 32 bits, so that the compiler can make vector instructions of the loop.
 Energy energyOfRow(const std::int16_t* row, std::ptrdiff_t pitch, int count) {
     std::int32_t neighbours = 0;
     std::int32_t farther = 0;
+    const auto square = [row](std::ptrdiff_t from, std::ptrdiff_t to) -> std::int32_t {
+        const auto difference = static_cast<std::int16_t>(row[to] - row[from]);
+        return difference * difference;
+    };
     for (int x = 0; x < count; ++x) {
-        const std::int32_t here = row[x];
-        const std::int32_t right = row[x + 1] - here;
-        const std::int32_t below = row[x + pitch] - here;
-        const std::int32_t rightFar = row[x + reach] - here;
-        const std::int32_t belowFar = row[x + reach * pitch] - here;
-        neighbours += right * right + below * below;
-        farther += rightFar * rightFar + belowFar * belowFar;
+        neighbours += square(x, x + 1) + square(x, x + pitch);
+        farther += square(x, x + reach) + square(x, x + reach * pitch);
     }
     return {neighbours, farther};
 }
