@@ -48,14 +48,16 @@ TarnLong showMessageBox(const std::string& text, const std::string& title, TarnL
         box.setStandardButtons(QMessageBox::Ok);
     }
     switch (box.exec()) {
+    case QMessageBox::Ok:
+        return TARN_ANSWER_OK;
     case QMessageBox::Yes:
         return TARN_ANSWER_YES;
     case QMessageBox::No:
         return TARN_ANSWER_NO;
     case QMessageBox::Cancel:
         return TARN_ANSWER_CANCEL;
-    default:
-        return TARN_ANSWER_OK;
+    default: // the process ends while the box is open
+        return answerThatChangesLeast(style);
     }
 }
 
