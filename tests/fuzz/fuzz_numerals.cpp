@@ -4,8 +4,10 @@
 #include "base/Numbers.h"
 #include "simhost/services/Numerals.h"
 
+#include <bit>
 #include <cmath>
 #include <cstring>
+#include <limits>
 #include <optional>
 #include <string>
 
@@ -27,7 +29,8 @@ void checkWhole(std::string_view text) {
 
 void checkText(double value) {
     const auto again = number(numberText(value));
-    require(again && std::memcmp(&*again, &value, sizeof value) == 0, "a number reads back bit for bit");
+    const auto bits = [](double number) { return std::bit_cast<std::uint64_t>(number); };
+    require(again && bits(*again) == bits(value), "a number reads back bit for bit");
 }
 
 template <typename Whole> std::optional<Whole> converted(Whole (*convert)(double), double value) {

@@ -29,6 +29,7 @@ inline void killProcess(pid_t child) {
 /// Runs the work in so many processes at once, each with its number from 0; true when all returned true.
 inline bool inProcesses(int count, const std::function<bool(int)>& work) {
     std::vector<pid_t> children;
+    children.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         children.push_back(startProcess([&work, i] { return work(i); }));
     }

@@ -139,7 +139,7 @@ TEST(RealClockGrab, AnOperatorsWorkGoesOnBesideTheGrab) {
         rig.host->tn_vduti().TarnVideoBufferComputeStatistics(&buffer, 0, 0, -1, -1, &count, &sum, &variance);
         EXPECT_GT(count, 0);
         const std::string picture = (rig.folder / "picture.tif").string();
-        TarnSaveRequest save{0, picture.c_str()};
+        TarnSaveRequest save{TARN_SAVE_SUB_CODE, picture.c_str()};
         EXPECT_NE(rig.video().TarnVideoBoardFunction(TARN_BOARD_FUNCTION_SAVE, &save), 0);
         rig.host->tn_log().TarnPrintfVB("beside the grab");
         rig.display.next();
