@@ -115,7 +115,13 @@ void frmOcuva::changeEvent(QEvent* event) {
 }
 
 void frmOcuva::applyWindowState(ServerWindow::State state) {
-    setWindowState(state == ServerWindow::State::normal ? Qt::WindowNoState : Qt::WindowMinimized);
+    if (state == ServerWindow::State::normal) {
+        setWindowState(Qt::WindowNoState);
+    } else {
+        // Only noted: the window is hidden next, and a window system that were asked to minimise it would
+        // answer late, perhaps after a wake that it would undo.
+        overrideWindowState(Qt::WindowMinimized);
+    }
 }
 
 void frmOcuva::showModeless() {

@@ -3,6 +3,7 @@
 
 #include <QMessageBox>
 #include <QTimer>
+#include <QWindow>
 
 #include <stdexcept>
 
@@ -54,6 +55,8 @@ TEST_F(ServerMode, SleepHidesTheWindowAndWakeBringsItBackInItsNormalState) {
     host.deliver("OCUVA_SLEEP");
     EXPECT_FALSE(window().isVisible());
     EXPECT_TRUE(window().isMinimized());
+    EXPECT_EQ(window().windowHandle()->windowStates() & Qt::WindowMinimized, Qt::WindowNoState)
+        << "a window system that minimises it late would undo a wake";
     EXPECT_TRUE(inter->flags().sleeping);
     host.deliver("OCUVA_WAKEUP");
     EXPECT_TRUE(window().isVisible());
