@@ -43,8 +43,7 @@ constexpr std::array<Row, 20> rows{{
 }};
 
 // Commands whose windows or functions are not part of this version yet.
-constexpr std::array unavailable{Command::Open, Command::SaveAs, Command::Move, Command::Picture,
-                                 Command::Setup};
+constexpr std::array unavailable{Command::Open, Command::SaveAs, Command::Picture, Command::Setup};
 
 } // namespace
 

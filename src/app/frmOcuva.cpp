@@ -6,7 +6,6 @@
 #include "base/Numbers.h"
 #include "base/Product.h"
 #include "display/TwipsGeometry.h"
-#include "video/DisplayHandOver.h"
 
 #include <QCloseEvent>
 #include <QMessageBox>
@@ -70,6 +69,12 @@ void frmOcuva::makeControls() {
     m_overlays = std::make_unique<Overlays>(
         OverlaysContext{*m_panels, *m_menu, *tbMain, m_sizing.fields(), m_magnification, m_conversion,
                         m_settings, [this] { m_layoutStore.save(tbMain->layoutText()); }});
+
+    chooseStandard = [this](const QString& folder) { return chooseStandardFile(*this, folder); };
+    m_standards = std::make_unique<Standards>(
+        StandardsContext{m_context.host.tn_reg(), m_context.host.tn_lib_proxy(), *tbMain, *this, *this,
+                         [this](const QString& text) { reportError(text); },
+                         [this](const QString& folder) { return chooseStandard(folder); }});
 
     // The window as designed: what stands around the monitor frame, from the frame's edge to the window's.
     const QRect monitor = m_panels->frMonitor->geometry();
@@ -159,16 +164,10 @@ void frmOcuva::restoreToolbarLayout() { tbMain->restoreLayout(m_layoutStore.load
 void frmOcuva::tInitTBMain_Timer() {
     tInitTBMain->stop();
     restoreToolbarLayout();
+    m_standards->FillStageMenu();
 }
 
-void frmOcuva::initialiseCamera() {
-    constexpr Long boardWithDisplay = 1;
-    constexpr Long startDivisor = 2;
-    if (m_board->BoardType() == boardWithDisplay) {
-        handDisplayToBoard(m_context.host.tn_video(), displayHandle(), startDivisor, m_normalZoom);
-    }
-    tbMain->setEnabled(QStringLiteral("Acq"), m_board->IsInitialized());
-}
+void frmOcuva::initialiseCamera() { CameraSetup(m_context.host.tn_video(), *m_board, *this).refresh(false); }
 
 void frmOcuva::run(Command command) {
     if (!MainMenu::isAvailable(command)) {
@@ -193,6 +192,9 @@ void frmOcuva::run(Command command) {
             break;
         case Command::MicroMarker:
             m_overlays->toggleMicroMarker();
+            break;
+        case Command::Move:
+            m_standards->openMoveDialog();
             break;
         case Command::Backlash:
             mmuBckl_Click();
@@ -324,6 +326,7 @@ void frmOcuva::exitOperation() {
     tStageMove->stop();
     tServerCheckIdle->stop();
     tInitTBMain->stop();
+    m_standards->unload();
     Shutdown();
     m_notifier.reset();
     close();

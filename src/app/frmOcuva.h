@@ -6,6 +6,7 @@
 #include "app/MainMenu.h"
 #include "app/MonitorPanels.h"
 #include "app/Overlays.h"
+#include "app/Standards.h"
 #include "app/StatusBar.h"
 #include "app/toolbar/MainToolbar.h"
 #include "app/toolbar/ToolbarLayoutStore.h"
@@ -21,6 +22,7 @@
 #include "stage/StageWatch.h"
 #include "video/CTnVideoBoard.h"
 #include "video/CTnVideoImage.h"
+#include "video/CameraSetup.h"
 #include "video/Magnification.h"
 
 #include <QMainWindow>
@@ -46,7 +48,12 @@ struct MainWindowContext {
     int minuteMs = modServer::idleTickMs; ///< a minute of the idle clock, in milliseconds on the wall
 };
 
-class frmOcuva final : public QMainWindow, private StageWatchView, private MonitorView, private ServerWindow {
+class frmOcuva final : public QMainWindow,
+                       public StageMover,
+                       private CameraMainWindow,
+                       private StageWatchView,
+                       private MonitorView,
+                       private ServerWindow {
     Q_OBJECT
 
 public:
@@ -63,7 +70,7 @@ public:
     void initialiseCamera();
 
     // Operations that other windows call.
-    void SyncStageMove(Integer axis) { m_watch.SyncStageMove(axis); }
+    void SyncStageMove(Integer axis) override { m_watch.SyncStageMove(axis); }
     void UpdateStagePos() { m_watch.UpdateStagePos(); }
     void ComputeImageSize(bool bInit, Integer nZoom) { m_sizing.ComputeImageSize(bInit, nZoom); }
     void ResizeAll(bool bResizeForm) { m_sizing.ResizeAll(bResizeForm); }
@@ -84,10 +91,14 @@ public:
     const MonitorFields& fields() const { return m_sizing.fields(); }
     CTnVideoBoard& cxvbBoard() { return *m_board; }
     CTnVideoImage& vimage() { return *m_image; }
-    CTnStage& cxsStage() { return m_stage; }
+    CTnStage& cxsStage() override { return m_stage; }
+    Standards& standards() { return *m_standards; }
 
     /// The images that the toolbar chooses from: small and large, plain, under the pointer, disabled.
     const ToolbarImageLists imageLists;
+
+    /// Asks for the file of a standard; the common open-file dialog unless set otherwise.
+    std::function<QString(const QString& folder)> chooseStandard;
 
     MainToolbar* tbMain = nullptr;
     StatusBar* sbMain = nullptr;
@@ -148,6 +159,9 @@ private:
     void enableMoveTimer(bool on) override;
     void showPosition(Integer axis, const std::string& text) override;
 
+    // CameraMainWindow
+    void enableAcq(bool on) override;
+
     // MonitorView
     ScreenMetrics screen() const override;
     TwipsRect rect(MonitorPart part) const override;
@@ -187,6 +201,7 @@ private:
     std::unique_ptr<MainMenu> m_menu;
     std::unique_ptr<MonitorPanels> m_panels;
     std::unique_ptr<UpDownPanel> m_upDown;
+    std::unique_ptr<Standards> m_standards;
     std::unique_ptr<Overlays> m_overlays;
     ImageInformation* m_information = nullptr;
 

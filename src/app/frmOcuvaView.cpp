@@ -76,6 +76,8 @@ void frmOcuva::setWindowSize(Long width, Long height) { resize(pixelsX(width), p
 
 Long frmOcuva::displayHandle() const { return m_panels->milDisp->hWnd(); }
 
+void frmOcuva::enableAcq(bool on) { tbMain->setEnabled(QStringLiteral("Acq"), on); }
+
 void frmOcuva::redrawOverlays(Long centreY, Long centreX) {
     DrawCross(centreY, centreX);
     DrawGrid(centreY, centreX);
