@@ -89,30 +89,34 @@ struct Block {
 constexpr float lesser(float a, float b) { return a < b ? a : b; }
 constexpr float greater(float a, float b) { return a > b ? a : b; }
 
-SIMHOST_VECTOR_CLONES Bounds boundsOf(const Block& block) {
-    // Column by column first: independent lanes.
-    const auto size = static_cast<std::size_t>(block.size());
-    const auto width = static_cast<std::size_t>(block.columns);
-    std::array<float, kBlock> lowX{};
-    std::array<float, kBlock> highX{};
-    std::array<float, kBlock> lowY{};
-    std::array<float, kBlock> highY{};
-    std::copy_n(block.x.begin(), width, lowX.begin());
-    std::copy_n(block.x.begin(), width, highX.begin());
-    std::copy_n(block.y.begin(), width, lowY.begin());
-    std::copy_n(block.y.begin(), width, highY.begin());
-    for (std::size_t line = width; line < size; line += width) {
-        for (std::size_t c = 0; c < width; ++c) {
-            lowX[c] = lesser(lowX[c], block.x[line + c]);
-            highX[c] = greater(highX[c], block.x[line + c]);
-            lowY[c] = lesser(lowY[c], block.y[line + c]);
-            highY[c] = greater(highY[c], block.y[line + c]);
+// Least and greatest of many numbers, in independent lanes.
+SIMHOST_VECTOR_CLONES void limitsOf(const float* __restrict values, std::size_t count, float& low,
+                                    float& high) {
+    constexpr std::size_t lanes = 64;
+    std::array<float, lanes> least{};
+    std::array<float, lanes> most{};
+    least.fill(values[0]);
+    most.fill(values[0]);
+    std::size_t i = 0;
+    for (; i + lanes <= count; i += lanes) {
+        for (std::size_t k = 0; k < lanes; ++k) {
+            least[k] = lesser(least[k], values[i + k]);
+            most[k] = greater(most[k], values[i + k]);
         }
     }
-    return {*std::min_element(lowX.begin(), lowX.begin() + width),
-            *std::max_element(highX.begin(), highX.begin() + width),
-            *std::min_element(lowY.begin(), lowY.begin() + width),
-            *std::max_element(highY.begin(), highY.begin() + width)};
+    for (; i < count; ++i) {
+        least[0] = lesser(least[0], values[i]);
+        most[0] = greater(most[0], values[i]);
+    }
+    low = *std::min_element(least.begin(), least.end());
+    high = *std::max_element(most.begin(), most.end());
+}
+
+Bounds boundsOf(const float* x, const float* y, std::size_t count) {
+    Bounds bounds{};
+    limitsOf(x, count, bounds.lowX, bounds.highX);
+    limitsOf(y, count, bounds.lowY, bounds.highY);
+    return bounds;
 }
 
 // The places of some grains in lanes of their own, to look at many at once.
@@ -209,7 +213,7 @@ std::uint32_t settle(Block& block, const Candidates& candidates) {
 }
 
 SIMHOST_VECTOR_CLONES void store(const Block& block, const std::int32_t* __restrict candidates,
-                                 std::uint32_t placeMask, GrainMap& map, std::size_t first, int columns) {
+                                 std::int32_t placeMask, GrainMap& map, std::size_t first, int columns) {
     for (int r = 0; r < block.rows; ++r) {
         const std::size_t line = first + static_cast<std::size_t>(r) * static_cast<std::size_t>(columns);
         const float* __restrict best = &block.best[block.indexOf(0, r)];
@@ -218,8 +222,8 @@ SIMHOST_VECTOR_CLONES void store(const Block& block, const std::int32_t* __restr
         std::int32_t* __restrict neighbour = &map.neighbour[line];
         float* __restrict gap = &map.gap[line];
         for (int c = 0; c < block.columns; ++c) {
-            owner[c] = candidates[std::bit_cast<std::uint32_t>(best[c]) & placeMask];
-            neighbour[c] = candidates[std::bit_cast<std::uint32_t>(second[c]) & placeMask];
+            owner[c] = candidates[std::bit_cast<std::int32_t>(best[c]) & placeMask];
+            neighbour[c] = candidates[std::bit_cast<std::int32_t>(second[c]) & placeMask];
             gap[c] = second[c] - best[c];
         }
     }
@@ -272,23 +276,19 @@ void findRuns(GrainMap& map, int columns) {
     }
 }
 
-Bounds boundsOf(const std::vector<float>& qx, const std::vector<float>& qy) {
-    const auto [lowX, highX] = std::minmax_element(qx.begin(), qx.end());
-    const auto [lowY, highY] = std::minmax_element(qy.begin(), qy.end());
-    return {*lowX, *highX, *lowY, *highY};
-}
-
 } // namespace
 
-std::vector<Grain> collectGrains(const Mosaic& mosaic, const SampleGrid& grid, float reach) {
-    const auto cells = [&](double start, double step, int count) {
-        const double end = start + step * (count - 1);
-        const auto low = static_cast<std::int64_t>(std::floor((std::min(start, end) - reach) / mosaic.cell));
-        const auto high = static_cast<std::int64_t>(std::floor((std::max(start, end) + reach) / mosaic.cell));
-        return std::pair{low - 2, high + 2}; // no grain farther off can be nearest
+std::vector<Grain> collectGrains(const Mosaic& mosaic, const SampleGrid& grid, const std::vector<float>& qx,
+                                 const std::vector<float>& qy) {
+    const auto cells = [&](double start, float least, float greatest) {
+        const auto cellOf = [&](float place) {
+            return static_cast<std::int64_t>(std::floor((start + static_cast<double>(place)) / mosaic.cell));
+        };
+        return std::pair{cellOf(least) - 2, cellOf(greatest) + 2}; // no grain farther off can be nearest
     };
-    const auto [left, right] = cells(grid.x0, grid.stepX, grid.columns);
-    const auto [bottom, top] = cells(grid.y0, grid.stepY, grid.rows);
+    const Bounds bounds = boundsOf(qx.data(), qy.data(), qx.size());
+    const auto [left, right] = cells(grid.x0, bounds.lowX, bounds.highX);
+    const auto [bottom, top] = cells(grid.y0, bounds.lowY, bounds.highY);
     std::vector<Grain> grains;
     grains.reserve(static_cast<std::size_t>((right - left + 1) * (top - bottom + 1)));
     for (std::int64_t row = bottom; row <= top; ++row) {
@@ -307,9 +307,8 @@ GrainMap mapGrains(const std::vector<Grain>& grains, const std::vector<float>& q
     map.gap.resize(qx.size(), kNoGap);
     Block block;
     Reach reach;
-    Candidates inTile;
     Candidates inBlock;
-    candidatesIn(lanesOf(grains), boundsOf(qx, qy), reach, inTile);
+    const Candidates lanes = lanesOf(grains);
     for (int top = 0; top < rows; top += kBlock) {
         for (int left = 0; left < columns; left += kBlock) {
             if (!mask.wants(left, top)) {
@@ -320,9 +319,11 @@ GrainMap mapGrains(const std::vector<Grain>& grains, const std::vector<float>& q
             const auto first = static_cast<std::size_t>(top) * static_cast<std::size_t>(columns) +
                                static_cast<std::size_t>(left);
             load(qx, qy, columns, first, block);
-            candidatesIn(inTile, boundsOf(block), reach, inBlock);
+            candidatesIn(lanes,
+                         boundsOf(block.x.data(), block.y.data(), static_cast<std::size_t>(block.size())),
+                         reach, inBlock);
             const std::uint32_t placeMask = settle(block, inBlock);
-            store(block, inBlock.number.data(), placeMask, map, first, columns);
+            store(block, inBlock.number.data(), static_cast<std::int32_t>(placeMask), map, first, columns);
         }
     }
     findRuns(map, columns);

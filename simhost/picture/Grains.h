@@ -23,14 +23,17 @@ struct Grain {
     std::uint32_t hash = 0;
 };
 
-/// Every grain that can show in a rectangle (relative places), for one mosaic.
+/// One mosaic of grains.
 struct Mosaic {
     double cell; ///< mean distance of grains, units
     std::uint32_t seed;
     const std::vector<Share>* shares;
     float aggregatePart;
 };
-std::vector<Grain> collectGrains(const Mosaic& mosaic, const SampleGrid& grid, float reach);
+
+/// Every grain that can show at places (qx, qy), relative to the grid's first sample.
+std::vector<Grain> collectGrains(const Mosaic& mosaic, const SampleGrid& grid, const std::vector<float>& qx,
+                                 const std::vector<float>& qy);
 
 /// Samples of one row that lie in one grain with one nearest neighbour: [begin, end).
 struct GrainRun {
@@ -45,7 +48,8 @@ struct GrainMap {
     std::vector<GrainRun> runs; ///< all samples in order
     std::vector<std::int32_t> owner;
     std::vector<std::int32_t> neighbour;
-    std::vector<float> gap; ///< difference of their powers, square units, >= 0; 0 on the boundary
+    std::vector<float>
+        gap; ///< difference of their powers, square units, >= 0; 0 on the boundary
 };
 
 /// Samples that somebody wants to know about, by squares of kBlock x kBlock samples; the others are left out.

@@ -11,19 +11,29 @@ namespace {
 
 // Quadratic B-spline through a lattice of random numbers: three neighbours along each axis.
 struct Knots {
-    std::vector<std::int64_t> middle;
+    std::int64_t first = 0;          // least lattice number that a place needs
+    std::size_t count = 0;           // of lattice numbers
+    std::vector<std::int32_t> place; // of the knot before each place, counted from `first`
     std::vector<float> before, at, after;
 };
 
 SIMHOST_VECTOR_CLONES Knots knotsAlong(double start, double step, int count, double spacing) {
     const auto size = static_cast<std::size_t>(count);
-    Knots knots{std::vector<std::int64_t>(size), std::vector<float>(size), std::vector<float>(size),
+    const auto knotAt = [&](int i) {
+        return static_cast<std::int64_t>(std::floor((start + i * step) / spacing + 0.5));
+    };
+    const auto [low, high] = std::minmax({knotAt(0), knotAt(count - 1)});
+    Knots knots{low - 1,
+                static_cast<std::size_t>(high - low + 3),
+                std::vector<std::int32_t>(size),
+                std::vector<float>(size),
+                std::vector<float>(size),
                 std::vector<float>(size)};
     for (std::size_t i = 0; i < size; ++i) {
         const double place = (start + static_cast<double>(i) * step) / spacing;
         const double nearest = std::floor(place + 0.5);
         const auto t = static_cast<float>(place - nearest);
-        knots.middle[i] = static_cast<std::int64_t>(nearest);
+        knots.place[i] = static_cast<std::int32_t>(nearest - static_cast<double>(low));
         knots.before[i] = 0.5F * (0.5F - t) * (0.5F - t);
         knots.at[i] = 0.75F - t * t;
         knots.after[i] = 0.5F * (0.5F + t) * (0.5F + t);
@@ -32,10 +42,10 @@ SIMHOST_VECTOR_CLONES Knots knotsAlong(double start, double step, int count, dou
 }
 
 // The first half of cellHash for each lattice column, the same in every row.
-std::vector<std::uint32_t> hashColumns(std::uint32_t seed, std::int64_t first, std::size_t count) {
-    std::vector<std::uint32_t> hashes(count);
-    for (std::size_t i = 0; i < count; ++i) {
-        hashes[i] = mix(seed, static_cast<std::uint32_t>(first + static_cast<std::int64_t>(i)));
+std::vector<std::uint32_t> hashColumns(std::uint32_t seed, const Knots& columns) {
+    std::vector<std::uint32_t> hashes(columns.count);
+    for (std::size_t i = 0; i < columns.count; ++i) {
+        hashes[i] = mix(seed, static_cast<std::uint32_t>(columns.first + static_cast<std::int64_t>(i)));
     }
     return hashes;
 }
@@ -50,17 +60,17 @@ SIMHOST_VECTOR_CLONES void drawLattice(const std::uint32_t* __restrict columnHas
     }
 }
 
-// One lattice row, interpolated to the grid's columns; `first` is the column of lattice[1].
-SIMHOST_VECTOR_CLONES void interpolateRow(const Knots& columns, std::int64_t first,
-                                          const float* __restrict lattice, float* __restrict out) {
-    const std::size_t count = columns.middle.size();
-    const std::int64_t* __restrict middle = columns.middle.data();
+// One lattice row, interpolated to the grid's columns.
+SIMHOST_VECTOR_CLONES void interpolateRow(const Knots& columns, const float* __restrict lattice,
+                                          float* __restrict out) {
+    const std::size_t count = columns.place.size();
+    const std::int32_t* __restrict place = columns.place.data();
     const float* __restrict before = columns.before.data();
     const float* __restrict at = columns.at.data();
     const float* __restrict after = columns.after.data();
     for (std::size_t c = 0; c < count; ++c) {
-        const float* knot = lattice + (middle[c] - first);
-        out[c] = before[c] * knot[0] + at[c] * knot[1] + after[c] * knot[2];
+        out[c] =
+            before[c] * lattice[place[c]] + at[c] * lattice[place[c] + 1] + after[c] * lattice[place[c] + 2];
     }
 }
 
@@ -81,21 +91,18 @@ void addLatticeNoise(const SampleGrid& grid, double spacing, std::uint32_t seed,
     }
     const Knots columns = knotsAlong(grid.x0, grid.stepX, grid.columns, spacing);
     const Knots rows = knotsAlong(grid.y0, grid.stepY, grid.rows, spacing);
-    const auto [low, high] = std::minmax(rows.middle.front(), rows.middle.back());
     const auto width = static_cast<std::size_t>(grid.columns);
-    std::vector<float> interpolated(static_cast<std::size_t>(high - low + 3) * width);
-    const auto [left, right] = std::minmax(columns.middle.front(), columns.middle.back());
-    const std::vector<std::uint32_t> columnHashes =
-        hashColumns(seed, left - 1, static_cast<std::size_t>(right - left + 3));
-    std::vector<float> lattice(columnHashes.size());
-    for (std::int64_t row = low - 1; row <= high + 1; ++row) {
-        drawLattice(columnHashes.data(), row, lattice.data(), lattice.size());
-        interpolateRow(columns, left, lattice.data(),
-                       &interpolated[static_cast<std::size_t>(row - low + 1) * width]);
+    std::vector<float> interpolated(rows.count * width);
+    const std::vector<std::uint32_t> columnHashes = hashColumns(seed, columns);
+    std::vector<float> lattice(columns.count);
+    for (std::size_t row = 0; row < rows.count; ++row) {
+        drawLattice(columnHashes.data(), rows.first + static_cast<std::int64_t>(row), lattice.data(),
+                    lattice.size());
+        interpolateRow(columns, lattice.data(), &interpolated[row * width]);
     }
     const float scale = amplitude * fade;
-    for (std::size_t r = 0; r < rows.middle.size(); ++r) {
-        const float* first = &interpolated[static_cast<std::size_t>(rows.middle[r] - low) * width];
+    for (std::size_t r = 0; r < rows.place.size(); ++r) {
+        const float* first = &interpolated[static_cast<std::size_t>(rows.place[r]) * width];
         addWeighted(&values[r * width], first, first + width, first + 2 * width, rows.before[r] * scale,
                     rows.at[r] * scale, rows.after[r] * scale, width);
     }

@@ -225,6 +225,12 @@ void drawScratch(const SampleGrid& grid, const ScratchFamily& family, const Scra
     }
 }
 
+// Beyond this distance across a scratch leaves the surface alone.
+double widestReach(const SampleGrid& grid, const Scratch& scratch) {
+    const float soft = std::max(grid.footprint(), scratch.width);
+    return 2.0 * static_cast<double>(soft) + 2.0 * static_cast<double>(grid.footprint());
+}
+
 struct Range {
     double low, high;
 };
@@ -257,6 +263,10 @@ void drawFamily(const SampleGrid& grid, const ScratchFamily& family, std::uint32
             scratch.end = scratch.begin + family.length * static_cast<double>(draw.between(0.2F, 0.95F));
             scratch.width = draw.between(0.35F, 0.9F);
             scratch.depth = family.depth * chance * chance; // most are hardly seen
+            const double reach = widestReach(grid, scratch);
+            if (scratch.across + reach < across.low || scratch.across - reach > across.high) {
+                continue;
+            }
             if (scratch.depth > 0.01F && scratch.end > along.low && scratch.begin < along.high) {
                 drawScratch(grid, family, scratch, out);
             }

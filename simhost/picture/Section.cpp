@@ -19,7 +19,6 @@ constexpr double kSwingSpacing = 42.0;
 constexpr float kSwing = 26.0F;
 constexpr double kRippleSpacing = 7.0;
 constexpr float kRipple = 2.6F;
-constexpr float kBendReach = kSwing + kRipple;
 
 Rgb meanColour(const std::vector<Share>& shares) {
     Rgb sum;
@@ -74,7 +73,7 @@ void paintAggregates(const SampleGrid& grid, const Assemblage& assemblage, std::
         return;
     }
     const Mosaic mosaic{assemblage.fineCell, mix(seed, 21), &assemblage.fine, 0.0F};
-    const std::vector<Grain> grains = collectGrains(mosaic, grid, kBendReach);
+    const std::vector<Grain> grains = collectGrains(mosaic, grid, relief.x, relief.y);
     shadeGrains(mosaic, grains, mapGrains(grains, relief.x, relief.y, grid.columns, grid.rows, mask), relief,
                 nullptr, out);
 }
@@ -90,7 +89,7 @@ void paintSection(const SampleGrid& grid, const Assemblage& assemblage, std::uin
     }
     const Relief relief = reliefOf(grid, seed);
     const Mosaic mosaic{assemblage.coarseCell, mix(seed, 20), &assemblage.coarse, assemblage.aggregatePart};
-    const std::vector<Grain> grains = collectGrains(mosaic, grid, kBendReach);
+    const std::vector<Grain> grains = collectGrains(mosaic, grid, relief.x, relief.y);
     const GrainMap map = mapGrains(grains, relief.x, relief.y, grid.columns, grid.rows);
     const BlockMask mask = aggregateBlocks(mosaic, grains, map, relief.footprint, grid.columns, grid.rows);
     if (std::find(mask.wanted.begin(), mask.wanted.end(), 1) != mask.wanted.end()) {

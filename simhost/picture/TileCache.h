@@ -21,7 +21,7 @@ public:
         std::array<std::array<std::uint8_t, kTile * kTile>, 3> channel;
     };
 
-    explicit TileCache(const World& world, std::size_t memoryLimitBytes = 64U << 20U);
+    explicit TileCache(const World& world, std::size_t memoryLimitBytes = 12U << 20U);
 
     /// Chooses the size of a pixel in stage units, > 0; another size than before empties the cache.
     void setScale(double pixelX, double pixelY);
