@@ -163,6 +163,7 @@ TEST_F(OverlaysOnTheWindow, ClicksGoThroughThemToTheImage) {
     for (const QPoint& at : {cross().bars()[1]->bar().center(), grid().bars()[0]->bar().center(),
                              marker().geometry().center()}) {
         host.calls.clear();
+        EXPECT_EQ(display().childAt(at), nullptr);
         QTest::mouseClick(display().windowHandle(), Qt::LeftButton, Qt::NoModifier, at);
         EXPECT_EQ(host.callsOf("TarnLoadStageRelSecure").size(), 2U) << at.x() << ", " << at.y();
     }
