@@ -189,11 +189,9 @@ class Desk:
 
     def area(self, window):
         """Where the inside of a window, or of a control with a window of its own, is on the screen."""
-        size = self._do("xdotool", "getwindowgeometry", "--shell", window)
-        width, height = (int(re.search(rf"^{key}=(\d+)$", size, re.M).group(1)) for key in ("WIDTH", "HEIGHT"))
-        # Asking for the position itself counts a window manager's frame twice.
-        place = self._do("xdotool", "mousemove", "--window", window, "0", "0", "getmouselocation", "--shell")
-        left, top = (int(re.search(rf"^{key}=(\d+)$", place, re.M).group(1)) for key in ("X", "Y"))
+        told = self._do("xwininfo", "-id", window)
+        left, top, width, height = (int(re.search(rf"{key}: +(-?\d+)", told).group(1))
+                                    for key in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
         return Area(left, top, width, height)
 
     def resize(self, window, width, height):
