@@ -314,6 +314,51 @@ TEST(VideoBoard, AMeasuringExposureIsNeitherShownNorKept) {
     EXPECT_EQ(rig.board.currentFrame(), nullptr);
 }
 
+TEST(VideoBoard, TenMinutesThatNobodyWatchesCostNoPictureUntilSomebodyLooks) {
+    Rig rig;
+    rig.board.setDisplay({0, -1, 0});
+    rig.grab();
+    rig.stage.loadAbsolute(1, 100.0);
+    rig.stage.start(1);
+    rig.clock.advance(10.0 * 60.0 * 1000.0);
+    EXPECT_TRUE(rig.source.exposures.empty());
+    EXPECT_EQ(rig.board.lastFrameNumber(), 15000);
+    const ocuva::FramePtr frame = rig.board.currentFrame();
+    ASSERT_NE(frame, nullptr);
+    EXPECT_EQ(frame->number, 15000);
+    EXPECT_EQ(frame->capturedMs, 600000.0);
+    rig.board.currentFrame();
+    ASSERT_EQ(rig.source.exposures.size(), 1U);
+    EXPECT_EQ(rig.source.exposures[0].frameNumber, 15000U);
+    EXPECT_EQ(rig.source.exposures[0].stageX, 100.0);
+}
+
+TEST(VideoBoard, AWindowGetsOnePictureForEachTimeThatItCanLook) {
+    Rig rig;
+    rig.grab();
+    for (int second = 0; second < 600; ++second) {
+        rig.clock.advance(1000.0);
+    }
+    EXPECT_EQ(rig.source.exposures.size(), 600U);
+    EXPECT_EQ(rig.sink.count, 600);
+    EXPECT_EQ(rig.sink.newest->number, 15000);
+}
+
+TEST(VideoBoard, APictureThatWaitsIsOfItsMomentAndNotOfTheLook) {
+    Rig rig;
+    rig.board.setDisplay({0, -1, 0});
+    rig.grab();
+    rig.clock.advance(40.0);
+    rig.board.haltGrab();
+    rig.board.setReferences(1, 20.0, 20.0);
+    rig.stage.loadAbsolute(1, 100.0);
+    rig.stage.start(1);
+    rig.clock.advance(1000.0);
+    ASSERT_NE(rig.board.currentFrame(), nullptr);
+    EXPECT_EQ(rig.source.exposures.back().stageX, 0.0);
+    EXPECT_TRUE(isNeutral(rig.source.lastControls));
+}
+
 TEST(VideoBoard, OnARealClockCommandsAndReadingsGoOnBesideTheGrab) {
     RealClock clock(50.0);
     StageMechanics stage(clock, StageSettings());
