@@ -48,8 +48,7 @@ struct GrainMap {
     std::vector<GrainRun> runs; ///< all samples in order
     std::vector<std::int32_t> owner;
     std::vector<std::int32_t> neighbour;
-    std::vector<float>
-        gap; ///< difference of their powers, square units, >= 0; 0 on the boundary
+    std::vector<float> gap; ///< difference of their powers, square units, >= 0; 0 on the boundary
 };
 
 /// Samples that somebody wants to know about, by squares of kBlock x kBlock samples; the others are left out.

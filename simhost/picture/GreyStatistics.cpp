@@ -1,47 +1,60 @@
 #include "simhost/picture/GreyStatistics.h"
 
+#include "simhost/picture/GreySums.h"
+#include "simhost/picture/VectorClones.h"
+
 #include <algorithm>
+#include <array>
 
 namespace simhost {
 namespace {
 
-// Sums of so many squares of bytes fit in 32 bits, so that the inner loop stays in narrow vector lanes.
-constexpr std::size_t kChunk = 1U << 15U;
-static_assert(kChunk * 255U * 255U < (std::uint64_t{1} << 32U));
+// Pixels are turned to bytes by so many at once, which stay in the first-level cache.
+constexpr std::size_t kChunk = 1U << 14U;
 
-} // namespace
+SIMHOST_VECTOR_CLONES void luminance(const std::uint32_t* __restrict pixels, std::uint8_t* __restrict levels,
+                                     std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const std::uint32_t pixel = pixels[i];
+        const std::uint32_t weighed =
+            77U * (pixel >> 16U & 0xffU) + 150U * (pixel >> 8U & 0xffU) + 29U * (pixel & 0xffU);
+        levels[i] = static_cast<std::uint8_t>(weighed >> 8U);
+    }
+}
 
-GreyStatistics statistics(const std::uint32_t* pixels, std::size_t count) {
+GreyStatistics resultOf(const GreySums& sums, std::size_t count) {
     GreyStatistics result;
     result.count = count;
-    std::uint64_t squares = 0;
-    for (std::size_t begin = 0; begin < count; begin += kChunk) {
-        const std::size_t end = std::min(count, begin + kChunk);
-        std::uint32_t sum = 0;
-        std::uint32_t square = 0;
-        for (std::size_t i = begin; i < end; ++i) {
-            const std::uint32_t pixel = pixels[i];
-            const auto red = static_cast<std::uint16_t>(pixel >> 16U & 0xffU);
-            const auto green = static_cast<std::uint16_t>(pixel >> 8U & 0xffU);
-            const auto blue = static_cast<std::uint16_t>(pixel & 0xffU);
-            const auto grey = static_cast<std::uint16_t>(
-                static_cast<std::uint16_t>(77U * red + 150U * green + 29U * blue) >> 8U);
-            sum += grey;
-            square += static_cast<std::uint32_t>(grey) * grey;
-        }
-        result.sum += sum;
-        squares += square;
-    }
+    result.sum = sums.levels;
     if (count > 0) {
         // n * sum of squares - square of the sum is a whole number below 2^80: split to stay exact.
-        const std::uint64_t whole = result.sum / count;
-        const std::uint64_t rest = result.sum % count;
+        const std::uint64_t whole = sums.levels / count;
+        const std::uint64_t rest = sums.levels % count;
         // sum of (grey - whole)^2 = squares - 2 whole sum + count whole^2
-        const std::uint64_t about = squares + count * whole * whole - 2 * whole * result.sum;
+        const std::uint64_t about = sums.squares + count * whole * whole - 2 * whole * sums.levels;
         const double mean = static_cast<double>(rest) / static_cast<double>(count);
         result.variance = static_cast<double>(about) / static_cast<double>(count) - mean * mean;
     }
     return result;
+}
+
+} // namespace
+
+GreyStatistics statistics(const std::uint8_t* levels, std::size_t count) {
+    return resultOf(greySums(levels, count), count);
+}
+
+GreyStatistics statistics(const std::uint32_t* pixels, std::size_t count) {
+    std::array<std::uint8_t, kChunk> levels;
+    GreySums sums;
+    for (std::size_t first = 0; first < count; first += kChunk) {
+        const std::size_t part = std::min(count - first, kChunk);
+        luminance(pixels + first, levels.data(), part);
+        const GreySums chunk = greySums(levels.data(), part);
+        sums.levels += chunk.levels;
+        sums.squares += chunk.squares;
+    }
+    return resultOf(sums, count);
 }
 
 } // namespace simhost

@@ -20,6 +20,8 @@ constexpr int kCanvasBits =
 // fraction of a pixel.
 constexpr double kSplineVariance = 0.25;
 
+constexpr int kGrey = -1; // channel: all three of the world's, weighed
+
 // Kernel of the defocus alone, in samples of the level, from the standard deviation in pixels.
 double kernelSigma(double sigmaPixels, int level) {
     const double scale = static_cast<double>(1 << level);
@@ -151,9 +153,15 @@ const SensorImage& Lens::form(const View& view) {
     const int widest = BlurKernels::numberOf(static_cast<float>(kernelSigma(focus.widest, level)));
     const Framing framing = framingOf(view, level, m_kernels.kernel(widest).radius);
     fillKernelMap(view, framing, focus);
-    assemble(view, framing);
-    blur(framing);
-    resample(view, framing);
+    m_image.width = view.width;
+    m_image.height = view.height;
+    m_image.channels = view.colour ? 3 : 1;
+    for (int channel = 0; channel < m_image.channels; ++channel) {
+        // One channel after the other through the same planes: they stay in the processor's caches.
+        assemble(view, framing, channel);
+        blur(framing);
+        resample(view, framing, channel);
+    }
     return m_image;
 }
 
@@ -183,27 +191,29 @@ void Lens::fillKernelMap(const View& view, const Framing& framing, const Focus& 
     m_evenBlur = even(m_kernelX) && even(m_kernelY);
 }
 
-void Lens::assemble(const View& view, const Framing& framing) {
-    const std::size_t size =
-        static_cast<std::size_t>(framing.pitch()) * static_cast<std::size_t>(framing.lines());
-    for (int channel = 0; channel < (view.colour ? 3 : 1); ++channel) {
-        m_canvas[static_cast<std::size_t>(channel)].resize(size);
-    }
+void Lens::assemble(const View& view, const Framing& framing, int channel) {
+    m_canvas.resize(static_cast<std::size_t>(framing.pitch()) * static_cast<std::size_t>(framing.lines()));
     const auto tileOf = [](std::int64_t sample) {
         return sample >= 0 ? sample / TileCache::kTile
                            : -((TileCache::kTile - 1 - sample) / TileCache::kTile);
     };
     const std::int64_t left = framing.left - framing.margin;
     const std::int64_t top = framing.top - framing.margin;
-    for (std::int64_t row = tileOf(top); row <= tileOf(top + framing.lines() - 1); ++row) {
-        for (std::int64_t column = tileOf(left); column <= tileOf(left + framing.pitch() - 1); ++column) {
-            copyTile(m_tiles.tile(framing.level, column, row), framing, column, row, view.colour);
+    const std::int64_t firstColumn = tileOf(left);
+    const std::int64_t lastColumn = tileOf(left + framing.pitch() - 1);
+    const std::int64_t firstRow = tileOf(top);
+    const std::int64_t lastRow = tileOf(top + framing.lines() - 1);
+    m_tiles.keepAtLeast(static_cast<std::size_t>((lastColumn - firstColumn + 1) * (lastRow - firstRow + 1)));
+    for (std::int64_t row = firstRow; row <= lastRow; ++row) {
+        for (std::int64_t column = firstColumn; column <= lastColumn; ++column) {
+            const TileCache::Tile& tile = m_tiles.tile(framing.level, column, row);
+            copyTile(tile, framing, column, row, view.colour ? channel : kGrey);
         }
     }
 }
 
 void Lens::copyTile(const TileCache::Tile& tile, const Framing& framing, std::int64_t column,
-                    std::int64_t row, bool colour) {
+                    std::int64_t row, int channel) {
     constexpr int size = TileCache::kTile;
     const auto offsetX = static_cast<int>(column * size - (framing.left - framing.margin));
     const auto offsetY = static_cast<int>(row * size - (framing.top - framing.margin));
@@ -214,33 +224,22 @@ void Lens::copyTile(const TileCache::Tile& tile, const Framing& framing, std::in
                                  static_cast<std::size_t>(left - offsetX);
         const std::size_t to = static_cast<std::size_t>(y) * static_cast<std::size_t>(framing.pitch()) +
                                static_cast<std::size_t>(left);
-        if (!colour) {
-            weighGrey(tile, from, &m_canvas[0][to], count);
-            continue;
-        }
-        for (std::size_t channel = 0; channel < 3; ++channel) {
-            widen(&tile.channel[channel][from], &m_canvas[channel][to], count);
-        }
-    }
-}
-
-void Lens::blur(const Framing& framing) {
-    if (m_evenBlur && m_kernels.kernel(m_kernelX.front()).radius == 0 &&
-        m_kernels.kernel(m_kernelY.front()).radius == 0) {
-        return; // in focus everywhere
-    }
-    for (int channel = 0; channel < 3; ++channel) {
-        if (!m_canvas[static_cast<std::size_t>(channel)].empty()) {
-            blurPlane(framing, channel);
+        if (channel == kGrey) {
+            weighGrey(tile, from, &m_canvas[to], count);
+        } else {
+            widen(&tile.channel[static_cast<std::size_t>(channel)][from], &m_canvas[to], count);
         }
     }
 }
 
 // Along columns into a second plane, then along rows back; the margin is used up on the way.
-void Lens::blurPlane(const Framing& framing, int channel) {
-    std::vector<std::uint16_t>& canvas = m_canvas[static_cast<std::size_t>(channel)];
+void Lens::blur(const Framing& framing) {
+    if (m_evenBlur && m_kernels.kernel(m_kernelX.front()).radius == 0 &&
+        m_kernels.kernel(m_kernelY.front()).radius == 0) {
+        return; // in focus everywhere
+    }
     const int pitch = framing.pitch();
-    m_columnsDone.resize(canvas.size());
+    m_columnsDone.resize(m_canvas.size());
     const int step = m_evenBlur ? pitch : kBlock;
     const auto kernelAt = [&](const std::vector<int>& map, int x, int y) -> const Kernel& {
         return m_kernels.kernel(
@@ -250,7 +249,7 @@ void Lens::blurPlane(const Framing& framing, int channel) {
     for (int y = framing.margin; y < framing.lines() - framing.margin; ++y) {
         const std::ptrdiff_t line = static_cast<std::ptrdiff_t>(y) * pitch;
         for (int x = 0; x < pitch; x += step) {
-            convolve(canvas.data() + line + x, pitch, kernelAt(m_kernelY, x, y),
+            convolve(m_canvas.data() + line + x, pitch, kernelAt(m_kernelY, x, y),
                      m_columnsDone.data() + line + x, std::min(step, pitch - x));
         }
     }
@@ -259,8 +258,8 @@ void Lens::blurPlane(const Framing& framing, int channel) {
         const std::ptrdiff_t line = static_cast<std::ptrdiff_t>(y) * pitch;
         for (int x = framing.margin; x < right;) {
             const int end = m_evenBlur ? right : std::min(right, (x / kBlock + 1) * kBlock);
-            convolve(m_columnsDone.data() + line + x, 1, kernelAt(m_kernelX, x, y), canvas.data() + line + x,
-                     end - x);
+            convolve(m_columnsDone.data() + line + x, 1, kernelAt(m_kernelX, x, y),
+                     m_canvas.data() + line + x, end - x);
             x = end;
         }
     }
@@ -329,29 +328,21 @@ SIMHOST_VECTOR_CLONES void darken(std::uint16_t* pixels, const std::uint16_t* ac
 
 } // namespace
 
-void Lens::resample(const View& view, const Framing& framing) {
-    m_image.width = view.width;
-    m_image.height = view.height;
-    m_image.channels = view.colour ? 3 : 1;
+void Lens::resample(const View& view, const Framing& framing, int channel) {
     RowResampler resampler(view, framing.left, framing.level);
     const std::vector<std::uint16_t> across = darkening(view.width);
     const std::vector<std::uint16_t> down = darkening(view.height);
     std::vector<std::uint16_t> samples(static_cast<std::size_t>(framing.columns));
-    for (int channel = 0; channel < m_image.channels; ++channel) {
-        const std::vector<std::uint16_t>& canvas = m_canvas[static_cast<std::size_t>(channel)];
-        std::vector<std::uint16_t>& plane = m_image.plane[static_cast<std::size_t>(channel)];
-        plane.resize(static_cast<std::size_t>(view.width) * static_cast<std::size_t>(view.height));
-        for (int r = 0; r < view.height; ++r) {
-            const SplineTap tap = splineTap(samplePlace(r, view.height, view.y, view.pixelY, framing.level));
-            const std::ptrdiff_t line =
-                static_cast<std::ptrdiff_t>(tap.middle - framing.top + framing.margin);
-            std::uint16_t* pixels =
-                &plane[static_cast<std::size_t>(r) * static_cast<std::size_t>(view.width)];
-            weighThree(canvas.data() + line * framing.pitch() + framing.margin, framing.pitch(), tap.weights,
-                       samples.data(), framing.columns);
-            resampler.run(samples.data(), pixels);
-            darken(pixels, across.data(), down[static_cast<std::size_t>(r)], view.width);
-        }
+    std::vector<std::uint16_t>& plane = m_image.plane[static_cast<std::size_t>(channel)];
+    plane.resize(static_cast<std::size_t>(view.width) * static_cast<std::size_t>(view.height));
+    for (int r = 0; r < view.height; ++r) {
+        const SplineTap tap = splineTap(samplePlace(r, view.height, view.y, view.pixelY, framing.level));
+        const std::ptrdiff_t line = static_cast<std::ptrdiff_t>(tap.middle - framing.top + framing.margin);
+        std::uint16_t* pixels = &plane[static_cast<std::size_t>(r) * static_cast<std::size_t>(view.width)];
+        weighThree(m_canvas.data() + line * framing.pitch() + framing.margin, framing.pitch(), tap.weights,
+                   samples.data(), framing.columns);
+        resampler.run(samples.data(), pixels);
+        darken(pixels, across.data(), down[static_cast<std::size_t>(r)], view.width);
     }
 }
 

@@ -58,20 +58,19 @@ private:
     Focus focusOf(const View& view) const;
     Framing framingOf(const View& view, int level, int margin) const;
     void fillKernelMap(const View& view, const Framing& framing, const Focus& focus);
-    void assemble(const View& view, const Framing& framing);
+    void assemble(const View& view, const Framing& framing, int channel);
     void copyTile(const TileCache::Tile& tile, const Framing& framing, std::int64_t column, std::int64_t row,
-                  bool colour);
+                  int channel);
     void blur(const Framing& framing);
-    void blurPlane(const Framing& framing, int channel);
-    void resample(const View& view, const Framing& framing);
+    void resample(const View& view, const Framing& framing, int channel);
 
     TileCache m_tiles;
     SurfaceShape m_surface;
     double m_halfDepth;
     BlurKernels m_kernels;
-    std::array<std::vector<std::uint16_t>, 3> m_canvas; // samples with margin; 7 fraction bits
-    std::vector<std::uint16_t> m_columnsDone;           // blurred along columns
-    std::vector<int> m_kernelX;                         // kernel numbers of blocks of the canvas
+    std::vector<std::uint16_t> m_canvas;      // samples of one channel with margin; 7 fraction bits
+    std::vector<std::uint16_t> m_columnsDone; // blurred along columns
+    std::vector<int> m_kernelX;               // kernel numbers of blocks of the canvas
     std::vector<int> m_kernelY;
     bool m_evenBlur = true; // all blocks alike
     SensorImage m_image;

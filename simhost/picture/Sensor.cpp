@@ -68,6 +68,38 @@ SIMHOST_VECTOR_CLONES void packGrey(const std::int16_t* values, std::uint32_t* p
     }
 }
 
+constexpr std::int16_t held(float value) {
+    constexpr float top = 32000.0F;
+    const float low = value > -top ? value : -top;
+    return static_cast<std::int16_t>(static_cast<std::int32_t>(low < top ? low : top));
+}
+
+SIMHOST_VECTOR_CLONES void adjustColour(const ColourTransform& transform, std::int16_t* __restrict red,
+                                        std::int16_t* __restrict green, std::int16_t* __restrict blue,
+                                        int count) {
+    const ColourTransform own = transform;
+    const auto& m = own.matrix;
+    const float offset = own.offset * static_cast<float>(SensorImage::kOne);
+    for (int i = 0; i < count; ++i) {
+        const auto r = static_cast<float>(red[i]);
+        const auto g = static_cast<float>(green[i]);
+        const auto b = static_cast<float>(blue[i]);
+        red[i] = held(m[0][0] * r + m[0][1] * g + m[0][2] * b + offset);
+        green[i] = held(m[1][0] * r + m[1][1] * g + m[1][2] * b + offset);
+        blue[i] = held(m[2][0] * r + m[2][1] * g + m[2][2] * b + offset);
+    }
+}
+
+SIMHOST_VECTOR_CLONES void adjustGrey(const ColourTransform& transform, std::int16_t* values, int count) {
+    const ColourTransform own = transform;
+    const auto& m = own.matrix;
+    const float offset = own.offset * static_cast<float>(SensorImage::kOne);
+    for (int i = 0; i < count; ++i) {
+        const auto grey = static_cast<float>(values[i]);
+        values[i] = held(m[0][0] * grey + m[0][1] * grey + m[0][2] * grey + offset);
+    }
+}
+
 } // namespace
 
 Sensor::Sensor(double noiseRms) {
@@ -110,25 +142,11 @@ void Sensor::exposeRow(const SensorImage& image, int row, std::uint32_t frameSee
     }
 }
 
-SIMHOST_VECTOR_CLONES void Sensor::adjust(int channels, int width) {
-    constexpr float top = 32000.0F;
-    const auto held = [](float value) {
-        return static_cast<std::int16_t>(static_cast<std::int32_t>(value > top    ? top
-                                                                   : value < -top ? -top
-                                                                                  : value));
-    };
-    const auto& m = m_transform.matrix;
-    const float offset = m_transform.offset * static_cast<float>(SensorImage::kOne);
-    const bool colour = channels == 3;
-    for (int i = 0; i < width; ++i) {
-        const auto r = static_cast<float>(m_row[0][i]);
-        const float g = colour ? static_cast<float>(m_row[1][i]) : r;
-        const float b = colour ? static_cast<float>(m_row[2][i]) : r;
-        m_row[0][i] = held(m[0][0] * r + m[0][1] * g + m[0][2] * b + offset);
-        if (colour) {
-            m_row[1][i] = held(m[1][0] * r + m[1][1] * g + m[1][2] * b + offset);
-            m_row[2][i] = held(m[2][0] * r + m[2][1] * g + m[2][2] * b + offset);
-        }
+void Sensor::adjust(int channels, int width) {
+    if (channels == 3) {
+        adjustColour(m_transform, m_row[0].data(), m_row[1].data(), m_row[2].data(), width);
+    } else {
+        adjustGrey(m_transform, m_row[0].data(), width);
     }
 }
 
