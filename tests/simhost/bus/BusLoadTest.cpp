@@ -58,6 +58,7 @@ TEST(BusUnderLoad, LosesNoneOfAHundredThousandMessagesOfFourSendersAndLeavesTheM
                           keepingNothing());
     ASSERT_TRUE(receiver.says("ready"));
     std::vector<std::unique_ptr<OtherProcess>> senders;
+    senders.reserve(senderCount);
     for (int i = 0; i < senderCount; ++i) {
         senders.push_back(std::make_unique<OtherProcess>(
             BUS_LOAD_PROGRAM,
