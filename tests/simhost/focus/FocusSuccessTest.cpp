@@ -11,7 +11,7 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-constexpr int starts = 100;
+constexpr int starts = OCUVA_FOCUS_STARTS; // a hundred, fewer under sanitizers
 
 // Starts from which the search ends within a unit of the surface.
 int successes(FocusRig& rig, std::uint32_t seed) {
@@ -43,7 +43,7 @@ double travelMs(const std::vector<double>& heights) {
 
 TEST(FocusSuccess, WithTheUsualParametersFindsTheSurfaceFromNinetyNineOfAHundredStarts) {
     FocusRig rig;
-    EXPECT_GE(successes(rig, 11), 99);
+    EXPECT_GE(successes(rig, 11), starts - starts / 100);
 }
 
 TEST(FocusSuccess, WithFifteenPointsFindsTheSurfaceFromEveryStart) {
