@@ -16,8 +16,8 @@ using namespace simhost;
 
 namespace {
 
-constexpr int writers = 2;
-constexpr int keys = 12;
+constexpr std::size_t writers = 2;
+constexpr std::size_t keys = 12;
 constexpr int kills = 1000;
 
 /// What a writer says of one key, in memory that outlives it.
@@ -42,11 +42,17 @@ private:
     Board* m_board;
 };
 
-std::string keyOf(int writer, int key) { return "w" + std::to_string(writer) + "-" + std::to_string(key); }
+std::string keyOf(std::size_t writer, std::size_t key) {
+    const char first = static_cast<char>('a' + writer);
+    return {first, static_cast<char>('a' + key)};
+}
 
 /// Values of changing length that show what number they belong to and whether they are whole.
 std::string valueOf(int number) {
-    return std::to_string(number) + ":" + std::string(static_cast<unsigned>(number) % 97, 'x') + "!";
+    std::string text = std::to_string(number);
+    text.append(static_cast<unsigned>(number) % 97, 'x');
+    text += '!';
+    return text;
 }
 
 constexpr std::chrono::seconds longPatience{120};
@@ -54,14 +60,14 @@ constexpr std::chrono::seconds longPatience{120};
 /// Of a size that takes a while to write, so that many a kill comes in the middle.
 const std::string filler(64 * 1024, 'f');
 
-bool writeForever(const TempFolder& folder, std::array<Said, keys>& said, int writer) {
+bool writeForever(const TempFolder& folder, std::array<Said, keys>& said, std::size_t writer) {
     HostLog log(folder / "log");
     Stores stores(folder.path(), log, longPatience);
-    for (int round = 0;; ++round) {
-        Said& mine = said[static_cast<std::size_t>(round % keys)];
+    for (std::size_t key = 0;; key = (key + 1) % keys) {
+        Said& mine = said[key];
         const int number = mine.written + 1;
         mine.begun = number;
-        if (!stores.setString("Shared", keyOf(writer, round % keys), valueOf(number), "S.INI")) {
+        if (!stores.setString("Shared", keyOf(writer, key), valueOf(number), "S.INI")) {
             return false;
         }
         mine.written = number;
@@ -81,7 +87,7 @@ void expectNothingLostOrTorn(const TempFolder& folder, const Board& board) {
     ASSERT_TRUE(ini && ini->value("Filler", "text") == filler);
     for (std::size_t writer = 0; writer < writers; ++writer) {
         for (std::size_t key = 0; key < keys; ++key) {
-            const std::string name = keyOf(static_cast<int>(writer), static_cast<int>(key));
+            const std::string name = keyOf(writer, key);
             const std::string text = ini->value("Shared", name).value_or("");
             const int number = text.empty() ? 0 : std::stoi(text);
             ASSERT_EQ(text, number == 0 ? "" : valueOf(number)) << name;
@@ -99,9 +105,8 @@ TEST(KilledWriters, AThousandKillsLoseAndTearNothingThatWasAcknowledged) {
     const SharedBoard shared;
     Board& board = *shared;
     const auto start = [&folder, &board](std::size_t writer) {
-        return startProcess([&folder, &board, writer] {
-            return writeForever(folder, board[writer], static_cast<int>(writer));
-        });
+        return startProcess(
+            [&folder, &board, writer] { return writeForever(folder, board[writer], writer); });
     };
     std::mt19937 random(20261);
     std::uniform_int_distribution<int> waitUs(0, 4000);

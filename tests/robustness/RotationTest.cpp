@@ -32,8 +32,10 @@ std::vector<std::string> allLines(const TempFolder& folder, const std::string& n
 }
 
 std::string lineOf(int writer, int number) {
-    const std::string text = std::to_string(writer) + ' ' + std::to_string(number);
-    return text + ' ' + std::string(static_cast<std::size_t>(20 + number % 61), 'x') + '!';
+    std::string text = std::to_string(writer) + ' ' + std::to_string(number) + ' ';
+    text.append(20 + static_cast<unsigned>(number) % 61, 'x');
+    text += '!';
+    return text;
 }
 
 /// Every line of every writer is there once, whole, in the order of writing.

@@ -105,7 +105,8 @@ TEST(TraceRotation, ProcessesThatTraceIntoOneFileLoseAndTearNoLine) {
     constexpr int linesEach = 500;
     EXPECT_TRUE(inProcesses(3, [&folder](int number) {
         TraceWriter writer(folder / "trace", {4096, 10'000});
-        const std::string line = std::string(80, static_cast<char>('a' + number)) + '\n';
+        std::string line(80, static_cast<char>('a' + number));
+        line += '\n';
         for (int n = 0; n < linesEach; ++n) {
             writer.writeLine(line);
         }
