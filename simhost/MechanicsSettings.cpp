@@ -28,12 +28,12 @@ Grade readGrade(Stores& stores, HostLog& log) {
 
 MechanicsSettings readMechanics(SimConfig& config, Stores& stores, HostLog& log) {
     using namespace settings;
-    const Grade grade = readGrade(stores, log);
+    const Grade chosen = readGrade(stores, log);
     const auto value = [&](const GradedSetting& row) {
         const SimSetting& setting = row.setting;
-        const double graded = grade == Grade::ideal   ? setting.defaultValue
-                              : grade == Grade::fixed ? row.inStatic
-                                                      : row.inDynamic;
+        const double graded = chosen == Grade::ideal   ? setting.defaultValue
+                              : chosen == Grade::fixed ? row.inStatic
+                                                       : row.inDynamic;
         return config.getDouble(setting.section, setting.key, graded, setting.lowest, setting.highest);
     };
     MechanicsSettings result;

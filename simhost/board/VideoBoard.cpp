@@ -162,8 +162,7 @@ Shot VideoBoard::shoot() {
 std::shared_ptr<ocuva::Frame> VideoBoard::develop(Shot& shot, int following) {
     const std::lock_guard lock(m_exposureMutex);
     const bool automatic = shot.controls.gain == automaticGain;
-    const std::shared_ptr<ocuva::Frame> frame =
-        m_pool.take(shot.exposure.mode.width, shot.exposure.mode.height);
+    std::shared_ptr<ocuva::Frame> frame = m_pool.take(shot.exposure.mode.width, shot.exposure.mode.height);
     for (bool again = true; again; --following) {
         if (automatic) {
             shot.controls.gain = m_automaticGain.range();
@@ -176,7 +175,7 @@ std::shared_ptr<ocuva::Frame> VideoBoard::develop(Shot& shot, int following) {
 
 ocuva::FramePtr VideoBoard::expose() {
     Shot shot = shoot();
-    const std::shared_ptr<ocuva::Frame> frame = develop(shot, 0);
+    std::shared_ptr<ocuva::Frame> frame = develop(shot, 0);
     if (faults().focusFindsNothing) {
         std::fill(frame->pixels.begin(), frame->pixels.end(), 0xff808080U);
     }
@@ -197,12 +196,12 @@ void VideoBoard::capture() {
         }
         Shot shot = shoot();
         if (!m_connections.clock.isVirtual()) {
-            make(std::move(shot), 1);
+            make(shot, 1);
             return;
         }
         const std::lock_guard lock(m_stateMutex);
         m_passedOver += m_waiting ? 1 : 0;
-        m_waiting = std::move(shot);
+        m_waiting = shot;
     } catch (...) {
         return;
     }
@@ -226,7 +225,7 @@ void VideoBoard::makeWaiting() {
         return;
     }
     try {
-        make(std::move(*shot), passedOver + 1);
+        make(*shot, passedOver + 1);
     } catch (...) {
         return;
     }
