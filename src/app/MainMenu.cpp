@@ -45,6 +45,13 @@ constexpr std::array<Row, 20> rows{{
 // Commands whose windows or functions are not part of this version yet.
 constexpr std::array unavailable{Command::Open, Command::SaveAs, Command::Picture, Command::Setup};
 
+QAction* addItem(QMenuBar& bar, QMenu* menu, Kind kind, const QString& caption) {
+    if (menu == nullptr || kind == Kind::BarItem) {
+        return bar.addAction(caption);
+    }
+    return kind == Kind::Separator ? menu->addSeparator() : menu->addAction(caption);
+}
+
 } // namespace
 
 bool MainMenu::isAvailable(Command command) {
@@ -60,14 +67,7 @@ MainMenu::MainMenu(QMenuBar& bar, const std::function<void(Command)>& run) {
             menu->setObjectName(QString::fromLatin1(row.name));
             continue;
         }
-        QAction* action = nullptr;
-        if (row.kind == Kind::BarItem) {
-            action = bar.addAction(caption);
-        } else if (row.kind == Kind::Separator) {
-            action = menu->addSeparator();
-        } else {
-            action = menu->addAction(caption);
-        }
+        QAction* action = addItem(bar, menu, row.kind, caption);
         action->setObjectName(QString::fromLatin1(row.name));
         action->setCheckable(row.kind == Kind::Check);
         action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
