@@ -82,8 +82,8 @@ inline double variation(const World& world, double left, double top, double widt
     double sum = 0.0;
     double squares = 0.0;
     for (int i = 0; i < steps * steps; ++i) {
-        const Rgb colour =
-            world.colourAt(left + width * (i % steps) / steps, top + height * (i / steps) / steps);
+        const int row = i / steps;
+        const Rgb colour = world.colourAt(left + width * (i % steps) / steps, top + height * row / steps);
         const double grey = 0.299 * colour.r + 0.587 * colour.g + 0.114 * colour.b;
         sum += grey;
         squares += grey * grey;
