@@ -13,11 +13,12 @@ constexpr double never = std::numeric_limits<double>::infinity();
 }
 
 GrabTimer::GrabTimer(Clock& clock, std::function<double()> periodMs, std::function<void()> capture,
-                     std::function<void()> settle)
+                     std::function<void()> settle, std::function<void()> warmUp)
     : m_clock(clock)
     , m_virtualClock(dynamic_cast<VirtualClock*>(&clock))
     , m_periodMs(std::move(periodMs))
     , m_capture(std::move(capture))
+    , m_warmUp(std::move(warmUp))
     , m_tickerDueMs(never) {
     if (m_virtualClock == nullptr) {
         return;
@@ -62,6 +63,9 @@ void GrabTimer::stop() {
 
 void GrabTimer::runThread(bool continuous) {
     double dueMs = m_clock.nowMs() + m_periodMs();
+    if (m_warmUp) {
+        m_warmUp();
+    }
     while (waitUntil(dueMs)) {
         m_capture();
         if (!continuous) {

@@ -14,10 +14,11 @@ namespace simhost {
 class GrabTimer {
 public:
     /// periodMs is asked before each frame (simulated milliseconds, > 0), capture is called when a frame is
-    /// due, settle at the end of each advance of a virtual clock. None may throw. The clock must outlive the
-    /// timer; a virtual one must not be advanced by two threads.
+    /// due, settle at the end of each advance of a virtual clock, warmUp at each start on a real one, while
+    /// the first frame is waited for. None may throw. The clock must outlive the timer; a virtual one must
+    /// not be advanced by two threads.
     GrabTimer(Clock& clock, std::function<double()> periodMs, std::function<void()> capture,
-              std::function<void()> settle = {});
+              std::function<void()> settle = {}, std::function<void()> warmUp = {});
     ~GrabTimer();
     GrabTimer(const GrabTimer&) = delete;
     GrabTimer& operator=(const GrabTimer&) = delete;
@@ -37,6 +38,7 @@ private:
     VirtualClock* m_virtualClock; ///< null with a real clock
     std::function<double()> m_periodMs;
     std::function<void()> m_capture;
+    std::function<void()> m_warmUp;
     int m_tickerNumber = 0;
     double m_tickerDueMs;
     bool m_continuous = false; ///< of the ticker

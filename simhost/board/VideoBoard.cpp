@@ -12,7 +12,7 @@ VideoBoard::VideoBoard(BoardConnections connections)
     , m_darkroom(m_connections.source, m_connections.noise)
     , m_timer(
           m_connections.clock, [this] { return 1000.0 / std::max(mode().framesPerSecond, 1.0); },
-          [this] { capture(); }, [this] { settle(); }) {}
+          [this] { capture(); }, [this] { settle(); }, [this] { warmUp(); }) {}
 
 VideoBoard::~VideoBoard() { m_timer.stop(); }
 
@@ -204,6 +204,24 @@ void VideoBoard::capture() {
         m_waiting = shot;
     } catch (...) {
         return;
+    }
+}
+
+// The first picture of a place takes many times as long as the next; its ground is painted while the first
+// frame is still being exposed.
+void VideoBoard::warmUp() {
+    try {
+        if (!isWatched()) {
+            return;
+        }
+        const StagePoint at = m_connections.stage.truePosition();
+        const FieldSize field = m_connections.fieldSeen ? m_connections.fieldSeen() : FieldSize();
+        const Exposure exposure{mode(), at.x, at.y, at.z, field.width, field.height, 0};
+        const std::lock_guard lock(m_exposureMutex);
+        const auto scrap = m_pool.take(exposure.mode.width, exposure.mode.height);
+        m_connections.source.render(exposure, {}, scrap->pixels.data());
+    } catch (...) {
+        return; // the frame itself will tell
     }
 }
 

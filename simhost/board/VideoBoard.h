@@ -115,6 +115,7 @@ private:
     DeviceFaults faults() const { return present(m_connections.faults); }
     Shot shoot();
     void capture();     ///< one frame of the grab
+    void warmUp();      ///< the wait for a grab's first frame begins
     void settle();      ///< the end of an advance of a virtual clock
     void makeWaiting(); ///< makes the frame that waits, if one does
     void make(Shot shot, int following);

@@ -109,13 +109,15 @@ constexpr std::array<ConvolveRadius, 7> kConvolvers{nullptr,           convolveR
 
 } // namespace
 
-BlurKernels::BlurKernels() {
-    const int count = static_cast<int>(kLargestSigma) * kStepsPerSample + 1;
-    m_kernels.reserve(static_cast<std::size_t>(count));
-    m_kernels.emplace_back();
-    for (int i = 1; i < count; ++i) {
-        m_kernels.push_back(kernelOf(static_cast<double>(i) / kStepsPerSample));
+BlurKernels::BlurKernels()
+    : m_kernels(static_cast<std::size_t>(kLargestSigma) * kStepsPerSample + 1) {}
+
+const Kernel& BlurKernels::kernel(int number) {
+    std::optional<Kernel>& kernel = m_kernels[static_cast<std::size_t>(number)];
+    if (!kernel) {
+        kernel = number == 0 ? Kernel() : kernelOf(static_cast<double>(number) / kStepsPerSample);
     }
+    return *kernel;
 }
 
 int BlurKernels::numberOf(float sigma) {

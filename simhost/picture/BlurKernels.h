@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace simhost {
@@ -15,7 +16,7 @@ struct Kernel {
 
 /// Kernels of every blur from none to kLargestSigma samples (standard deviation), in fine steps. The shape is
 /// (1 - (d/r)^2)^2, near a Gaussian but of finite width; r is chosen so that the sampled kernel has exactly
-/// the wanted variance, so blur grows evenly from zero.
+/// the wanted variance, so blur grows evenly from zero. One thread at a time.
 class BlurKernels {
 public:
     static constexpr float kLargestSigma = 8.0F;
@@ -25,10 +26,11 @@ public:
 
     /// Number of the kernel for a standard deviation in samples; wider ones get the widest.
     static int numberOf(float sigma);
-    const Kernel& kernel(int number) const { return m_kernels[static_cast<std::size_t>(number)]; }
+    /// Made when it is first asked for; stays where it is.
+    const Kernel& kernel(int number);
 
 private:
-    std::vector<Kernel> m_kernels;
+    std::vector<std::optional<Kernel>> m_kernels;
 };
 
 /// out[i] = kernel over from[i + k * stride], for i < count. Samples are at most 32640; `from` must

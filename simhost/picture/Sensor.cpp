@@ -15,6 +15,9 @@ constexpr int kDeviates = 6;        // uniform numbers in each near-Gaussian one
 
 // Noise with mean 0 and exactly the wanted root mean square over the pool, in the sensor image's fractions.
 std::vector<std::int16_t> noisePool(double rms) {
+    if (rms == 0.0) {
+        return std::vector<std::int16_t>(kPool + Sensor::kMaxWidth);
+    }
     std::vector<double> values(kPool);
     double sum = 0.0;
     for (std::size_t i = 0; i < kPool; ++i) {
@@ -102,13 +105,8 @@ SIMHOST_VECTOR_CLONES void adjustGrey(const ColourTransform& transform, std::int
 
 } // namespace
 
-Sensor::Sensor(double noiseRms) {
-    if (noiseRms > 0.0) {
-        m_noise = noisePool(std::min(noiseRms, kMostNoise));
-    } else {
-        m_noise.assign(kPool + kMaxWidth, 0);
-    }
-}
+Sensor::Sensor(double noiseRms)
+    : m_noiseRms(noiseRms > 0.0 ? std::min(noiseRms, kMostNoise) : 0.0) {}
 
 void Sensor::setControls(const PictureControls& controls) {
     m_transform = transformOf(controls);
@@ -116,6 +114,9 @@ void Sensor::setControls(const PictureControls& controls) {
 }
 
 void Sensor::expose(const SensorImage& image, std::uint64_t frameNumber, std::uint32_t* pixels) {
+    if (m_noise.empty()) {
+        m_noise = noisePool(m_noiseRms);
+    }
     const std::uint32_t frameSeed =
         mix(static_cast<std::uint32_t>(frameNumber), static_cast<std::uint32_t>(frameNumber >> 32U));
     for (auto& row : m_row) {

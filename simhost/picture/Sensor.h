@@ -28,7 +28,9 @@ private:
     void exposeRow(const SensorImage& image, int row, std::uint32_t frameSeed, std::uint32_t* pixels);
     void adjust(int channels, int width);
 
-    std::vector<std::int16_t> m_noise; // a pool that every row of every frame reads from another place
+    double m_noiseRms;
+    std::vector<std::int16_t> m_noise; // a pool that every row of every frame reads from another place; made
+                                       // by the first exposure
     ColourTransform m_transform;
     bool m_neutral = true;
     std::vector<std::int16_t> m_row[3];

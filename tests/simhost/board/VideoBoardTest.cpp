@@ -359,6 +359,30 @@ TEST(VideoBoard, APictureThatWaitsIsOfItsMomentAndNotOfTheLook) {
     EXPECT_TRUE(isNeutral(rig.source.lastControls));
 }
 
+// The first picture of a place takes long: a start must not wait for it after the first frame is due.
+TEST(VideoBoard, OnARealClockTheGroundIsPaintedBeforeTheFirstFrameAndCountsAsNone) {
+    RealClock clock(50.0);
+    StageMechanics stage(clock, StageSettings());
+    StubSource source;
+    ocuva::DisplayWindows windows;
+    StubSink sink;
+    windows.attach(window, sink);
+    VideoBoard board({clock, stage, source, &windows, nullptr});
+    board.init();
+    board.setDisplay({window, -1, 0});
+    ASSERT_TRUE(board.startGrab(false));
+    while (sink.count < 1) {
+        std::this_thread::yield();
+    }
+    board.haltGrab();
+    EXPECT_EQ(sink.count, 1);
+    EXPECT_EQ(sink.newest->number, 1);
+    ASSERT_EQ(source.exposures.size(), 2U);
+    EXPECT_EQ(source.exposures[0].stageX, source.exposures[1].stageX);
+    EXPECT_EQ(source.exposures[0].mode.width, source.exposures[1].mode.width);
+    windows.detach(window);
+}
+
 TEST(VideoBoard, OnARealClockCommandsAndReadingsGoOnBesideTheGrab) {
     RealClock clock(50.0);
     StageMechanics stage(clock, StageSettings());
