@@ -32,12 +32,11 @@ OverlayWidget::OverlayWidget(QWidget* display)
 }
 
 void FigureRegions::paint(QPainter& painter, const OverlayWidget& colours) const {
-    for (const QRect& rect : outline) {
-        painter.fillRect(rect, colours.outlineColour);
-    }
-    for (const QRect& rect : core) {
-        painter.fillRect(rect, colours.coreColour);
-    }
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(colours.outlineColour);
+    painter.drawRects(outline.begin(), outline.rectCount());
+    painter.setBrush(colours.coreColour);
+    painter.drawRects(core.begin(), core.rectCount());
 }
 
 FigureRegions figureRegions(const std::vector<QRect>& bars, bool outlined) {
@@ -65,13 +64,28 @@ void BarFrame::place(const QRect& bar, const FigureRegions& figure) {
     const QRect part = grown(bar, outlinePixels);
     m_part = {figure.core.intersected(part).translated(-part.topLeft()),
               figure.outline.intersected(part).translated(-part.topLeft())};
+    m_drawn = {};
     setGeometry(part);
     update();
 }
 
-void BarFrame::paintEvent(QPaintEvent* /*event*/) {
-    QPainter painter(this);
+QImage BarFrame::draw() const {
+    // Without holes it is copied, not blended.
+    const bool solid = (QRegion(rect()) - m_part.core - m_part.outline).isEmpty();
+    QImage image(size() * devicePixelRatioF(),
+                 solid ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
+    image.setDevicePixelRatio(devicePixelRatioF());
+    image.fill(solid ? Qt::black : Qt::transparent);
+    QPainter painter(&image);
     m_part.paint(painter, *this);
+    return image;
+}
+
+void BarFrame::paintEvent(QPaintEvent* /*event*/) {
+    if (m_drawn.isNull() || m_drawn.devicePixelRatio() != devicePixelRatioF()) {
+        m_drawn = draw();
+    }
+    QPainter(this).drawImage(0, 0, m_drawn);
 }
 
 OverlayFigure::OverlayFigure(QString name, QWidget* display)

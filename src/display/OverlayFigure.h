@@ -5,6 +5,7 @@
 #include "display/OverlayMapping.h"
 
 #include <QColor>
+#include <QImage>
 #include <QRegion>
 #include <QWidget>
 
@@ -42,7 +43,8 @@ struct FigureRegions {
 /// that it does not hide the picture.
 FigureRegions figureRegions(const std::vector<QRect>& bars, bool outlined);
 
-/// One bar of a figure.
+/// One bar of a figure. It is drawn once and then laid over every frame: filling thin bars anew each time is
+/// slow, above all upright ones.
 class BarFrame final : public OverlayWidget {
     Q_OBJECT
 
@@ -58,8 +60,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QImage draw() const;
+
     QRect m_bar;
     FigureRegions m_part;
+    QImage m_drawn; // null: to be drawn
 };
 
 /// An array of bars that are shown and hidden together. Its controls are named after it and numbered from 0,
