@@ -172,6 +172,10 @@ class Desk:
         """Starts the program; its output goes to the named file of the desk's folder."""
         return self._start(str(program), *arguments, log=log, OCUVA_TRACE=str(trace), **extra_env)
 
+    def run(self, *command):
+        """Runs a command of the desk to its end and returns its output."""
+        return self._do(*map(str, command))
+
     def windows(self, process):
         """Ids of the visible titled windows of a process, dialogs included."""
         found = self._try("xdotool", "search", "--all", "--onlyvisible", "--pid", str(process.pid), "--name", ".")
