@@ -49,8 +49,9 @@ void StatusPanel::paintEvent(QPaintEvent* /*event*/) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(m_lamp.darker(130), 1.0));
         painter.setBrush(m_lamp);
-        painter.drawEllipse(QRectF(room.left() + 0.5, room.center().y() - lampDiameter / 2 + 0.5,
-                                   lampDiameter - 1, lampDiameter - 1));
+        const int top = room.center().y() - lampDiameter / 2;
+        painter.drawEllipse(
+            QRectF(room.left(), top, lampDiameter, lampDiameter).adjusted(0.5, 0.5, -0.5, -0.5));
         room.setLeft(room.left() + lampDiameter + lampGap);
     }
     const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, room.width());
