@@ -3,6 +3,7 @@
 #include "display/TwipsGeometry.h"
 
 #include <QImage>
+#include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
 
@@ -54,6 +55,43 @@ TEST_F(LiveDisplay, FillsItselfWithAFrameOfAnotherSize) {
     const QImage shown = display.grab().toImage();
     EXPECT_EQ(shown.pixelColor(1, 1), QColor(0xa0, 0xb0, 0xc0));
     EXPECT_EQ(shown.pixelColor(shown.width() - 2, shown.height() - 2), QColor(0xa0, 0xb0, 0xc0));
+}
+
+// Pixel for pixel a frame goes out in bands: none may be left out, shifted or doubled.
+TEST_F(LiveDisplay, ShowsEveryRowOfAFrameOfItsOwnSize) {
+    for (const QSize size : {QSize(384, 288), QSize(101, 7), QSize(50, 1), QSize(33, 127)}) {
+        display.setMinimumSize(size);
+        display.resize(size);
+        auto frame = std::make_shared<Frame>(*plainFrame(size.width(), size.height(), 0));
+        for (std::size_t i = 0; i < frame->pixels.size(); ++i) {
+            frame->pixels[i] = 0xff000000U | static_cast<std::uint32_t>(i);
+        }
+        const std::uint64_t before = display.framesShown();
+        windows.deliver(display.hWnd(), frame);
+        ASSERT_TRUE(waitForFrames(before + 1));
+        EXPECT_EQ(display.framesShown(), before + 1);
+        // What the window holds, not what a new drawing would show.
+        const QImage shown = display.screen()->grabWindow(display.winId()).toImage();
+        ASSERT_EQ(shown.size(), display.size());
+        for (int row = 0; row < std::min(size.height(), shown.height()); ++row) {
+            for (int column = 0; column < size.width(); column += 7) {
+                ASSERT_EQ(shown.pixel(column, row),
+                          frame->pixels[static_cast<std::size_t>(row * size.width() + column)])
+                    << column << ", " << row;
+            }
+        }
+    }
+}
+
+TEST_F(LiveDisplay, CountsAFrameWhoseLowerPartLiesBehindSomething) {
+    QWidget cover(&display);
+    cover.setAttribute(Qt::WA_OpaquePaintEvent);
+    cover.setGeometry(0, 144, 384, 144);
+    cover.show();
+    QTest::qWait(0);
+    windows.deliver(display.hWnd(), plainFrame(384, 288, 0xff102030));
+    ASSERT_TRUE(waitForFrames(1));
+    EXPECT_EQ(display.framesShown(), 1U);
 }
 
 TEST_F(LiveDisplay, ShowsAFrameOnceHoweverOftenItIsRepainted) {
