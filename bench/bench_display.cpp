@@ -9,12 +9,11 @@
 #include <QElapsedTimer>
 #include <QTimer>
 
-#include <condition_variable>
+#include <atomic>
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <iterator>
-#include <mutex>
 #include <thread>
 
 namespace {
@@ -32,42 +31,45 @@ FramePtr readyFrame(std::uint32_t colour) {
     return frame;
 }
 
-// Delivers from a thread of its own, one frame for each that was drawn.
-class Feeder {
+// Delivers from a thread of its own: the next frame as soon as the one before is on its way to the screen,
+// when the mailbox is empty again.
+class Feeder final : public QObject {
 public:
-    Feeder(const DisplayWindows& windows, Long window)
-        : m_thread([this, &windows, window] { run(windows, window); }) {}
-    ~Feeder() {
-        {
-            const std::lock_guard lock(m_mutex);
-            m_stopping = true;
-        }
-        m_changed.notify_one();
+    Feeder(const DisplayWindows& windows, MilDisplay& display)
+        : m_display(display)
+        , m_thread([this, &windows, window = display.hWnd()] { run(windows, window); }) {
+        display.installEventFilter(this);
+    }
+    ~Feeder() override {
+        m_stopping = true;
+        ++m_wanted;
+        m_wanted.notify_one();
         m_thread.join();
     }
-    void frameShown() {
-        const std::lock_guard lock(m_mutex);
-        ++m_shown;
-        m_changed.notify_one();
+
+protected:
+    bool eventFilter(QObject* /*display*/, QEvent* event) override {
+        if (event->type() == QEvent::Paint && m_display.shownFrame().get() != m_drawn) {
+            m_drawn = m_display.shownFrame().get();
+            ++m_wanted;
+            m_wanted.notify_one();
+        }
+        return false;
     }
 
 private:
     void run(const DisplayWindows& windows, Long window) {
         const FramePtr frames[] = {readyFrame(0xff204060), readyFrame(0xff604020), readyFrame(0xff406020)};
-        for (std::uint64_t number = 0;; ++number) {
+        for (std::uint64_t number = 0; !m_stopping; ++number) {
             windows.deliver(window, frames[number % std::size(frames)]);
-            std::unique_lock lock(m_mutex);
-            m_changed.wait(lock, [&] { return m_stopping || m_shown > number; });
-            if (m_stopping) {
-                return;
-            }
+            m_wanted.wait(number);
         }
     }
 
-    std::mutex m_mutex;
-    std::condition_variable m_changed;
-    std::uint64_t m_shown = 0;
-    bool m_stopping = false;
+    MilDisplay& m_display;
+    const Frame* m_drawn = nullptr; // the frame before
+    std::atomic<std::uint64_t> m_wanted{0};
+    std::atomic<bool> m_stopping{false};
     std::thread m_thread;
 };
 
@@ -80,8 +82,7 @@ int main(int argc, char** argv) {
     MilDisplay display(windows, nullptr);
     display.resize(width, height);
     display.show();
-    Feeder feeder(windows, display.hWnd());
-    QObject::connect(&display, &MilDisplay::frameShown, &display, [&feeder] { feeder.frameShown(); });
+    const Feeder feeder(windows, display);
 
     QElapsedTimer elapsed;
     std::uint64_t shownBefore = 0;

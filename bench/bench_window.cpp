@@ -12,9 +12,17 @@
 #include <QTemporaryDir>
 #include <QTimer>
 
+#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <chrono>
+#include <cstdio>
+#include <cstdlib>
 #include <ctime>
+#include <filesystem>
+#include <fstream>
+#include <string>
+#include <string_view>
+#include <vector>
 
 namespace {
 
@@ -24,7 +32,11 @@ using Seconds = std::chrono::duration<double>;
 
 constexpr const char* emptyWindowSwitch = "--start-empty-window";
 constexpr const char* programSwitch = "--start-program";
+constexpr const char* stillProgramSwitch = "--still-program";
+constexpr const char* movingProgramSwitch = "--moving-program";
 constexpr int liveMs = 4000;
+constexpr int stillSeconds = 10;
+constexpr int launches = 15;
 
 double processCpuSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
 
@@ -114,41 +126,151 @@ protected:
     }
 };
 
+// Memory that this process has in use, in megabytes; 0 where the system does not tell.
+double residentMegabytes() {
+    std::ifstream status("/proc/self/status");
+    for (std::string line; std::getline(status, line);) {
+        if (line.rfind("VmRSS:", 0) == 0) {
+            return std::strtod(line.c_str() + 6, nullptr) / 1024.0;
+        }
+    }
+    return 0.0;
+}
+
+int leaveWith(int result) {
+    std::printf("%.2f\n", residentMegabytes());
+    return result;
+}
+
 int startEmptyWindow() {
     EmptyWindow window;
     window.resize(546, 448);
     window.show();
-    return QApplication::exec();
+    return leaveWith(QApplication::exec());
 }
 
 int startProgram(const QString& folder) {
     Program program(folder);
     QObject::connect(&program.display(), &MilDisplay::frameShown, qApp, [] { QCoreApplication::exit(0); });
+    return leaveWith(QApplication::exec());
+}
+
+// Live is off and nothing moves, until somebody ends the process.
+int stillProgram(const QString& folder) {
+    Program program(folder);
+    program.inter->mainWindow().run(Command::Acquire);
     return QApplication::exec();
 }
 
-// One run of this program with that switch, from its launch to its end.
-void measureLaunch(benchmark::State& state, const char* what) {
-    const QTemporaryDir folder;
-    const auto launch = [&] {
-        QProcess process;
-        process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-        process.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(what), folder.path()});
-        process.waitForFinished(60000);
+// Sends the stage to and fro over ground that was never seen, at full speed.
+void moveStage(TnMicroProxy& stage, QTimer& timer) {
+    const auto row = std::make_shared<int>(0);
+    const auto sweep = [&stage, row] {
+        TarnLong moving = 0;
+        stage.TarnReadStageStatus(axisX, 0, &moving);
+        if (moving == 0) {
+            ++*row;
+            stage.TarnLoadStageAbs(axisX, *row % 2 == 0 ? -30000.0F : 30000.0F);
+            stage.TarnLoadStageAbs(axisY, static_cast<float>(20000 + 500 * *row));
+            stage.TarnStartStage(axisX);
+            stage.TarnStartStage(axisY);
+        }
     };
-    launch(); // seeds the data folder and warms the caches
-    for (auto _ : state) {
-        const auto begin = std::chrono::steady_clock::now();
-        launch();
-        state.SetIterationTime(Seconds(std::chrono::steady_clock::now() - begin).count());
-    }
+    QObject::connect(&timer, &QTimer::timeout, sweep);
+    sweep();
+    timer.start(100);
 }
 
-void baselineStartOfAnEmptyWindow(benchmark::State& state) { measureLaunch(state, emptyWindowSwitch); }
-BENCHMARK(baselineStartOfAnEmptyWindow)->UseManualTime()->Iterations(10)->Unit(benchmark::kMillisecond);
+int movingProgram(const QString& folder) {
+    Program program(folder);
+    QTimer timer;
+    moveStage(program.simulated->tn_micro_proxy(), timer);
+    QTimer::singleShot(liveMs, qApp, [] { QCoreApplication::exit(0); });
+    return leaveWith(QApplication::exec());
+}
 
-void startToFirstLiveFrame(benchmark::State& state) { measureLaunch(state, programSwitch); }
-BENCHMARK(startToFirstLiveFrame)->UseManualTime()->Iterations(10)->Unit(benchmark::kMillisecond);
+struct Launch {
+    double ms;
+    double residentMegabytes;
+};
+
+// One run of this program with that switch, from its launch to its end.
+Launch launch(const char* what, const QString& folder) {
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    const auto begin = std::chrono::steady_clock::now();
+    process.start(QCoreApplication::applicationFilePath(), {QString::fromLatin1(what), folder});
+    process.waitForFinished(60000);
+    const double ms = Seconds(std::chrono::steady_clock::now() - begin).count() * 1000.0;
+    return {ms, process.readAllStandardOutput().trimmed().toDouble()};
+}
+
+double median(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+// In turn, so that a busy machine slows both alike; medians.
+void startToFirstLiveFrame(benchmark::State& state) {
+    const QTemporaryDir folder;
+    launch(programSwitch, folder.path()); // seeds the data folder and warms the caches
+    std::vector<double> empty;
+    std::vector<double> program;
+    std::vector<double> ratio;
+    for (auto _ : state) {
+        for (int i = 0; i < launches; ++i) {
+            const Launch emptyLaunch = launch(emptyWindowSwitch, folder.path());
+            const Launch programLaunch = launch(programSwitch, folder.path());
+            empty.push_back(emptyLaunch.ms);
+            program.push_back(programLaunch.ms);
+            ratio.push_back(programLaunch.ms / emptyLaunch.ms);
+            state.counters["emptyMB"] = emptyLaunch.residentMegabytes;
+            state.counters["programMB"] = programLaunch.residentMegabytes;
+        }
+    }
+    state.counters["emptyMs"] = median(empty);
+    state.counters["programMs"] = median(program);
+    state.counters["ratio"] = median(ratio);
+    state.counters["movingMB"] = launch(movingProgramSwitch, folder.path()).residentMegabytes;
+}
+BENCHMARK(startToFirstLiveFrame)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+// How often any thread of that process went to sleep: each time something woke it first.
+long long sleepsOf(qint64 processId) {
+    long long sleeps = 0;
+    std::error_code error;
+    const std::filesystem::path threads = "/proc/" + std::to_string(processId) + "/task";
+    for (const auto& thread : std::filesystem::directory_iterator(threads, error)) {
+        std::ifstream status(thread.path() / "status");
+        for (std::string line; std::getline(status, line);) {
+            if (line.rfind("voluntary_ctxt_switches:", 0) == 0) {
+                sleeps += std::atoll(line.c_str() + line.find(':') + 1);
+            }
+        }
+    }
+    return sleeps;
+}
+
+// Seen from outside, by a process that disturbs nothing.
+void wakeUpsOfAStillProgram(benchmark::State& state) {
+    const QTemporaryDir folder;
+    launch(programSwitch, folder.path());
+    QProcess process;
+    process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    process.start(QCoreApplication::applicationFilePath(),
+                  {QString::fromLatin1(stillProgramSwitch), folder.path()});
+    process.waitForStarted();
+    spinEventLoop(3000);
+    for (auto _ : state) {
+        const long long before = sleepsOf(process.processId());
+        spinEventLoop(stillSeconds * 1000);
+        state.counters["wakeUps"] = static_cast<double>(sleepsOf(process.processId()) - before);
+    }
+    process.kill();
+    process.waitForFinished();
+}
+BENCHMARK(wakeUpsOfAStillProgram)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 void sendClick(QWidget& widget, QPoint at) {
     const QPointF global = widget.mapToGlobal(QPointF(at));
@@ -202,33 +324,60 @@ void baselineStillPicture(benchmark::State& state) {
 }
 BENCHMARK(baselineStillPicture)->Iterations(1)->Unit(benchmark::kMillisecond);
 
+// Every frame that the camera takes comes onto the window, once.
+void measureLive(benchmark::State& state, Program& program) {
+    const MilDisplay& display = program.display();
+    std::int64_t number = 0; // of the frame that was shown last
+    QObject::connect(&display, &MilDisplay::frameShown, &display,
+                     [&] { number = display.shownFrame()->number; });
+    spinEventLoop(1000);
+    for (auto _ : state) {
+        const std::uint64_t shownBefore = display.framesShown();
+        const std::uint64_t droppedBefore = display.framesDropped();
+        const std::int64_t numberBefore = number;
+        state.counters["cpu%"] = cpuPercentOverLiveTime();
+        state.counters["taken"] = static_cast<double>(number - numberBefore);
+        state.counters["shown"] = static_cast<double>(display.framesShown() - shownBefore);
+        state.counters["dropped"] = static_cast<double>(display.framesDropped() - droppedBefore);
+    }
+}
+
 void liveAt25FramesPerSecond(benchmark::State& state) {
     const QTemporaryDir folder;
     Program program(folder.path());
-    spinEventLoop(1000);
-    for (auto _ : state) {
-        const std::uint64_t shownBefore = program.display().framesShown();
-        const std::uint64_t droppedBefore = program.display().framesDropped();
-        const std::int64_t numberBefore = program.display().shownFrame()->number;
-        state.counters["cpu%"] = cpuPercentOverLiveTime();
-        const std::int64_t taken = program.display().shownFrame()->number - numberBefore;
-        state.counters["taken"] = static_cast<double>(taken);
-        state.counters["shown"] = static_cast<double>(program.display().framesShown() - shownBefore);
-        state.counters["dropped"] = static_cast<double>(program.display().framesDropped() - droppedBefore);
-    }
+    measureLive(state, program);
 }
 BENCHMARK(liveAt25FramesPerSecond)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+void liveWhileTheStageMoves(benchmark::State& state) {
+    const QTemporaryDir folder;
+    Program program(folder.path());
+    QTimer timer;
+    moveStage(program.simulated->tn_micro_proxy(), timer);
+    measureLive(state, program);
+}
+BENCHMARK(liveWhileTheStageMoves)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 } // namespace
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
     QApplication::setQuitOnLastWindowClosed(false);
-    if (argc > 2 && qstrcmp(argv[1], emptyWindowSwitch) == 0) {
-        return startEmptyWindow();
-    }
-    if (argc > 2 && qstrcmp(argv[1], programSwitch) == 0) {
-        return startProgram(QString::fromLocal8Bit(argv[2]));
+    if (argc > 2) {
+        const QString folder = QString::fromLocal8Bit(argv[2]);
+        const std::string_view what = argv[1];
+        if (what == emptyWindowSwitch) {
+            return startEmptyWindow();
+        }
+        if (what == programSwitch) {
+            return startProgram(folder);
+        }
+        if (what == stillProgramSwitch) {
+            return stillProgram(folder);
+        }
+        if (what == movingProgramSwitch) {
+            return movingProgram(folder);
+        }
     }
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();

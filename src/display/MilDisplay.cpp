@@ -32,36 +32,8 @@ void MilDisplay::takeFrame() {
     if (FramePtr frame = m_mailbox.take()) {
         m_frame = std::move(frame);
         m_frameIsNew = true;
-        showFrame();
+        update();
     }
-}
-
-// At once, not with the next update: nothing else may come between a frame and the screen. Pixel for pixel it
-// goes out in bands, so that the window system copies one while the next is drawn; altogether they take less
-// than a millisecond. A scaled frame is drawn in one piece, without seams.
-void MilDisplay::showFrame() {
-    const int bands = isPixelForPixel() ? 4 : 1;
-    for (m_bandsToCome = bands - 1; m_bandsToCome >= 0; --m_bandsToCome) {
-        const int bottom = height() * (bands - m_bandsToCome) / bands;
-        const int top = height() * (bands - m_bandsToCome - 1) / bands;
-        repaint(0, top, width(), bottom - top);
-    }
-    m_bandsToCome = 0;
-    if (m_bandDrawn) { // the last band may lie behind something
-        countFrame();
-    }
-}
-
-void MilDisplay::countFrame() {
-    m_bandDrawn = false;
-    if (std::exchange(m_frameIsNew, false)) {
-        ++m_framesShown;
-        Q_EMIT frameShown();
-    }
-}
-
-bool MilDisplay::isPixelForPixel() const {
-    return QSize(m_frame->width, m_frame->height) == size() * devicePixelRatioF();
 }
 
 void MilDisplay::paintEvent(QPaintEvent* /*event*/) {
@@ -74,12 +46,12 @@ void MilDisplay::paintEvent(QPaintEvent* /*event*/) {
     const QImage image(reinterpret_cast<const uchar*>(m_frame->pixels.data()), m_frame->width,
                        m_frame->height, m_frame->width * static_cast<int>(sizeof(std::uint32_t)),
                        QImage::Format_RGB32);
-    painter.setRenderHint(QPainter::SmoothPixmapTransform, !isPixelForPixel());
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    const bool pixelForPixel = image.size() == size() * devicePixelRatioF();
+    painter.setRenderHint(QPainter::SmoothPixmapTransform, !pixelForPixel);
     painter.drawImage(rect(), image);
-    m_bandDrawn = true;
-    if (m_bandsToCome == 0) {
-        countFrame();
+    if (std::exchange(m_frameIsNew, false)) {
+        ++m_framesShown;
+        Q_EMIT frameShown();
     }
 }
 

@@ -43,17 +43,12 @@ protected:
 
 private:
     void takeFrame();
-    void showFrame();
-    void countFrame();
-    bool isPixelForPixel() const;
 
     DisplayWindows& m_windows;
     FrameMailbox m_mailbox;
     Long m_hWnd = 0;
     FramePtr m_frame;
     bool m_frameIsNew = false;
-    int m_bandsToCome = 0;    ///< of the frame that is being drawn
-    bool m_bandDrawn = false; ///< at least one of them
     std::uint64_t m_framesShown = 0;
 };
 
