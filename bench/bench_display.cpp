@@ -1,20 +1,21 @@
 // How many ready frames a second come onto a real window, through the real mailbox and the real display
-// control: `bench_display SECONDS` prints the frames shown per second of wall time and the milliseconds of
-// one core that each of them took. Another thread has the next frame ready as soon as one was drawn.
-// bench/run sets a plain video player of the same size beside it.
+// control, beside a plain video player of the same size on the same screen. Another thread has the next frame
+// ready as soon as the one before is being drawn. Needs a display; bench/run brings a virtual one.
 
 #include "display/MilDisplay.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QProcess>
 #include <QTimer>
 
+#include <algorithm>
 #include <atomic>
-#include <cstdio>
-#include <cstdlib>
+#include <benchmark/benchmark.h>
 #include <ctime>
 #include <iterator>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -22,6 +23,11 @@ using namespace ocuva;
 
 constexpr int width = 768;
 constexpr int height = 576;
+constexpr int settleMs = 300;
+constexpr int measureMs = 1500;
+constexpr int rounds = 7;
+constexpr int playFew = 100; // frames; the difference of two runs is free of the player's start
+constexpr int playMany = 4100;
 
 FramePtr readyFrame(std::uint32_t colour) {
     auto frame = std::make_shared<Frame>();
@@ -73,31 +79,85 @@ private:
     std::thread m_thread;
 };
 
-} // namespace
-
-int main(int argc, char** argv) {
-    const QApplication application(argc, argv);
-    const int seconds = argc > 1 ? std::atoi(argv[1]) : 5;
+// One display in a window of its own, fed for some seconds of wall time.
+struct Rate {
+    double framesPerSecond;
+    double cpuMsPerFrame;
+};
+Rate rateOfTheDisplay() {
     DisplayWindows windows;
     MilDisplay display(windows, nullptr);
     display.resize(width, height);
     display.show();
     const Feeder feeder(windows, display);
-
+    QEventLoop loop;
+    QTimer::singleShot(settleMs, &loop, &QEventLoop::quit);
+    loop.exec();
+    const std::uint64_t shownBefore = display.framesShown();
+    const std::clock_t cpuBefore = std::clock();
     QElapsedTimer elapsed;
-    std::uint64_t shownBefore = 0;
-    std::clock_t cpuBefore = 0;
-    QTimer::singleShot(500, &display, [&] {
-        elapsed.start();
-        shownBefore = display.framesShown();
-        cpuBefore = std::clock();
-        QTimer::singleShot(seconds * 1000, &display, [] { QApplication::quit(); });
-    });
-    QApplication::exec();
-    const double wall = static_cast<double>(elapsed.nsecsElapsed()) * 1e-9;
+    elapsed.start();
+    QTimer::singleShot(measureMs, &loop, &QEventLoop::quit);
+    loop.exec();
+    const double seconds = static_cast<double>(elapsed.nsecsElapsed()) * 1e-9;
     const auto shown = static_cast<double>(display.framesShown() - shownBefore);
-    const double cpu = static_cast<double>(std::clock() - cpuBefore) / CLOCKS_PER_SEC;
-    std::printf("%.1f frames/s  %.4f ms of one core a frame  %llu dropped\n", shown / wall,
-                cpu * 1000.0 / shown, static_cast<unsigned long long>(display.framesDropped()));
+    const double cpuMs = static_cast<double>(std::clock() - cpuBefore) * 1000.0 / CLOCKS_PER_SEC;
+    return {shown / seconds, cpuMs / shown};
+}
+
+// Wall time of a plain video player that draws so many plain frames; 0 when there is none.
+double playSeconds(int frames) {
+    QElapsedTimer elapsed;
+    elapsed.start();
+    const QString format = QStringLiteral("video/x-raw,width=%1,height=%2").arg(width).arg(height);
+    const int result = QProcess::execute(
+        QStringLiteral("gst-launch-1.0"),
+        {QStringLiteral("-q"), QStringLiteral("videotestsrc"), QStringLiteral("pattern=solid-color"),
+         QStringLiteral("num-buffers=%1").arg(frames), QStringLiteral("!"), format, QStringLiteral("!"),
+         QStringLiteral("ximagesink"), QStringLiteral("sync=false")});
+    return result == 0 ? static_cast<double>(elapsed.nsecsElapsed()) * 1e-9 : 0.0;
+}
+
+double median(std::vector<double> values) {
+    const auto middle = values.begin() + static_cast<std::ptrdiff_t>(values.size() / 2);
+    std::nth_element(values.begin(), middle, values.end());
+    return *middle;
+}
+
+// In turn, so that a busy machine slows both alike; medians.
+void readyFramesOnAWindow(benchmark::State& state) {
+    std::vector<double> ours;
+    std::vector<double> player;
+    std::vector<double> ratio;
+    std::vector<double> cpu;
+    for (auto _ : state) {
+        for (int round = 0; round < rounds; ++round) {
+            const double few = playSeconds(playFew);
+            const double many = playSeconds(playMany);
+            if (few == 0.0 || many <= few) {
+                state.SkipWithError("gst-launch-1.0 does not play on this display");
+                return;
+            }
+            const Rate rate = rateOfTheDisplay();
+            ours.push_back(rate.framesPerSecond);
+            cpu.push_back(rate.cpuMsPerFrame);
+            player.push_back((playMany - playFew) / (many - few));
+            ratio.push_back(ours.back() / player.back());
+        }
+    }
+    state.counters["framesPerSecond"] = median(ours);
+    state.counters["playerFramesPerSecond"] = median(player);
+    state.counters["ratio"] = median(ratio);
+    state.counters["cpuMsPerFrame"] = median(cpu);
+}
+BENCHMARK(readyFramesOnAWindow)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
     return 0;
 }
