@@ -53,9 +53,8 @@ Prefix scan(std::string_view text) {
     Prefix prefix{at, 0.0};
     const auto result = std::from_chars(plain.data(), plain.data() + plain.size(), prefix.value);
     if (result.ec == std::errc::result_out_of_range) {
-        prefix.value = plain.size() > 0 && plain.find_first_not_of("0.") < plain.find('.')
-                           ? std::numeric_limits<double>::max()
-                           : 0.0;
+        const bool isLarge = plain.find_first_not_of("0.") < plain.find('.');
+        prefix.value = isLarge ? std::numeric_limits<double>::max() : 0.0;
     }
     if (text[0] == '-') {
         prefix.value = -prefix.value;
