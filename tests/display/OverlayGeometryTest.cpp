@@ -27,6 +27,7 @@ std::vector<PixelRect> cross(CrossShape shape, const OverlayMapping& onDisplay =
 
 std::vector<int> lefts(const std::vector<PixelRect>& bars, int count) {
     std::vector<int> result;
+    result.reserve(static_cast<std::size_t>(count));
     for (int i = 0; i < count; ++i) {
         result.push_back(bars.at(static_cast<std::size_t>(i)).left);
     }

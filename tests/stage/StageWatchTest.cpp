@@ -6,7 +6,6 @@
 
 using namespace ocuva;
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
