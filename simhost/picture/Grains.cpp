@@ -89,27 +89,35 @@ struct Block {
 constexpr float lesser(float a, float b) { return a < b ? a : b; }
 constexpr float greater(float a, float b) { return a > b ? a : b; }
 
-// Least and greatest of many numbers, in independent lanes.
+// Eight numbers that the compiler keeps in whatever vectors there are.
+using Lanes = float __attribute__((vector_size(32)));
+
+// Least and greatest of many numbers.
 SIMHOST_VECTOR_CLONES void limitsOf(const float* __restrict values, std::size_t count, float& low,
                                     float& high) {
-    constexpr std::size_t lanes = 64;
-    std::array<float, lanes> least{};
-    std::array<float, lanes> most{};
-    least.fill(values[0]);
-    most.fill(values[0]);
+    constexpr std::size_t width = sizeof(Lanes) / sizeof(float);
+    low = values[0];
+    high = values[0];
     std::size_t i = 0;
-    for (; i + lanes <= count; i += lanes) {
-        for (std::size_t k = 0; k < lanes; ++k) {
-            least[k] = lesser(least[k], values[i + k]);
-            most[k] = greater(most[k], values[i + k]);
+    if (count >= width) {
+        Lanes least;
+        std::memcpy(&least, values, sizeof least);
+        Lanes most = least;
+        for (; i + width <= count; i += width) {
+            Lanes some;
+            std::memcpy(&some, values + i, sizeof some);
+            least = some < least ? some : least;
+            most = some > most ? some : most;
+        }
+        for (std::size_t k = 0; k < width; ++k) {
+            low = lesser(low, least[k]);
+            high = greater(high, most[k]);
         }
     }
     for (; i < count; ++i) {
-        least[0] = lesser(least[0], values[i]);
-        most[0] = greater(most[0], values[i]);
+        low = lesser(low, values[i]);
+        high = greater(high, values[i]);
     }
-    low = *std::min_element(least.begin(), least.end());
-    high = *std::max_element(most.begin(), most.end());
 }
 
 Bounds boundsOf(const float* x, const float* y, std::size_t count) {

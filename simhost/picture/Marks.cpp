@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <utility>
 
 namespace simhost {
 namespace {
@@ -20,6 +21,8 @@ struct Shape {
     float cosine, sine; // of its turn
     float halfLength, halfWidth, corner;
     float reach() const { return halfLength + halfWidth; }
+    float reachX() const { return std::abs(cosine) * halfLength + std::abs(sine) * halfWidth; }
+    float reachY() const { return std::abs(sine) * halfLength + std::abs(cosine) * halfWidth; }
     // Units inside its outline, negative outside.
     float inside(float px, float py) const {
         const float dx = px - x;
@@ -52,8 +55,8 @@ void overSamples(const SampleGrid& grid, const Shape& shape, float margin, Paint
         const float high = std::clamp(std::max(a, b) + 1.0F, 0.0F, limit);
         return std::pair{static_cast<int>(low), static_cast<int>(high)};
     };
-    const auto [left, right] = range(shape.x, shape.reach(), grid.stepX, grid.columns);
-    const auto [top, bottom] = range(shape.y, shape.reach(), grid.stepY, grid.rows);
+    const auto [left, right] = range(shape.x, shape.reachX(), grid.stepX, grid.columns);
+    const auto [top, bottom] = range(shape.y, shape.reachY(), grid.stepY, grid.rows);
     for (int r = top; r < bottom; ++r) {
         for (int c = left; c < right; ++c) {
             paint(static_cast<std::size_t>(r) * static_cast<std::size_t>(grid.columns) +
@@ -157,7 +160,7 @@ void addPore(const SampleGrid& grid, const Relief& relief, Draw& draw, float cor
     shape.halfWidth = size;
     shape.corner = size * 0.95F;
     const float rough = 0.22F * size;
-    overSamples(grid, shape, 3.0F + relief.footprint, [&](std::size_t i) {
+    overSamples(grid, shape, 3.0F + relief.footprint + rough, [&](std::size_t i) {
         const float inside =
             shape.inside(relief.straightX[i], relief.straightY[i]) + rough * relief.texture[i];
         if (inside < -1.6F - relief.footprint) {
@@ -194,13 +197,29 @@ struct Scratch {
     float depth;
 };
 
+// Rows of the grid, begin and end, that a scratch can pass; somewhat more than it does.
+std::pair<int, int> rowsCrossed(const SampleGrid& grid, const ScratchFamily& family, const Scratch& scratch,
+                                double reach) {
+    const auto rowAt = [&](double x, double across) {
+        return ((across - x * family.acrossX) / family.acrossY - grid.y0) / grid.stepY;
+    };
+    const auto ends = {rowAt(grid.xOf(-1), scratch.across - reach),
+                       rowAt(grid.xOf(-1), scratch.across + reach),
+                       rowAt(grid.xOf(grid.columns), scratch.across - reach),
+                       rowAt(grid.xOf(grid.columns), scratch.across + reach)};
+    const double rows = grid.rows;
+    return {static_cast<int>(std::clamp(std::min(ends) - 1.0, 0.0, rows)),
+            static_cast<int>(std::clamp(std::max(ends) + 2.0, 0.0, rows))};
+}
+
 void drawScratch(const SampleGrid& grid, const ScratchFamily& family, const Scratch& scratch,
                  ColourPlanes& out) {
     const float footprint = grid.footprint();
     const float soft = footprint > scratch.width ? footprint : scratch.width;
     const float strength = scratch.depth * std::min(1.0F, scratch.width / footprint);
     const double reach = (static_cast<double>(scratch.width) + 1.5 * static_cast<double>(soft));
-    for (int r = 0; r < grid.rows; ++r) {
+    const auto [first, last] = rowsCrossed(grid, family, scratch, reach);
+    for (int r = first; r < last; ++r) {
         const double y = grid.yOf(r);
         // Columns where the scratch passes this row.
         const double middle = ((scratch.across - y * family.acrossY) / family.acrossX - grid.x0) / grid.stepX;

@@ -65,6 +65,22 @@ SIMHOST_VECTOR_CLONES void packColour(const std::int16_t* r, const std::int16_t*
     }
 }
 
+// What addNoise and packColour do, without the way through memory: the usual camera.
+SIMHOST_VECTOR_CLONES void packNoisy(const std::uint16_t* __restrict r, const std::uint16_t* __restrict g,
+                                     const std::uint16_t* __restrict b, const std::int16_t* __restrict noiseR,
+                                     const std::int16_t* __restrict noiseG,
+                                     const std::int16_t* __restrict noiseB, std::uint32_t* __restrict pixels,
+                                     int count) {
+    const auto noisy = [](std::uint16_t light, std::int16_t noise) {
+        const auto sum = static_cast<std::int16_t>(static_cast<std::int16_t>(light) + noise);
+        return static_cast<std::uint32_t>(grey(sum));
+    };
+    for (int i = 0; i < count; ++i) {
+        pixels[i] = 0xff000000U | noisy(r[i], noiseR[i]) << 16U | noisy(g[i], noiseG[i]) << 8U |
+                    noisy(b[i], noiseB[i]);
+    }
+}
+
 SIMHOST_VECTOR_CLONES void packGrey(const std::int16_t* values, std::uint32_t* pixels, int count) {
     for (int i = 0; i < count; ++i) {
         pixels[i] = 0xff000000U | static_cast<std::uint32_t>(grey(values[i])) * 0x010101U;
@@ -129,9 +145,19 @@ void Sensor::expose(const SensorImage& image, std::uint64_t frameNumber, std::ui
 
 void Sensor::exposeRow(const SensorImage& image, int row, std::uint32_t frameSeed, std::uint32_t* pixels) {
     const std::size_t line = static_cast<std::size_t>(row) * static_cast<std::size_t>(image.width);
+    const std::uint16_t* light[3] = {};
+    const std::int16_t* noise[3] = {};
     for (int channel = 0; channel < image.channels; ++channel) {
         const std::uint32_t start = mix(frameSeed, static_cast<std::uint32_t>(row * 4 + channel)) % kPool;
-        addNoise(&image.plane[channel][line], &m_noise[start], m_row[channel].data(), image.width);
+        light[channel] = &image.plane[static_cast<std::size_t>(channel)][line];
+        noise[channel] = &m_noise[start];
+    }
+    if (image.channels == 3 && m_neutral) {
+        packNoisy(light[0], light[1], light[2], noise[0], noise[1], noise[2], pixels, image.width);
+        return;
+    }
+    for (int channel = 0; channel < image.channels; ++channel) {
+        addNoise(light[channel], noise[channel], m_row[channel].data(), image.width);
     }
     if (!m_neutral) {
         adjust(image.channels, image.width);
