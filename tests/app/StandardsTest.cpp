@@ -31,6 +31,7 @@ struct StandardsRig : WindowRig {
     std::vector<std::string> menuTexts() {
         std::vector<std::string> texts;
         const ButtonMenus* menus = window().tbMain->buttonMenus(QStringLiteral("Stage"));
+        texts.reserve(static_cast<std::size_t>(menus->count()));
         for (int i = 0; i < menus->count(); ++i) {
             texts.push_back(menus->text(i).toStdString());
         }
@@ -49,6 +50,7 @@ struct StandardsRig : WindowRig {
     frmMove& moveDialog() { return window().standards().moveDialog(); }
     std::vector<std::string> typed() {
         std::vector<std::string> texts;
+        texts.reserve(moveDialog().txtMove.size());
         for (const TextBox* box : moveDialog().txtMove) {
             texts.push_back(box->text().toStdString());
         }

@@ -14,6 +14,7 @@ using Start = WindowRig;
 // The names of the calls, without what was passed.
 std::vector<std::string> names(const std::vector<std::string>& calls) {
     std::vector<std::string> result;
+    result.reserve(calls.size());
     for (const std::string& call : calls) {
         result.push_back(call.substr(0, call.find('(')));
     }
