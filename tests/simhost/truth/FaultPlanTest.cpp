@@ -90,7 +90,7 @@ TEST(FaultPlan, ASlowFunctionAnswersAfterItsTimeAndThenFailsIfItShould) {
 
 TEST(FaultPlan, ADamagedFileMeansNoFaults) {
     Faulty rig;
-    rig.folder.write("simulator.ini", std::string("\0[Faults]\nTarnLoadStageAbs=fail\n", 33));
+    rig.folder.write("simulator.ini", std::string("\0[Faults]\nTarnLoadStageAbs=fail\n", 32));
     EXPECT_TRUE(rig.load(1));
 }
 
