@@ -349,15 +349,17 @@ BlockMask aggregateBlocks(const Mosaic& mosaic, const std::vector<Grain>& grains
         return grains[static_cast<std::size_t>(number)].aggregate;
     };
     for (const GrainRun& run : map.runs) {
-        const bool inside = isAggregate(run.owner);
-        if (!inside && !isAggregate(run.neighbour)) {
-            continue;
-        }
         const auto row = static_cast<int>(run.begin / static_cast<std::size_t>(columns));
         const std::size_t line = static_cast<std::size_t>(row) * static_cast<std::size_t>(columns);
-        for (std::size_t i = run.begin; i < run.end; ++i) {
-            if (inside || map.gap[i] < limit) {
-                mask.wanted[mask.indexOf(static_cast<int>(i - line), row)] = 1;
+        if (isAggregate(run.owner)) {
+            const std::size_t first = mask.indexOf(static_cast<int>(run.begin - line), row);
+            const std::size_t last = mask.indexOf(static_cast<int>(run.end - 1 - line), row);
+            std::fill(&mask.wanted[first], &mask.wanted[last] + 1, char{1});
+        } else if (isAggregate(run.neighbour)) {
+            for (std::size_t i = run.begin; i < run.end; ++i) {
+                if (map.gap[i] < limit) {
+                    mask.wanted[mask.indexOf(static_cast<int>(i - line), row)] = 1;
+                }
             }
         }
     }

@@ -153,6 +153,7 @@ const SensorImage& Lens::form(const View& view) {
     const int widest = BlurKernels::numberOf(static_cast<float>(kernelSigma(focus.widest, level)));
     const Framing framing = framingOf(view, level, m_kernels.kernel(widest).radius);
     fillKernelMap(view, framing, focus);
+    findTiles(framing);
     m_image.width = view.width;
     m_image.height = view.height;
     m_image.channels = view.colour ? 3 : 1;
@@ -191,8 +192,7 @@ void Lens::fillKernelMap(const View& view, const Framing& framing, const Focus& 
     m_evenBlur = even(m_kernelX) && even(m_kernelY);
 }
 
-void Lens::assemble(const View& view, const Framing& framing, int channel) {
-    m_canvas.resize(static_cast<std::size_t>(framing.pitch()) * static_cast<std::size_t>(framing.lines()));
+void Lens::findTiles(const Framing& framing) {
     const auto tileOf = [](std::int64_t sample) {
         return sample >= 0 ? sample / TileCache::kTile
                            : -((TileCache::kTile - 1 - sample) / TileCache::kTile);
@@ -204,11 +204,18 @@ void Lens::assemble(const View& view, const Framing& framing, int channel) {
     const std::int64_t firstRow = tileOf(top);
     const std::int64_t lastRow = tileOf(top + framing.lines() - 1);
     m_tiles.keepAtLeast(static_cast<std::size_t>((lastColumn - firstColumn + 1) * (lastRow - firstRow + 1)));
+    m_tilesSeen.clear();
     for (std::int64_t row = firstRow; row <= lastRow; ++row) {
         for (std::int64_t column = firstColumn; column <= lastColumn; ++column) {
-            const TileCache::Tile& tile = m_tiles.tile(framing.level, column, row);
-            copyTile(tile, framing, column, row, view.colour ? channel : kGrey);
+            m_tilesSeen.push_back({&m_tiles.tile(framing.level, column, row), column, row});
         }
+    }
+}
+
+void Lens::assemble(const View& view, const Framing& framing, int channel) {
+    m_canvas.resize(static_cast<std::size_t>(framing.pitch()) * static_cast<std::size_t>(framing.lines()));
+    for (const TileSeen& seen : m_tilesSeen) {
+        copyTile(*seen.tile, framing, seen.column, seen.row, view.colour ? channel : kGrey);
     }
 }
 

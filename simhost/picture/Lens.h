@@ -52,12 +52,17 @@ public:
 
 private:
     struct Framing;
+    struct TileSeen {
+        const TileCache::Tile* tile;
+        std::int64_t column, row;
+    };
     struct Focus;
 
     double discRadius(double x, double y, double z) const;
     Focus focusOf(const View& view) const;
     Framing framingOf(const View& view, int level, int margin) const;
     void fillKernelMap(const View& view, const Framing& framing, const Focus& focus);
+    void findTiles(const Framing& framing);
     void assemble(const View& view, const Framing& framing, int channel);
     void copyTile(const TileCache::Tile& tile, const Framing& framing, std::int64_t column, std::int64_t row,
                   int channel);
@@ -65,6 +70,7 @@ private:
     void resample(const View& view, const Framing& framing, int channel);
 
     TileCache m_tiles;
+    std::vector<TileSeen> m_tilesSeen; // by the picture that is being formed
     SurfaceShape m_surface;
     double m_halfDepth;
     BlurKernels m_kernels;

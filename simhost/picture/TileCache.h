@@ -26,11 +26,12 @@ public:
     /// Chooses the size of a pixel in stage units, > 0; another size than before empties the cache.
     void setScale(double pixelX, double pixelY);
 
-    /// Raises the limit where a view needs more tiles than it allows.
+    /// The tiles asked for last, up to this number, stay valid; raises the limit where it does not allow so
+    /// many.
     void keepAtLeast(std::size_t tiles) { m_limit = m_limit < tiles ? tiles : m_limit; }
 
     /// Tile (column, row) of a level: its sample (c, r) lies at X = -(column * kTile + c + 0.5) * pixelX *
-    /// 2^level, Y likewise. Valid until the next call.
+    /// 2^level, Y likewise. Valid until the next call, or longer as keepAtLeast says.
     const Tile& tile(int level, std::int64_t column, std::int64_t row);
 
     std::size_t count() const { return m_byPlace.size(); }
