@@ -42,6 +42,7 @@ frmOcuva::frmOcuva(const MainWindowContext& context)
     , m_magnification(m_settings, context.host.tn_lib_proxy())
     , m_conversion(context.host.tn_log())
     , m_stage(context.host.tn_lib_proxy(), context.host.tn_micro_proxy())
+    , m_calibration(context.host.tn_lib_proxy())
     , m_watch(m_stage, *this)
     , m_sizing(context.host.tn_video(), context.host.tn_log(), m_settings, *this) {
     setObjectName(QStringLiteral("frmOcuva"));
@@ -75,6 +76,9 @@ void frmOcuva::makeControls() {
         StandardsContext{m_context.host.tn_reg(), m_context.host.tn_lib_proxy(), *tbMain, *this, *this,
                          [this](const QString& text) { reportError(text); },
                          [this](const QString& folder) { return chooseStandard(folder); }});
+
+    m_pictureOnStage = std::make_unique<PictureOnStage>(
+        PictureOnStageContext{m_calibration, *sbMain, [this](const QString& text) { logError(text); }});
 
     // The window as designed: what stands around the monitor frame, from the frame's edge to the window's.
     const QRect monitor = m_panels->frMonitor->geometry();
@@ -261,7 +265,15 @@ void frmOcuva::tStageMove_Timer() { m_watch.tick(); }
 
 void frmOcuva::cxsStage_MoveEnd(Integer /*ErrCode*/) { m_watch.moveEnded(); }
 
-void frmOcuva::milDisp_MouseMove(Qt::MouseButton /*button*/, int /*shift*/, float /*x*/, float /*y*/) {}
+void frmOcuva::milDisp_MouseMove(Qt::MouseButton /*button*/, int /*shift*/, float x, float y) {
+    if (m_vgaMouse) {
+        showPointedPosition(x, y);
+    }
+}
+
+void frmOcuva::showPointedPosition(Single x, Single y) {
+    m_pictureOnStage->showPointedPosition(x, y, rect(MonitorPart::milDisp));
+}
 
 void frmOcuva::milDisp_MouseUp(Qt::MouseButton button, int /*shift*/, float x, float y) {
     const QRectF onImage = m_panels->milDisp->rect();

@@ -6,6 +6,7 @@
 #include "app/MainMenu.h"
 #include "app/MonitorPanels.h"
 #include "app/Overlays.h"
+#include "app/PictureOnStage.h"
 #include "app/Standards.h"
 #include "app/StatusBar.h"
 #include "app/toolbar/MainToolbar.h"
@@ -82,6 +83,8 @@ public:
     static Integer ComputeNearScaleVal(Integer value) { return nearScaleValue(value); }
     /// Moves the stage so that the clicked point comes to the reference point; lengths in twips.
     void moveToPoint(const ClickOnImage& click);
+    /// Shows the stage position of a place of the picture, in twips on milDisp, in the position panels.
+    void showPointedPosition(Single x, Single y);
     void DoFocus() override;
     void Shutdown();
 
@@ -92,6 +95,7 @@ public:
     CTnVideoBoard& cxvbBoard() { return *m_board; }
     CTnVideoImage& vimage() { return *m_image; }
     CTnStage& cxsStage() override { return m_stage; }
+    Calibration& calibration() { return m_calibration; }
     Standards& standards() { return *m_standards; }
 
     /// The images that the toolbar chooses from: small and large, plain, under the pointer, disabled.
@@ -189,6 +193,7 @@ private:
     MagnificationStore m_magnification;
     LengthConversion m_conversion;
     CTnStage m_stage;
+    Calibration m_calibration;
     StageWatch m_watch;
     MonitorSizing m_sizing;
     std::unique_ptr<CTnVideoBoard> m_board; // cxvbBoard
@@ -203,6 +208,7 @@ private:
     std::unique_ptr<UpDownPanel> m_upDown;
     std::unique_ptr<Standards> m_standards;
     std::unique_ptr<Overlays> m_overlays;
+    std::unique_ptr<PictureOnStage> m_pictureOnStage;
     ImageInformation* m_information = nullptr;
 
     bool m_normalZoom = false; // the mark of "&Normal (1:1)"; not set at start, where the divisor is 2

@@ -1,0 +1,24 @@
+#pragma once
+// Places on the picture, whatever its size or zoom.
+
+#include "base/Types.h"
+
+namespace ocuva {
+
+/// Picture coordinates: 1/10000 of the picture's width from its left edge, and of its height from its top.
+struct PicturePoint {
+    Single XPic = 0.0F;
+    Single YPic = 0.0F;
+
+    bool operator==(const PicturePoint&) const = default;
+};
+
+/// What the picture's width and height are divided into.
+inline constexpr double pictureUnits = 10000.0;
+
+/// The place x, y of a picture of that width and height, all four in one unit, from the top left corner. A
+/// place off the picture gives coordinates below 0 or above 10000. Width and height are taken as 16-bit
+/// numbers: throws ArithmeticError when one is larger, or 0.
+PicturePoint picturePoint(Single x, Single y, Long width, Long height);
+
+} // namespace ocuva
