@@ -78,6 +78,11 @@ double textToDouble(std::string_view text) {
 
 Long textToLong(std::string_view text) { return toLong(textToDouble(text)); }
 
-double numericPrefix(std::string_view text) { return scan(trimmed(text)).value; }
+std::optional<double> leadingNumber(std::string_view text) {
+    const Prefix prefix = scan(trimmed(text));
+    return prefix.length > 0 ? std::optional(prefix.value) : std::nullopt;
+}
+
+double numericPrefix(std::string_view text) { return leadingNumber(text).value_or(0.0); }
 
 } // namespace ocuva

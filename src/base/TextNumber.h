@@ -3,6 +3,7 @@
 
 #include "base/Types.h"
 
+#include <optional>
 #include <stdexcept>
 #include <string_view>
 
@@ -23,8 +24,12 @@ double textToDouble(std::string_view text);
 /// does not fit into 32 bits.
 Long textToLong(std::string_view text);
 
-/// The number that a text begins with, anything after it ignored; 0 when there is none. One decimal point or
-/// comma. A number beyond a double's range gives the largest double.
+/// The number that a text begins with after blanks, written as above; what follows it is not looked at ("50
+/// %" is 50, "1e2" is 1). Nothing when there is none. One beyond a double's range gives the largest double of
+/// its sign.
+std::optional<double> leadingNumber(std::string_view text);
+
+/// The same, 0 when there is none.
 double numericPrefix(std::string_view text);
 
 } // namespace ocuva

@@ -1,6 +1,7 @@
 #include "video/CameraReferences.h"
 
 #include "base/Numbers.h"
+#include "base/TextNumber.h"
 #include "video/OwnChange.h"
 #include "video/ReferenceText.h"
 
@@ -61,7 +62,7 @@ void CameraReferences::textLeft(CameraReference reference) {
     if (m_showing) {
         return;
     }
-    if (const std::optional<Double> typed = typedReference(m_view.text(reference))) {
+    if (const std::optional<Double> typed = leadingNumber(m_view.text(reference))) {
         setCameraReference(m_video, reference, *typed);
     }
     show(reference);
@@ -73,7 +74,7 @@ void CameraReferences::show(CameraReference reference) {
     const std::string text = value ? referenceText(*value) : std::string();
     m_view.setText(reference, text);
     // The text's number and not the value's: 33.46 is shown as 33.5, and the slider goes with what is read.
-    if (const std::optional<Double> shown = typedReference(text)) {
+    if (const std::optional<Double> shown = leadingNumber(text)) {
         const Long position = toLong(std::clamp<Double>(
             *shown, lowestReference, highestReference)); // a slider ends where its scale does
         if (m_view.slider(reference) != position) {

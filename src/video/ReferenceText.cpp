@@ -1,10 +1,8 @@
 #include "video/ReferenceText.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <system_error>
 
 namespace ocuva {
 
@@ -18,23 +16,6 @@ std::string referenceText(Double value) {
     const auto end =
         std::to_chars(text.data(), text.data() + text.size(), shown, std::chars_format::fixed, decimals);
     return {text.data(), end.ptr};
-}
-
-std::optional<Double> typedReference(std::string_view text) {
-    std::string number(text.substr(std::min(text.find_first_not_of(" \t"), text.size())));
-    std::replace(number.begin(), number.end(), ',', '.');
-    if (number.starts_with('+') && !number.starts_with("+-")) {
-        number.erase(0, 1);
-    }
-    // std::from_chars also knows "inf" and "nan" in words, which are no numbers here.
-    const std::size_t first = number.find_first_not_of('-');
-    if (first == std::string::npos ||
-        std::string_view("0123456789.").find(number[first]) == std::string::npos) {
-        return std::nullopt;
-    }
-    Double value = 0.0;
-    const auto read = std::from_chars(number.data(), number.data() + number.size(), value);
-    return read.ec == std::errc() ? std::optional(value) : std::nullopt;
 }
 
 } // namespace ocuva

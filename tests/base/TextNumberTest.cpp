@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 #include <limits>
+#include <locale>
+#include <utility>
 
 using namespace ocuva;
 
@@ -54,4 +56,37 @@ TEST(TextNumber, APrefixCountsAndTheRestIsIgnored) {
     EXPECT_EQ(numericPrefix("1.2.3"), 1.2);
     EXPECT_EQ(numericPrefix(std::string(400, '9')), std::numeric_limits<double>::max());
     EXPECT_EQ(numericPrefix("0." + std::string(400, '0') + "1"), 0.0);
+}
+
+TEST(LeadingNumber, IsTheNumberThatTheTextBeginsWith) {
+    const std::pair<const char*, double> examples[]{
+        {"50", 50.0}, {"  50.5", 50.5}, {"50 %", 50.0}, {"50.5abc", 50.5}, {"+7", 7.0},
+        {"-7", -7.0}, {".5", 0.5},      {"-.5", -0.5},  {"5.", 5.0},       {"12,5", 12.5},
+        {"5e", 5.0},  {"1e2", 1.0},     {"1.2.3", 1.2}, {"0", 0.0}};
+    for (const auto& [text, number] : examples) {
+        EXPECT_EQ(leadingNumber(text), number) << text;
+    }
+}
+
+TEST(LeadingNumber, IsNothingForATextThatBeginsWithNoNumber) {
+    for (const char* text : {"", " ", "abc", "a5", "-", "+", ".", "+-5", "--5", "++5", "- 5", "inf", "-inf",
+                             "nan", "infinity", "e5", "%"}) {
+        EXPECT_EQ(leadingNumber(text), std::nullopt) << '"' << text << '"';
+    }
+}
+
+TEST(LeadingNumber, BeyondADoublesRangeIsTheLargestOfItsSign) {
+    EXPECT_EQ(leadingNumber(std::string(400, '9')), std::numeric_limits<double>::max());
+    EXPECT_EQ(leadingNumber("-" + std::string(400, '9')), -std::numeric_limits<double>::max());
+}
+
+TEST(LeadingNumber, ReadsNoLocale) {
+    struct CommaDecimals final : std::numpunct<char> {
+        char do_decimal_point() const override { return ','; }
+        char do_thousands_sep() const override { return '.'; }
+        std::string do_grouping() const override { return "\3"; }
+    };
+    const std::locale before = std::locale::global(std::locale(std::locale::classic(), new CommaDecimals));
+    EXPECT_EQ(leadingNumber("12.5"), 12.5);
+    std::locale::global(before);
 }

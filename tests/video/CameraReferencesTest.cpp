@@ -1,5 +1,6 @@
 #include "video/CameraReferences.h"
 
+#include "base/TextNumber.h"
 #include "tests/video/SetupRig.h"
 #include "video/ReferenceText.h"
 
@@ -93,7 +94,7 @@ TEST_F(References, MinusOneLeavesTheValueBecauseTheHostTakesItSo) {
 }
 
 TEST_F(References, ATextThatIsNoNumberSetsNothingAndShowsTheHostsValueAgain) {
-    for (const char* text : {"", "abc", "-", "nan", "1e999"}) {
+    for (const char* text : {"", "abc", "-", "nan"}) {
         type(brightness, text);
         EXPECT_EQ(view.texts[1], "50.0") << text;
     }
@@ -179,7 +180,7 @@ TEST_F(References, WhateverIsTypedOrMovedCostsOneSetAndOneReadAndEndsOnTheHostsV
         ASSERT_EQ(host.calls.size(), 2U);
         ASSERT_EQ(hostValue(other), otherBefore);
         ASSERT_EQ(view.text(reference), referenceText(hostValue(reference)));
-        ASSERT_LE(std::abs(view.slider(reference) - typedReference(view.text(reference)).value()), 0.5);
+        ASSERT_LE(std::abs(view.slider(reference) - leadingNumber(view.text(reference)).value()), 0.5);
         // Leaving the box a second time moves nothing any more.
         references.textLeft(reference);
         const std::string shown = view.text(reference);

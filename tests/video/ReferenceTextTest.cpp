@@ -42,43 +42,5 @@ TEST(ReferenceText, UsesAPointInEveryLocale) {
     };
     const std::locale before = std::locale::global(std::locale(std::locale::classic(), new CommaDecimals));
     EXPECT_EQ(referenceText(1234.5), "1234.5");
-    EXPECT_EQ(typedReference("12.5"), 12.5);
     std::locale::global(before);
-}
-
-TEST(TypedReference, IsTheNumberThatTheTextBeginsWith) {
-    EXPECT_EQ(typedReference("50"), 50.0);
-    EXPECT_EQ(typedReference("50.5"), 50.5);
-    EXPECT_EQ(typedReference("  50.5"), 50.5);
-    EXPECT_EQ(typedReference("50 %"), 50.0);
-    EXPECT_EQ(typedReference("50.5abc"), 50.5);
-    EXPECT_EQ(typedReference("+7"), 7.0);
-    EXPECT_EQ(typedReference("-7"), -7.0);
-    EXPECT_EQ(typedReference(".5"), 0.5);
-    EXPECT_EQ(typedReference("-.5"), -0.5);
-    EXPECT_EQ(typedReference("5."), 5.0);
-    EXPECT_EQ(typedReference("1e2"), 100.0);
-    EXPECT_EQ(typedReference("5e"), 5.0);
-    EXPECT_EQ(typedReference("1.2.3"), 1.2);
-}
-
-TEST(TypedReference, TakesACommaAsTheDecimalPoint) { EXPECT_EQ(typedReference("12,5"), 12.5); }
-
-TEST(TypedReference, IsNothingForATextThatBeginsWithNoNumber) {
-    for (const char* text : {"", " ", "abc", "a5", "-", "+", ".", "+-5", "--5", "++5", "- 5", "inf", "-inf",
-                             "nan", "infinity", "e5", "%"}) {
-        EXPECT_EQ(typedReference(text), std::nullopt) << '"' << text << '"';
-    }
-}
-
-TEST(TypedReference, IsNothingForANumberThatNoDoubleHolds) {
-    EXPECT_EQ(typedReference("1e999"), std::nullopt);
-    EXPECT_EQ(typedReference("-1e999"), std::nullopt);
-}
-
-TEST(TypedReference, ReadsBackEveryTenthOfTheScaleAsItIsShown) {
-    for (int tenths = -1000; tenths <= 2000; ++tenths) {
-        const Double value = tenths / 10.0;
-        EXPECT_EQ(typedReference(referenceText(value)), value);
-    }
 }
