@@ -74,7 +74,7 @@ function(ocuva_library name)
 endfunction()
 
 # ocuva_test(<name> <files>... [LINK <targets>...] [QT]): one GoogleTest program, run by ctest as one test.
-# QT gives it a QApplication on the offscreen platform.
+# QT gives it a QApplication on the offscreen platform. What it did is left in test-results/<name>.json below the build.
 function(ocuva_test name)
     cmake_parse_arguments(ARG "QT" "" "LINK" ${ARGN})
     add_executable(${name} ${ARG_UNPARSED_ARGUMENTS})
@@ -93,6 +93,7 @@ function(ocuva_test name)
         set_tests_properties(${name} PROPERTIES LABELS tsan)
         add_dependencies(tsan ${name})
     endif()
+    set_property(GLOBAL APPEND PROPERTY ocuva_tests ${name})
     set_tests_properties(${name} PROPERTIES TIMEOUT 300
-        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;ASAN_OPTIONS=detect_leaks=1;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp")
+        ENVIRONMENT "QT_QPA_PLATFORM=offscreen;GTEST_OUTPUT=json:${PROJECT_BINARY_DIR}/test-results/${name}.json;ASAN_OPTIONS=detect_leaks=1;LSAN_OPTIONS=suppressions=${PROJECT_SOURCE_DIR}/tests/lsan.supp")
 endfunction()

@@ -222,6 +222,23 @@ TEST_F(StageMenu, ComparesTheDirectoryWithoutRegardToCase) {
     EXPECT_THAT(menuTexts(), ElementsAre("Quartz", "/elsewhere/Gold.std", "Pyrite"));
 }
 
+TEST_F(StageMenu, IsEmptyWithoutAStoredList) {
+    for (const char* size : {"0", "-1", ""}) {
+        host.settings["Ocuva.INI|StandardList|StandardListSize"] = size;
+        window().standards().FillStageMenu();
+        EXPECT_THAT(menuTexts(), IsEmpty()) << '"' << size << '"';
+    }
+    host.settings.erase("Ocuva.INI|StandardList|StandardListSize");
+    window().standards().FillStageMenu();
+    EXPECT_THAT(menuTexts(), IsEmpty());
+}
+
+TEST_F(StageMenu, SkipsAHoleAndKeepsTheOrder) {
+    store({"/std/Quartz.std", "", "/std/Pyrite.std"});
+    window().standards().FillStageMenu();
+    EXPECT_THAT(menuTexts(), ElementsAre("Quartz", "Pyrite"));
+}
+
 TEST_F(StageMenu, LacksTheSecondOfTwoEqualNames) {
     store({"/std/Quartz.std", "/std/Quartz.std", "/std/Pyrite.std"});
     window().standards().FillStageMenu();
