@@ -76,6 +76,7 @@ int main(int argc, char** argv) {
     QApplication application(qtArgc, argv);
     qInstallMessageHandler(usualMessages);
     QApplication::setApplicationName(QString::fromLatin1(productTitle));
+    QGuiApplication::setDesktopFileName(QString::fromLatin1(productDesktopId));
     QApplication::setApplicationVersion(QString::fromLatin1(productVersion));
     QApplication::setQuitOnLastWindowClosed(false);
     setAppearance(application);

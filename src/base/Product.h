@@ -7,6 +7,9 @@ namespace ocuva {
 /// layout.
 inline constexpr const char* productTitle = "Ocuva";
 
+/// The name of the desktop entry, by which a desktop knows the program's windows.
+inline constexpr const char* productDesktopId = "org.ocuva.ocuva";
+
 /// Shown on the splash window and in the about box.
 inline constexpr const char* productVersion = OCUVA_VERSION;
 

@@ -176,11 +176,9 @@ QImage drawIcon(const QString& key, bool on, const IconInk& ink, int sizePx) {
     return image;
 }
 
-QImage drawEmblem(int sizePx) {
-    QImage image = blankImage(std::max(1, sizePx));
-    QPainter painter(&image);
+void paintEmblem(QPainter& painter, qreal side) {
     painter.setRenderHint(QPainter::Antialiasing);
-    const qreal scale = image.width() / IconCanvas::gridUnits;
+    const qreal scale = side / IconCanvas::gridUnits;
     painter.scale(scale, scale);
 
     QLinearGradient badge(0, 1, 0, 23);
@@ -209,6 +207,12 @@ QImage drawEmblem(int sizePx) {
     painter.setPen(Qt::NoPen);
     painter.setBrush(QColor(0xff, 0x52, 0x45));
     painter.drawEllipse(QPointF(12, 12), 1.3, 1.3);
+}
+
+QImage drawEmblem(int sizePx) {
+    QImage image = blankImage(std::max(1, sizePx));
+    QPainter painter(&image);
+    paintEmblem(painter, image.width());
     return image;
 }
 

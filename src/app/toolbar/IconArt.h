@@ -5,6 +5,7 @@
 
 #include <QImage>
 #include <QLatin1StringView>
+#include <QPainter>
 #include <QString>
 #include <QStringList>
 
@@ -23,5 +24,8 @@ QImage drawIcon(const QString& key, bool on, const IconInk& ink, int sizePx);
 
 /// The program's own emblem, an eyepiece with its reticle on a badge; it does not follow the palette.
 QImage drawEmblem(int sizePx);
+
+/// The same for any paint device: into the square from (0, 0) to (side, side). Leaves the painter scaled.
+void paintEmblem(QPainter& painter, qreal side);
 
 } // namespace ocuva
