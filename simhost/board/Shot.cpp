@@ -53,13 +53,13 @@ void add(std::uint32_t* pixels, std::size_t count, double amount, double noise, 
 
 void CameraMemory::spoil(Shot& shot, CameraFault fault) {
     const Exposure taken = shot.exposure;
-    if (fault != CameraFault::frozen) {
-        m_frozen.reset();
+    if (fault != CameraFault::stuck) {
+        m_stuck.reset();
     } else {
-        if (!m_frozen) {
-            m_frozen = m_recent.empty() ? taken : m_recent.back();
+        if (!m_stuck) {
+            m_stuck = m_recent.empty() ? taken : m_recent.back();
         }
-        shot.exposure = *m_frozen;
+        shot.exposure = *m_stuck;
     }
     if (fault == CameraFault::late && !m_recent.empty()) {
         shot.exposure = m_recent.front();

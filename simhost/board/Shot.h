@@ -32,7 +32,7 @@ public:
 
 private:
     std::deque<Exposure> m_recent; ///< as they were taken, the newest last; at most lateFrames
-    std::optional<Exposure> m_frozen;
+    std::optional<Exposure> m_stuck;
 };
 
 /// Turns shots into pixels.

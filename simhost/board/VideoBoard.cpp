@@ -174,6 +174,9 @@ std::shared_ptr<ocuva::Frame> VideoBoard::develop(Shot& shot, int following) {
 }
 
 ocuva::FramePtr VideoBoard::expose() {
+    if (faults().camera == CameraFault::frozen) {
+        return nullptr;
+    }
     Shot shot = shoot();
     std::shared_ptr<ocuva::Frame> frame = develop(shot, 0);
     if (faults().focusFindsNothing) {
@@ -186,7 +189,11 @@ ocuva::FramePtr VideoBoard::expose() {
 // frame is lost as on a bus that is too slow; the next may succeed.
 void VideoBoard::capture() {
     try {
-        const int most = faults().grabStopsAfter;
+        const DeviceFaults broken = faults();
+        const int most = broken.grabStopsAfter;
+        if (broken.camera == CameraFault::frozen) {
+            return;
+        }
         {
             const std::lock_guard lock(m_stateMutex);
             if (most > 0 && m_framesOfGrab >= most) {

@@ -94,7 +94,7 @@ public:
     std::int64_t lastFrameNumber() const;
 
     /// Exposes one frame now, for a measurement: it is neither shown nor kept. Board and grab need not be
-    /// ready.
+    /// ready. Null from a frozen camera.
     ocuva::FramePtr expose();
 
     /// The one buffer that there is: the current frame.

@@ -7,7 +7,8 @@ namespace simhost {
 
 enum class CameraFault {
     none,
-    frozen, ///< delivers the same picture for ever
+    frozen, ///< delivers no more pictures, although the grab goes on
+    stuck,  ///< delivers the same picture for ever
     black,  ///< delivers black pictures, without noise
     late,   ///< delivers pictures that are lateFrames old
     torn    ///< the lower half is of the frame before, and displaced sideways

@@ -48,7 +48,7 @@ bool failFunction(Faults& faults, const char* name) {
     return true;
 }
 
-constexpr std::string_view cameraWords[] = {"frozen", "black", "late", "torn"};
+constexpr std::string_view cameraWords[] = {"frozen", "stuck", "black", "late", "torn"};
 constexpr std::string_view stageWords[] = {"refusing", "stalling", "lying"};
 
 /// The faults of devices: what a value that is not "off" does. False for a value that it cannot be.

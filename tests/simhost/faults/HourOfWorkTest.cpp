@@ -219,8 +219,8 @@ TEST(AnHourOfWork, IsDoneWhicheverHostFunctionFailsOrIsSlow) {
 TEST(AnHourOfWork, GoesOnWhateverDeviceIsBroken) {
     Workplace workplace;
     for (const char* fault :
-         {"BoardRefuses=1", "GrabStopsByItself=3", "Camera=frozen", "Camera=black", "Camera=late",
-          "Camera=torn", "Stage=refusing", "Stage=stalling", "Stage=lying", "Focus=nothing",
+         {"BoardRefuses=1", "GrabStopsByItself=3", "Camera=frozen", "Camera=stuck", "Camera=black",
+          "Camera=late", "Camera=torn", "Stage=refusing", "Stage=stalling", "Stage=lying", "Focus=nothing",
           "DbObject=missing", "DbObject=noposition", "StoreNotWritable=1", "Lamp=0"}) {
         SCOPED_TRACE(fault);
         workplace.configure(fault);

@@ -26,14 +26,23 @@ bool sameRows(const ocuva::Frame& a, const ocuva::Frame& b, int from, int to) {
     return std::equal(at(a, from), at(a, to), at(b, from));
 }
 
-TEST(FaultyCamera, AFrozenPictureDoesNotFollowTheStage) {
+TEST(FaultyCamera, AFrozenOneDeliversNothingUntilItThaws) {
     Video rig;
     const ocuva::FramePtr before = rig.frameAfter();
     rig.fault("Camera=frozen");
+    EXPECT_EQ(rig.frameAfter(60000.0)->number, before->number) << "no frame for a minute";
+    rig.fault("");
+    EXPECT_GT(rig.frameAfter()->number, before->number);
+}
+
+TEST(FaultyCamera, AStuckPictureDoesNotFollowTheStage) {
+    Video rig;
+    const ocuva::FramePtr before = rig.frameAfter();
+    rig.fault("Camera=stuck");
     rig.driveX();
-    const ocuva::FramePtr frozen = rig.frameAfter(400.0);
-    EXPECT_EQ(frozen->pixels, before->pixels);
-    EXPECT_GT(frozen->number, before->number) << "frames go on coming";
+    const ocuva::FramePtr stuck = rig.frameAfter(400.0);
+    EXPECT_EQ(stuck->pixels, before->pixels);
+    EXPECT_GT(stuck->number, before->number) << "frames go on coming";
     rig.fault("");
     EXPECT_NE(rig.frameAfter()->pixels, before->pixels);
 }
