@@ -166,6 +166,12 @@ class Desk:
             raise Failure(f"'{' '.join(command)}' failed")
         return output
 
+    def write(self, name, text):
+        """Puts a file into the desk's folder, whole at once, as an editor does."""
+        aside = self.folder / (name + ".new")
+        aside.write_text(text)
+        aside.replace(self.folder / name)
+
     # -- programs and their windows
 
     def start_program(self, program, *arguments, trace, log, **extra_env):
@@ -230,6 +236,20 @@ class Desk:
     def snap(self, area, path):
         """Keeps what is seen in an area of the screen."""
         self._do("import", "-window", "root", "-crop", area.as_crop(), "+repage", str(path))
+
+    def portrait(self, windows, path):
+        """Keeps what is seen of one or more windows, small enough for a page."""
+        areas = [self.area(window) for window in windows]
+        left, top = min(area.left for area in areas), min(area.top for area in areas)
+        whole = Area(left, top, max(area.left + area.width for area in areas) - left,
+                     max(area.top + area.height for area in areas) - top)
+        self._do("import", "-window", "root", "-crop", whole.as_crop(), "+repage", "-strip", "+dither", "-colors", "250",
+                 "-define", "png:compression-level=9", f"png8:{path}")
+
+    def mean(self, area, channel):
+        """Mean of a channel ("r", "g", "b") of what is seen in an area of the screen, 0 to 1."""
+        return float(self._do("import", "-window", "root", "-crop", area.as_crop(),
+                              "-format", f"%[fx:mean.{channel}]", "info:"))
 
     def contrast(self, area):
         """Standard deviation of what is seen in an area of the screen, 0 (one colour) to 1."""
