@@ -2,7 +2,7 @@
 // The move dialog: an absolute stage position is typed, and the stage drives there.
 
 #include "controls/TextBox.h"
-#include "stage/CTnStage.h"
+#include "stage/StageMover.h"
 #include "standards/StandardList.h"
 
 #include <QDialog>
@@ -12,15 +12,6 @@
 #include <functional>
 
 namespace ocuva {
-
-/// What the dialogs reach the stage through: the main window, or whatever offers the same.
-class StageMover {
-public:
-    virtual ~StageMover() = default;
-    virtual CTnStage& cxsStage() = 0;
-    /// Starts the loaded moves (0: of all axes) and watches them.
-    virtual void SyncStageMove(Integer axis) = 0;
-};
 
 class frmMove final : public QDialog {
     Q_OBJECT
