@@ -47,7 +47,7 @@ AxisMap axisMap(std::span<const AxisPoint> points) {
 
 } // namespace
 
-void Calibration::ComputePicturePlan() {
+PicturePlan picturePlanThrough(const CalibrationPoints& points) {
     std::array<AxisPoint, 3> x;
     std::array<AxisPoint, 3> y;
     for (std::size_t i = 0; i < points.count(); ++i) {
@@ -57,8 +57,10 @@ void Calibration::ComputePicturePlan() {
     }
     const AxisMap mapX = axisMap(std::span(x).first(points.count()));
     const AxisMap mapY = axisMap(std::span(y).first(points.count()));
-    m_picturePlan = {mapX.scale, mapX.offset, mapY.scale, mapY.offset};
+    return {mapX.scale, mapX.offset, mapY.scale, mapY.offset};
 }
+
+void Calibration::ComputePicturePlan() { m_picturePlan = picturePlanThrough(points); }
 
 void Calibration::ComputeStagePlan() {
     constexpr Long rows = 3;

@@ -46,7 +46,14 @@ struct StagePoint {
     Long XSt = 0; ///< stage units
     Long YSt = 0;
     Long ZSt = 0;
+
+    bool operator==(const StagePoint&) const = default;
 };
+
+/// On each axis the pair of points whose image coordinates differ most (of equal ones the first of 1-2, 1-3,
+/// 2-3) gives scale and offset. Throws ArithmeticError when a difference leaves 16 bits, a stage difference
+/// 32 bits, or when all points in use have the same coordinate on an axis.
+PicturePlan picturePlanThrough(const CalibrationPoints& points);
 
 class Calibration {
 public:
@@ -55,10 +62,7 @@ public:
 
     CalibrationPoints points;
 
-    /// On each axis the pair of points whose image coordinates differ most (of equal ones the first of 1-2,
-    /// 1-3, 2-3) gives scale and offset. Throws ArithmeticError when a difference leaves 16 bits, a stage
-    /// difference 32 bits, or when all points in use have the same coordinate on an axis; the plan stays as
-    /// it was then.
+    /// The plan through the points. Throws as picturePlanThrough does; the plan stays as it was then.
     void ComputePicturePlan();
 
     /// Lets the host lay the plane through the stage points. With two points the plane is level across the

@@ -1,0 +1,83 @@
+#include "pictures/CalibrationStore.h"
+
+#include "settings/SettingsTable.h"
+
+#include <algorithm>
+#include <charconv>
+
+namespace ocuva {
+
+namespace {
+
+constexpr const char* section = "Calibration";
+constexpr const char* key = "Points";
+constexpr Long textCapacity = 200; // three points of the longest numbers take 149
+
+const char* store() { return storeName(SettingsStore::Program).c_str(); }
+
+// Takes numbers and what stands between them from the front of a text.
+class Scanner {
+public:
+    explicit Scanner(std::string_view text)
+        : m_rest(text) {}
+
+    template <typename Number> bool number(Number& value) {
+        const auto [end, error] = std::from_chars(m_rest.data(), m_rest.data() + m_rest.size(), value);
+        m_rest.remove_prefix(static_cast<std::size_t>(end - m_rest.data()));
+        return error == std::errc{};
+    }
+    bool separator(char wanted) {
+        const bool found = !m_rest.empty() && m_rest.front() == wanted;
+        m_rest.remove_prefix(found ? 1 : 0);
+        return found;
+    }
+    bool atEnd() const { return m_rest.empty(); }
+
+private:
+    std::string_view m_rest;
+};
+
+bool scanPoint(Scanner& scanner, CalibrationPoint& point) {
+    return scanner.number(point.XI) && scanner.separator(',') && scanner.number(point.YI) &&
+           scanner.separator(',') && scanner.number(point.XS) && scanner.separator(',') &&
+           scanner.number(point.YS) && scanner.separator(',') && scanner.number(point.ZS);
+}
+
+} // namespace
+
+std::string storedText(const CalibrationPoints& points) {
+    std::string text;
+    for (std::size_t i = 0; i < points.count(); ++i) {
+        const CalibrationPoint& point = points.points.at(i);
+        text += i == 0 ? "" : " ";
+        text += std::to_string(point.XI) + ',' + std::to_string(point.YI) + ',' + std::to_string(point.XS) +
+                ',' + std::to_string(point.YS) + ',' + std::to_string(point.ZS);
+    }
+    return text;
+}
+
+std::optional<CalibrationPoints> parseStoredText(std::string_view text) {
+    Scanner scanner(text);
+    CalibrationPoints points;
+    if (!scanPoint(scanner, points.points[0]) || !scanner.separator(' ') ||
+        !scanPoint(scanner, points.points[1])) {
+        return {};
+    }
+    points.twoPoints = scanner.atEnd();
+    if (!points.twoPoints && (!scanner.separator(' ') || !scanPoint(scanner, points.points[2]))) {
+        return {};
+    }
+    return scanner.atEnd() ? std::optional(points) : std::nullopt;
+}
+
+bool CalibrationStore::save(const CalibrationPoints& points) {
+    return m_reg.TarnRegisterSetString(section, key, storedText(points).c_str(), store()) != 0;
+}
+
+std::optional<CalibrationPoints> CalibrationStore::load() const {
+    std::array<char, textCapacity> buffer{};
+    const Long length = m_reg.TarnRegisterGetString(section, key, "", buffer.data(), textCapacity, store());
+    return parseStoredText({buffer.data(), static_cast<std::size_t>(std::clamp(length, 0, textCapacity))});
+}
+
+} // namespace ocuva
