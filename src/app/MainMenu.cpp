@@ -43,7 +43,7 @@ constexpr std::array<Row, 20> rows{{
 }};
 
 // Commands whose windows or functions are not part of this version yet.
-constexpr std::array unavailable{Command::Open, Command::SaveAs, Command::Picture, Command::Setup};
+constexpr std::array unavailable{Command::Open, Command::SaveAs, Command::Setup};
 
 QAction* addItem(QMenuBar& bar, QMenu* menu, Kind kind, const QString& caption) {
     if (menu == nullptr || kind == Kind::BarItem) {

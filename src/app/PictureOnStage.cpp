@@ -1,7 +1,5 @@
 #include "app/PictureOnStage.h"
 
-#include "pictures/PicturePoint.h"
-
 #include <exception>
 #include <utility>
 
@@ -15,12 +13,37 @@ void showPosition(StatusBar& sbMain, const QString& x, const QString& y, const Q
     sbMain.panel(QStringLiteral("Z"))->setText(z);
 }
 
+PicturePoint placeOn(const TwipsRect& display, Single x, Single y) {
+    return picturePoint(x, y, display.width, display.height);
+}
+
 } // namespace
+
+PictureOnStage::PictureOnStage(const PictureOnStageContext& context)
+    : m_context(context)
+    , m_frmSetupStage(std::make_unique<frmSetupStage>(
+          SetupStageContext{context.calibration, context.host.tn_reg(), context.host.tn_log(),
+                            context.host.tn_micro_proxy(), context.fOcuva, context.report, context.log},
+          &context.window)) {}
+
+PictureOnStage::~PictureOnStage() = default;
+
+Calibration& PictureOnStage::calibration() {
+    if (!std::exchange(m_takenUp, true)) {
+        m_frmSetupStage->takeUpLast();
+    }
+    return m_context.calibration;
+}
+
+void PictureOnStage::openDialog() {
+    calibration();
+    m_frmSetupStage->openModeless();
+}
 
 void PictureOnStage::showPointedPosition(Single x, Single y, const TwipsRect& display) {
     try {
-        const PicturePoint pointed = picturePoint(x, y, display.width, display.height);
-        const StagePoint stage = m_context.calibration.ComputeStagePosition(pointed.XPic, pointed.YPic);
+        const PicturePoint pointed = placeOn(display, x, y);
+        const StagePoint stage = calibration().ComputeStagePosition(pointed.XPic, pointed.YPic);
         showPosition(m_context.sbMain, QString::number(stage.XSt), QString::number(stage.YSt),
                      QString::number(stage.ZSt));
         m_failing = false;
@@ -33,5 +56,16 @@ void PictureOnStage::showPointedPosition(Single x, Single y, const TwipsRect& di
         }
     }
 }
+
+void PictureOnStage::takePoint(Single x, Single y, const TwipsRect& display) {
+    m_frmSetupStage->takePoint(placeOn(display, x, y));
+}
+
+void PictureOnStage::clickPicture(Single x, Single y, const TwipsRect& display) {
+    calibration();
+    m_frmSetupStage->clickPicture(placeOn(display, x, y));
+}
+
+void PictureOnStage::unload() { m_frmSetupStage->unload(); }
 
 } // namespace ocuva

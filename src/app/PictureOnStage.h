@@ -1,32 +1,61 @@
 #pragma once
-// What the main window does with the calibration of picture against stage.
+// What the main window does with the calibration of picture against stage: the dialog that makes it, the
+// position under the mouse, and clicks that are meant for it.
 
 #include "app/StatusBar.h"
 #include "display/MonitorView.h"
-#include "pictures/Calibration.h"
+#include "pictures/frmSetupStage.h"
 
 #include <functional>
+#include <memory>
 
 namespace ocuva {
 
 struct PictureOnStageContext {
     Calibration& calibration;
+    Host& host;
+    StageMover& fOcuva;
     StatusBar& sbMain;
-    std::function<void(const QString&)> log; ///< writes an error to the log, and nothing else
+    QWidget& window;                            ///< owns the dialog
+    std::function<void(const QString&)> report; ///< shows an error and writes it to the log
+    std::function<void(const QString&)> log;    ///< writes an error to the log, and nothing else
 };
 
+/// Places x, y are in twips on the display, which the picture fills. The first operation that needs the
+/// calibration takes up the one that was accepted last.
 class PictureOnStage {
 public:
-    explicit PictureOnStage(const PictureOnStageContext& context)
-        : m_context(context) {}
+    explicit PictureOnStage(const PictureOnStageContext& context);
+    ~PictureOnStage();
 
-    /// Shows the stage position of the place x, y of the picture on the display, in twips, in the position
-    /// panels. Where it cannot be computed they show a dash, and the first failure of a run of them is
-    /// logged: it happens with every move of the mouse.
+    /// The calibration; the one accepted last unless another was computed since the start.
+    Calibration& calibration();
+
+    /// Opens the calibration dialog beside the window.
+    void openDialog();
+
+    /// Shows the stage position of a place of the picture in the position panels. Where it cannot be computed
+    /// they show a dash, and the first failure of a run of them is logged: it happens with every move of the
+    /// mouse.
     void showPointedPosition(Single x, Single y, const TwipsRect& display);
+
+    /// Whether the next click on the image is a point for the dialog, in whatever mode.
+    bool isSelecting() const { return m_frmSetupStage->isSelecting(); }
+    /// Takes the point for the dialog, and nothing else.
+    void takePoint(Single x, Single y, const TwipsRect& display);
+
+    /// The dialog's picture-click operation: takes the point, and asks whether the stage shall go there.
+    void clickPicture(Single x, Single y, const TwipsRect& display);
+
+    /// Closes the dialog.
+    void unload();
+
+    frmSetupStage& dialog() { return *m_frmSetupStage; }
 
 private:
     PictureOnStageContext m_context;
+    std::unique_ptr<frmSetupStage> m_frmSetupStage;
+    bool m_takenUp = false;
     bool m_failing = false;
 };
 

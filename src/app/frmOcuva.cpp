@@ -77,8 +77,9 @@ void frmOcuva::makeControls() {
                          [this](const QString& text) { reportError(text); },
                          [this](const QString& folder) { return chooseStandard(folder); }});
 
-    m_pictureOnStage = std::make_unique<PictureOnStage>(
-        PictureOnStageContext{m_calibration, *sbMain, [this](const QString& text) { logError(text); }});
+    m_pictureOnStage = std::make_unique<PictureOnStage>(PictureOnStageContext{
+        m_calibration, m_context.host, *this, *sbMain, *this,
+        [this](const QString& text) { reportError(text); }, [this](const QString& text) { logError(text); }});
 
     // The window as designed: what stands around the monitor frame, from the frame's edge to the window's.
     const QRect monitor = m_panels->frMonitor->geometry();
@@ -206,6 +207,9 @@ void frmOcuva::run(Command command) {
         case Command::Focus:
             mnuFocus_Click();
             break;
+        case Command::Picture:
+            m_pictureOnStage->openDialog();
+            break;
         case Command::About:
             mnuAbout_Click();
             break;
@@ -279,15 +283,21 @@ void frmOcuva::milDisp_MouseUp(Qt::MouseButton button, int /*shift*/, float x, f
     const QRectF onImage = m_panels->milDisp->rect();
     const QPointF pixels(x / screen().TwipsPerPixelX, y / screen().TwipsPerPixelY);
     // A press that is dragged off the image is one that the operator thought better of.
-    if (button != Qt::LeftButton || m_vgaMouse || !onImage.contains(pixels)) {
+    if (button != Qt::LeftButton || !onImage.contains(pixels)) {
         return;
     }
     guarded([this, x, y] {
         const TwipsRect display = rect(MonitorPart::milDisp);
-        moveToPoint({x,
-                     y,
-                     {toLong(display.width / 2.0), toLong(display.height / 2.0)},
-                     {display.width, display.height}});
+        if (m_vgaMouse) {
+            m_pictureOnStage->clickPicture(x, y, display);
+        } else if (m_pictureOnStage->isSelecting()) {
+            m_pictureOnStage->takePoint(x, y, display);
+        } else {
+            moveToPoint({x,
+                         y,
+                         {toLong(display.width / 2.0), toLong(display.height / 2.0)},
+                         {display.width, display.height}});
+        }
     });
 }
 
@@ -339,6 +349,7 @@ void frmOcuva::exitOperation() {
     tServerCheckIdle->stop();
     tInitTBMain->stop();
     m_standards->unload();
+    m_pictureOnStage->unload();
     Shutdown();
     m_notifier.reset();
     close();

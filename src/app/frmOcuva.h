@@ -95,7 +95,9 @@ public:
     CTnVideoBoard& cxvbBoard() { return *m_board; }
     CTnVideoImage& vimage() { return *m_image; }
     CTnStage& cxsStage() override { return m_stage; }
-    Calibration& calibration() { return m_calibration; }
+    /// The calibration of picture against stage; the one accepted last unless another was computed since.
+    Calibration& calibration() { return m_pictureOnStage->calibration(); }
+    PictureOnStage& pictureOnStage() { return *m_pictureOnStage; }
     Standards& standards() { return *m_standards; }
 
     /// The images that the toolbar chooses from: small and large, plain, under the pointer, disabled.

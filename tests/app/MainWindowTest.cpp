@@ -149,7 +149,7 @@ TEST_F(MainMenuBar, AutofocusDoesNothingAtAllInVgaMode) {
 }
 
 TEST_F(MainMenuBar, CommandsThatAreNotThereYetAreDisabledEverywhere) {
-    for (const char* name : {"mmuOpen", "mnuSaveAs", "Picture", "mnuSetup"}) {
+    for (const char* name : {"mmuOpen", "mnuSaveAs", "mnuSetup"}) {
         EXPECT_FALSE(action(name)->isEnabled()) << name;
     }
     for (const char* key : {"Save", "Setup"}) {
@@ -199,10 +199,11 @@ TEST_F(ClickOnTheImage, WithOtherButtonsOrDraggedOffTheImageMovesNothing) {
     EXPECT_THAT(host.calls, IsEmpty());
 }
 
-TEST_F(ClickOnTheImage, InVgaModeMovesNothing) {
+TEST_F(ClickOnTheImage, InVgaModeMovesNothingByItself) {
     host.settings["TARN|tn_video|VGAMode"] = "1";
     start();
     host.calls.clear();
+    QTimer::singleShot(0, &window(), [] { QApplication::activeModalWidget()->close(); });
     click({50, 50});
     EXPECT_THAT(moves(), IsEmpty());
 }

@@ -1,0 +1,62 @@
+#pragma once
+// The frame of the calibration dialog with one row of boxes and buttons per point.
+
+#include "controls/TextBox.h"
+#include "pictures/CalibrationQuality.h"
+#include "pictures/TypedPoints.h"
+
+#include <QFrame>
+#include <QLabel>
+#include <QPushButton>
+
+#include <optional>
+
+class QGridLayout;
+
+namespace ocuva {
+
+/// FramePoint: shows and forwards, knows nothing of stage or picture. Points are counted from 0 here, and
+/// from 1 in the names of the controls (XI1, ButI1, LabelPtI1).
+class PointRows final : public QFrame {
+    Q_OBJECT
+
+public:
+    explicit PointRows(QWidget* parent);
+
+    struct Row {
+        QLabel* LabelPtI = nullptr;
+        std::array<TextBox*, pointFieldCount> boxes{};
+        QPushButton* ButI = nullptr; ///< picks the point on the image; stays down while it is being selected
+        QPushButton* ButX = nullptr; ///< reads the stage
+        QLabel* LabelOff = nullptr;  ///< the point's residual
+    };
+    const Row& row(std::size_t point) const { return m_rows.at(point); }
+    TextBox* box(std::size_t point, PointField field) const;
+
+    std::array<PointTexts, 3> texts() const;
+    void setPoint(std::size_t point, const PointTexts& texts);
+    void clear();
+
+    /// Which rows can be used at all.
+    void setTwoPoints(bool twoPoints);
+    /// While the stage moves, nothing can be picked or read.
+    void setBusy(bool busy);
+    void showSelected(std::optional<std::size_t> point);
+    void showResiduals(const CalibrationQuality& quality);
+
+Q_SIGNALS:
+    void edited();
+    void pickPressed(int point);
+    void readPressed(int point);
+
+private:
+    void makeHeader(QGridLayout& grid);
+    Row makeRow(QGridLayout& grid, std::size_t point);
+    void enableRows();
+
+    std::array<Row, 3> m_rows;
+    bool m_twoPoints = false;
+    bool m_busy = false;
+};
+
+} // namespace ocuva

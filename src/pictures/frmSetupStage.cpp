@@ -1,0 +1,370 @@
+#include "pictures/frmSetupStage.h"
+
+#include "base/Numbers.h"
+
+#include <QHBoxLayout>
+#include <QHideEvent>
+#include <QMessageBox>
+#include <QScreen>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace ocuva {
+
+namespace {
+
+constexpr const char* selectMessageKey = "TnOcuvaSelect";
+constexpr const char* selectMessageTitle = "Point Selection";
+constexpr int marginPixels = 15;
+constexpr int spacingPixels = 9;
+
+QString positionText(const StagePoint& at) {
+    return QStringLiteral(" X:%1 Y:%2 Z:%3").arg(at.XSt).arg(at.YSt).arg(at.ZSt);
+}
+
+QFrame* makeLine(QWidget* parent) {
+    auto* line = new QFrame(parent);
+    line->setFrameShape(QFrame::HLine);
+    line->setFrameShadow(QFrame::Sunken);
+    return line;
+}
+
+} // namespace
+
+QString moveQuestion(const StagePoint& target) {
+    return QStringLiteral(" Move Stage to") + positionText(target) + QStringLiteral(" ? ");
+}
+
+frmSetupStage::frmSetupStage(const SetupStageContext& context, QWidget* parent)
+    : QDialog(parent)
+    , m_context(context)
+    , m_store(context.reg)
+    , m_wait(context.microProxy) {
+    setObjectName(QStringLiteral("frmSetupStage"));
+    setWindowTitle(tr("Calibrate Picture against Stage"));
+    makeControls();
+    layOut();
+    connectControls();
+    choice_Click();
+}
+
+void frmSetupStage::makeControls() {
+    FramePoint = new PointRows(this);
+    verdict = new CalibrationVerdict(this);
+    optThreePoints = new QRadioButton(tr("3 Points"), this);
+    optTwoPoints = new QRadioButton(tr("2 Points"), this);
+    optThreePoints->setChecked(true);
+    LabelHint = new QLabel(this);
+    LabelHint->setWordWrap(true);
+    LabelHint->setTextFormat(Qt::PlainText);
+    LabelHint->setMinimumHeight(LabelHint->fontMetrics().lineSpacing());
+    const auto button = [this](const QString& caption) {
+        auto* made = new QPushButton(caption, this);
+        made->setAutoDefault(false);
+        return made;
+    };
+    CmdPt = button(tr("Hide Points"));
+    cmdRestore = button(tr("Restore Last"));
+    cmdRestore->setToolTip(tr("Put the points of the calibration that was accepted last into the boxes"));
+    OKPicture = button(tr("OK"));
+    OKPicture->setDefault(true);
+    CancelPicture = button(tr("Cancel"));
+    tMoveWait = new QTimer(this);
+    tMoveWait->setInterval(AxisWait::tickMs);
+    const std::array<std::pair<QObject*, const char*>, 9> names{{{optThreePoints, "optThreePoints"},
+                                                                 {optTwoPoints, "optTwoPoints"},
+                                                                 {LabelHint, "LabelHint"},
+                                                                 {CmdPt, "CmdPt"},
+                                                                 {cmdRestore, "cmdRestore"},
+                                                                 {OKPicture, "OKPicture"},
+                                                                 {CancelPicture, "CancelPicture"},
+                                                                 {verdict, "verdict"},
+                                                                 {tMoveWait, "tMoveWait"}}};
+    for (const auto& [object, name] : names) {
+        object->setObjectName(QString::fromLatin1(name));
+    }
+}
+
+void frmSetupStage::layOut() {
+    auto* choices = new QHBoxLayout;
+    choices->setSpacing(2 * spacingPixels);
+    choices->addWidget(optThreePoints);
+    choices->addWidget(optTwoPoints);
+    choices->addStretch(1);
+    choices->addWidget(CmdPt);
+    auto* buttons = new QHBoxLayout;
+    buttons->setSpacing(spacingPixels);
+    buttons->addWidget(cmdRestore);
+    buttons->addStretch(1);
+    buttons->addWidget(OKPicture);
+    buttons->addWidget(CancelPicture);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(marginPixels, marginPixels, marginPixels, marginPixels);
+    column->setSpacing(spacingPixels);
+    column->addLayout(choices);
+    column->addWidget(FramePoint);
+    column->addWidget(LabelHint);
+    column->addWidget(makeLine(this));
+    column->addWidget(verdict);
+    column->addStretch(1);
+    column->addLayout(buttons);
+}
+
+void frmSetupStage::connectControls() {
+    const auto pointed = [this](void (frmSetupStage::*handler)(std::size_t)) {
+        return [this, handler](int point) {
+            guarded([this, handler, point] { (this->*handler)(static_cast<std::size_t>(point)); });
+        };
+    };
+    connect(FramePoint, &PointRows::edited, this, &frmSetupStage::refreshVerdict);
+    connect(FramePoint, &PointRows::pickPressed, this, pointed(&frmSetupStage::ButI_Click));
+    connect(FramePoint, &PointRows::readPressed, this, pointed(&frmSetupStage::ButX_Click));
+    connect(optTwoPoints, &QRadioButton::toggled, this, &frmSetupStage::choice_Click);
+    connect(CmdPt, &QPushButton::clicked, this, &frmSetupStage::CmdPt_Click);
+    connect(cmdRestore, &QPushButton::clicked, this, &frmSetupStage::cmdRestore_Click);
+    connect(OKPicture, &QPushButton::clicked, this, [this] { guarded([this] { OKPicture_Click(); }); });
+    connect(CancelPicture, &QPushButton::clicked, this, &QDialog::reject);
+    connect(tMoveWait, &QTimer::timeout, this, &frmSetupStage::tMoveWait_Timer);
+}
+
+void frmSetupStage::openModeless() {
+    if (!isVisible()) {
+        fill(m_context.calibration.points);
+        hint(tr("Pick each point on the image, then drive the stage to it and read the position."));
+        placeBesideParent();
+    }
+    show();
+    raise();
+    activateWindow();
+}
+
+void frmSetupStage::placeBesideParent() {
+    const QWidget* parent = parentWidget();
+    if (parent == nullptr || parent->screen() == nullptr) {
+        return;
+    }
+    const QRect free = parent->screen()->availableGeometry();
+    const QRect beside = parent->frameGeometry();
+    const QSize size = sizeHint();
+    if (beside.right() + size.width() <= free.right()) {
+        move(beside.right() + 1, beside.top());
+    } else if (beside.left() - size.width() >= free.left()) {
+        move(beside.left() - size.width(), beside.top());
+    }
+}
+
+void frmSetupStage::fill(const CalibrationPoints& points) {
+    optTwoPoints->setChecked(points.twoPoints);
+    optThreePoints->setChecked(!points.twoPoints);
+    FramePoint->clear();
+    if (points == CalibrationPoints{}) {
+        return; // never calibrated: nothing is honester than a nought
+    }
+    for (std::size_t i = 0; i < points.count(); ++i) {
+        FramePoint->setPoint(i, pointTexts(points.points.at(i)));
+    }
+}
+
+void frmSetupStage::hideEvent(QHideEvent* event) {
+    QDialog::hideEvent(event);
+    if (!event->spontaneous()) {
+        select({});
+    }
+}
+
+void frmSetupStage::unload() {
+    tMoveWait->stop();
+    m_wait.cancel();
+    close();
+}
+
+void frmSetupStage::select(std::optional<std::size_t> point) {
+    m_selected = point;
+    FramePoint->showSelected(point);
+    hint(point ? tr("Click point %1 on the image.").arg(*point + 1) : QString());
+}
+
+void frmSetupStage::ButI_Click(std::size_t point) {
+    if (m_selected == point) { // pressed once more: thought better of
+        select({});
+        return;
+    }
+    m_context.log.TarnMessageBoxVB(selectMessageKey, selectMessageTitle, TARN_BOX_OK);
+    if (isVisible()) { // and not closed meanwhile
+        select(point);
+    }
+}
+
+void frmSetupStage::ButX_Click(std::size_t point) {
+    const CTnStage& stage = m_context.fOcuva.cxsStage();
+    const std::array<std::pair<PointField, Long>, 3> read{
+        {{PointField::XS, stage.X()}, {PointField::YS, stage.Y()}, {PointField::ZS, stage.Z()}}};
+    for (const auto& [field, value] : read) {
+        FramePoint->box(point, field)->setText(QString::number(value));
+    }
+    hint(stage.IsMoving() ? tr("Point %1 was read while the stage was moving. Read it again.").arg(point + 1)
+                          : QString());
+}
+
+void frmSetupStage::CmdPt_Click() {
+    const bool open = FramePoint->isHidden();
+    if (!open) {
+        select({});
+    }
+    FramePoint->setVisible(open);
+    CmdPt->setText(open ? tr("Hide Points") : tr("Show Points"));
+    adjustSize();
+}
+
+void frmSetupStage::choice_Click() {
+    const bool twoPoints = optTwoPoints->isChecked();
+    FramePoint->setTwoPoints(twoPoints);
+    if (twoPoints && m_selected == 2U) {
+        select({});
+    }
+    refreshVerdict();
+}
+
+void frmSetupStage::cmdRestore_Click() {
+    if (const std::optional<CalibrationPoints> last = m_store.load()) {
+        fill(*last);
+        hint(tr("These are the points accepted last. Press OK to use them."));
+    } else {
+        hint(tr("No calibration has been kept yet."));
+    }
+}
+
+void frmSetupStage::refreshVerdict() {
+    try {
+        const CalibrationQuality quality =
+            calibrationQuality(typedPoints(optTwoPoints->isChecked(), FramePoint->texts()));
+        FramePoint->showResiduals(quality);
+        verdict->showQuality(quality);
+    } catch (const PointFieldError& error) {
+        FramePoint->showResiduals({});
+        verdict->showReason(QString::fromStdString(error.what()));
+    }
+}
+
+void frmSetupStage::OKPicture_Click() {
+    CalibrationPoints points;
+    try {
+        points = typedPoints(optTwoPoints->isChecked(), FramePoint->texts());
+    } catch (const PointFieldError& error) {
+        if (FramePoint->isHidden()) {
+            CmdPt_Click();
+        }
+        FramePoint->box(error.point(), error.field())->setFocus();
+        throw;
+    }
+    compute(points);
+    if (!m_store.save(points)) {
+        m_context.note(tr("the calibration is in use, but could not be kept for the next start"));
+    }
+    close();
+}
+
+void frmSetupStage::takeUpLast() {
+    try {
+        if (const std::optional<CalibrationPoints> last = m_store.load()) {
+            compute(*last);
+        }
+    } catch (const std::exception& error) {
+        m_context.note(
+            tr("the calibration kept last cannot be used: %1").arg(QString::fromLocal8Bit(error.what())));
+    }
+}
+
+void frmSetupStage::compute(const CalibrationPoints& points) {
+    Calibration& calibration = m_context.calibration;
+    const CalibrationPoints before = std::exchange(calibration.points, points);
+    try {
+        calibration.ComputePicturePlan();
+    } catch (...) {
+        calibration.points = before;
+        throw;
+    }
+    calibration.ComputeStagePlan();
+}
+
+void frmSetupStage::takePoint(const PicturePoint& at) {
+    if (!m_selected) {
+        return;
+    }
+    const Integer x = toInteger(at.XPic);
+    const Integer y = toInteger(at.YPic);
+    FramePoint->box(*m_selected, PointField::XI)->setText(QString::number(x));
+    FramePoint->box(*m_selected, PointField::YI)->setText(QString::number(y));
+    select({});
+}
+
+void frmSetupStage::clickPicture(const PicturePoint& at) {
+    takePoint(at);
+    const StagePoint target = m_context.calibration.ComputeStagePosition(at.XPic, at.YPic);
+    if (!m_wait.isWaiting() && askToMove(target)) {
+        moveTo(target);
+    }
+}
+
+bool frmSetupStage::askToMove(const StagePoint& target) {
+    QMessageBox box(QMessageBox::Question, tr("Move Stage to Cursor position"), moveQuestion(target),
+                    QMessageBox::Yes | QMessageBox::No, isVisible() ? this : parentWidget());
+    box.setTextFormat(Qt::PlainText);
+    box.setDefaultButton(QMessageBox::No);
+    box.setEscapeButton(QMessageBox::No);
+    if (m_context.calibration.points == CalibrationPoints{}) {
+        box.setInformativeText(tr("There is no calibration yet: this is not the place that you clicked."));
+    }
+    return box.exec() == QMessageBox::Yes;
+}
+
+void frmSetupStage::moveTo(const StagePoint& target) {
+    CTnStage& stage = m_context.fOcuva.cxsStage();
+    stage.X(target.XSt);
+    stage.Y(target.YSt);
+    stage.Z(target.ZSt);
+    m_context.fOcuva.SyncStageMove(axisAll);
+    m_target = target;
+    FramePoint->setBusy(true);
+    hint(tr("The stage moves to%1.").arg(positionText(target)));
+    m_wait.begin();
+    showMoveEnd();
+}
+
+void frmSetupStage::tMoveWait_Timer() {
+    m_wait.tick();
+    showMoveEnd();
+}
+
+void frmSetupStage::showMoveEnd() {
+    if (m_wait.isWaiting()) {
+        tMoveWait->start();
+        return;
+    }
+    tMoveWait->stop();
+    FramePoint->setBusy(false);
+    const CTnStage& stage = m_context.fOcuva.cxsStage();
+    const StagePoint reached{stage.X(), stage.Y(), stage.Z()};
+    if (m_wait.state() == AxisWait::State::Arrived && reached == m_target) {
+        hint(tr("The stage stands at%1.").arg(positionText(reached)));
+        return;
+    }
+    const QString text =
+        m_wait.state() == AxisWait::State::Stalled
+            ? tr("Axis %1 says that it moves and does not get on. The stage is no longer waited for.")
+                  .arg(QChar::fromLatin1("?XYZ"[m_wait.axis()]))
+            : tr("The stage stands at%1, not where it was sent.").arg(positionText(reached));
+    hint(text);
+    m_context.note(text);
+}
+
+void frmSetupStage::guarded(const std::function<void()>& handler) {
+    try {
+        handler();
+    } catch (const std::exception& error) {
+        m_context.report(QString::fromLocal8Bit(error.what()));
+    }
+}
+
+} // namespace ocuva

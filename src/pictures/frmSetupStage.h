@@ -1,0 +1,108 @@
+#pragma once
+// The calibration dialog: ties two or three points of the picture to stage positions.
+
+#include "pictures/Calibration.h"
+#include "pictures/CalibrationStore.h"
+#include "pictures/CalibrationVerdict.h"
+#include "pictures/PicturePoint.h"
+#include "pictures/PointRows.h"
+#include "stage/AxisWait.h"
+#include "stage/StageMover.h"
+
+#include <QDialog>
+#include <QRadioButton>
+#include <QTimer>
+
+#include <functional>
+#include <optional>
+
+namespace ocuva {
+
+/// What the dialog needs; everything outlives it.
+struct SetupStageContext {
+    Calibration& calibration;
+    TnReg& reg;
+    TnLog& log;
+    TnMicroProxy& microProxy;
+    StageMover& fOcuva;
+    std::function<void(const QString&)> report; ///< shows an error that leaves a handler
+    std::function<void(const QString&)> note;   ///< writes a line to the log
+};
+
+class frmSetupStage final : public QDialog {
+    Q_OBJECT
+
+public:
+    frmSetupStage(const SetupStageContext& context, QWidget* parent);
+
+    /// Shows the dialog with the calibration's points, beside its parent where there is room.
+    void openModeless();
+
+    /// Whether the next click on the image is the point that is being selected.
+    bool isSelecting() const { return m_selected.has_value(); }
+
+    /// Takes a clicked place of the picture as the point being selected; nothing happens when there is none.
+    /// Throws ArithmeticError when a coordinate leaves 16 bits.
+    void takePoint(const PicturePoint& at);
+
+    /// The picture-click operation: takes the point being selected, computes the stage position of the place
+    /// and asks whether the stage shall go there. Works whether or not the dialog is shown; while the stage
+    /// is under way to such a place it does not ask. Throws ArithmeticError when there is no such position.
+    void clickPicture(const PicturePoint& at);
+
+    /// Takes up the calibration that was accepted last, in an earlier run or in this one. Does nothing but
+    /// write a log line when it cannot be computed.
+    void takeUpLast();
+
+    /// Closes the dialog; a move is no longer waited for.
+    void unload();
+
+    PointRows* FramePoint = nullptr;
+    CalibrationVerdict* verdict = nullptr;
+    QRadioButton* optThreePoints = nullptr;
+    QRadioButton* optTwoPoints = nullptr;
+    QPushButton* CmdPt = nullptr; ///< closes the point frame, and opens it again
+    QPushButton* cmdRestore = nullptr;
+    QPushButton* OKPicture = nullptr;
+    QPushButton* CancelPicture = nullptr;
+    QLabel* LabelHint = nullptr;
+    QTimer* tMoveWait = nullptr;
+
+protected:
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    void makeControls();
+    void layOut();
+    void connectControls();
+    void placeBesideParent();
+
+    void ButI_Click(std::size_t point);
+    void ButX_Click(std::size_t point);
+    void CmdPt_Click();
+    void choice_Click();
+    void cmdRestore_Click();
+    void OKPicture_Click();
+    void tMoveWait_Timer();
+
+    void guarded(const std::function<void()>& handler);
+    void fill(const CalibrationPoints& points);
+    void select(std::optional<std::size_t> point);
+    void compute(const CalibrationPoints& points);
+    void refreshVerdict();
+    bool askToMove(const StagePoint& target);
+    void moveTo(const StagePoint& target);
+    void showMoveEnd();
+    void hint(const QString& text) { LabelHint->setText(text); }
+
+    SetupStageContext m_context;
+    CalibrationStore m_store;
+    AxisWait m_wait;
+    StagePoint m_target; // of the move that is waited for
+    std::optional<std::size_t> m_selected;
+};
+
+/// The question whether the stage shall go to a position.
+QString moveQuestion(const StagePoint& target);
+
+} // namespace ocuva
