@@ -214,7 +214,7 @@ void frmOcuva::run(Command command) {
             mnuAbout_Click();
             break;
         default:
-            break;
+            m_help.run(command);
         }
     });
 }
@@ -350,6 +350,7 @@ void frmOcuva::exitOperation() {
     tInitTBMain->stop();
     m_standards->unload();
     m_pictureOnStage->unload();
+    m_help.unload();
     Shutdown();
     m_notifier.reset();
     close();
