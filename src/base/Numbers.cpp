@@ -45,6 +45,14 @@ Integer toInteger(double value) {
     return rounded<Integer>(value, "Overflow: the number does not fit into 16 bits");
 }
 
+Single toSingle(double value) {
+    // Written so that NaN fails too.
+    if (!(std::abs(value) <= static_cast<double>(std::numeric_limits<Single>::max()))) {
+        throw ArithmeticError("Overflow: the number does not fit into a 32-bit float");
+    }
+    return static_cast<Single>(value);
+}
+
 Long checkedAdd(Long a, Long b) { return narrowed(std::int64_t{a} + b); }
 Long checkedSubtract(Long a, Long b) { return narrowed(std::int64_t{a} - b); }
 Long checkedNegate(Long a) { return narrowed(-std::int64_t{a}); }

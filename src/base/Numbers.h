@@ -21,6 +21,9 @@ Long toLong(double value);
 /// The same to 16 bits, -32768 to 32767.
 Integer toInteger(double value);
 
+/// The nearest 32-bit float. Throws ArithmeticError for NaN and for values beyond its range.
+Single toSingle(double value);
+
 /// 32-bit sum, difference and change of sign; each throws ArithmeticError where the result leaves 32 bits.
 Long checkedAdd(Long a, Long b);
 Long checkedSubtract(Long a, Long b);

@@ -5,6 +5,26 @@
 
 namespace ocuva {
 
+void TextBox::setDigits(int count) {
+    m_digits = count;
+    setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+    updateGeometry();
+}
+
+QSize TextBox::sizeHint() const {
+    const QSize usual = QLineEdit::sizeHint();
+    if (m_digits == 0) {
+        return usual;
+    }
+    // What the usual hint has round its text, which it takes to be 17 letters wide, stays.
+    constexpr int usualLetters = 17;
+    const QFontMetrics metrics(font());
+    const int aroundText = usual.width() - usualLetters * metrics.horizontalAdvance(u'x');
+    return {aroundText + (m_digits + 1) * metrics.horizontalAdvance(u'0'), usual.height()};
+}
+
+QSize TextBox::minimumSizeHint() const { return m_digits == 0 ? QLineEdit::minimumSizeHint() : sizeHint(); }
+
 void TextBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     m_justFocused = event->reason() == Qt::MouseFocusReason;

@@ -12,11 +12,18 @@ class TextBox final : public QLineEdit {
 public:
     using QLineEdit::QLineEdit;
 
+    /// Makes the box as wide as it takes to show that many digits, rather than as wide as it can be.
+    void setDigits(int count);
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override;
+
 protected:
     void focusInEvent(QFocusEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    int m_digits = 0;           // 0: as wide as any line edit
     bool m_justFocused = false; // the click that gave the focus must not take the selection away again
 };
 

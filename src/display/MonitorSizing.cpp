@@ -66,7 +66,10 @@ void MonitorSizing::sizeFromBuffer(Integer nZoom) {
     m_fields.ImageSizeY = toLong(checkedDivide(m_fields.GrabSizeY, nZoom) * screen.TwipsPerPixelY);
     m_fields.InitImageSizeX = m_fields.ImageSizeX;
     m_fields.InitImageSizeY = m_fields.ImageSizeY;
-    readOverlayLengths(nZoom);
+    const CrossLengths cross = m_settings.readCross();
+    const GridLengths grid = m_settings.readGrid();
+    setCrossLengths(cross);
+    setGridLengths(grid);
 }
 
 void MonitorSizing::readBufferSize(Integer nZoom) {
@@ -85,13 +88,14 @@ void MonitorSizing::readBufferSize(Integer nZoom) {
     }
 }
 
-void MonitorSizing::readOverlayLengths(Integer nZoom) {
-    const CrossLengths cross = m_settings.readCross();
-    const GridLengths grid = m_settings.readGrid();
-    m_fields.CrossSize = toLong(checkedDivide(cross.CrossSize, nZoom));
+void MonitorSizing::setCrossLengths(const CrossLengths& cross) {
+    m_fields.CrossSize = toLong(checkedDivide(cross.CrossSize, m_fields.GrabZoom));
     m_fields.CrossWidth = cross.CrossWidth;
-    m_fields.GridSizeX = toLong(checkedDivide(grid.GridSizeX, nZoom));
-    m_fields.GridSizeY = toLong(checkedDivide(grid.GridSizeY, nZoom));
+}
+
+void MonitorSizing::setGridLengths(const GridLengths& grid) {
+    m_fields.GridSizeX = toLong(checkedDivide(grid.GridSizeX, m_fields.GrabZoom));
+    m_fields.GridSizeY = toLong(checkedDivide(grid.GridSizeY, m_fields.GrabZoom));
     m_fields.GridLineWidth = grid.GridLineWidth;
 }
 

@@ -55,13 +55,17 @@ public:
     void setBusy(bool busy) { m_busy = busy; }
     bool isBusy() const { return m_busy; }
 
+    /// Take over the lengths that a zoom change would read from the settings: screen pixels at 1:1, of which
+    /// the cross size and the grid steps are divided by the present zoom divisor. Nothing is redrawn.
+    void setCrossLengths(const CrossLengths& cross);
+    void setGridLengths(const GridLengths& grid);
+
     const MonitorFields& fields() const { return m_fields; }
 
 private:
     void sizeFromWindow();
     void sizeFromBuffer(Integer nZoom);
     void readBufferSize(Integer nZoom);
-    void readOverlayLengths(Integer nZoom);
     void placeMonitor();
     void fitWindow();
     void placeUpDown();

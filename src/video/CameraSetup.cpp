@@ -65,19 +65,30 @@ void CameraSetup::txtReference_LostFocus(CameraReference reference) {
     }
 }
 
-void CameraSetup::gainChanged() {
+// Held to the ranges, because a slider below 0 would ask for automatic gain.
+Long CameraSetup::chosenGainRange() const {
+    return std::clamp<Long>(m_view->sldGain(), 0, gainRangeCount - 1);
+}
+
+void CameraSetup::showGain() {
     if (m_view == nullptr) {
         return;
     }
     const bool automatic = m_view->chkAutoGain();
-    // Held to the ranges, because a slider below 0 would ask for automatic gain.
-    const Long range = std::clamp<Long>(m_view->sldGain(), 0, gainRangeCount - 1);
+    const Long range = chosenGainRange();
     m_view->showSldGain(!automatic);
     m_view->showLblAutoGain(automatic);
     for (Long index = 0; index < gainRangeCount; ++index) {
         m_view->showLblGainRange(index, !automatic && index == range);
     }
-    Long gain = automatic ? automaticGain : range;
+}
+
+void CameraSetup::gainChanged() {
+    if (m_view == nullptr) {
+        return;
+    }
+    showGain();
+    Long gain = m_view->chkAutoGain() ? automaticGain : chosenGainRange();
     m_video.TarnVideoBoardFunction(TARN_BOARD_FUNCTION_GAIN, &gain);
 }
 

@@ -61,9 +61,12 @@ public:
 
     /// sldGain was moved or chkAutoGain clicked: shows what belongs to the choice and sets the gain.
     void gainChanged();
+    /// Shows what belongs to the choice and leaves the gain alone.
+    void showGain();
 
 private:
     void checkCameraType();
+    Long chosenGainRange() const;
 
     TnVideo& m_video;
     CTnVideoBoard& m_board;

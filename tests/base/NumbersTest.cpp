@@ -34,6 +34,14 @@ TEST(Numbers, RefuseWhatDoesNotFitInsteadOfWrapping) {
     EXPECT_THROW(toInteger(-32769.0), ArithmeticError);
 }
 
+TEST(Numbers, BecomeTheNearest32BitFloatUnlessThereIsNone) {
+    EXPECT_EQ(toSingle(2560.1), 2560.1F);
+    EXPECT_EQ(toSingle(-0.1), -0.1F);
+    EXPECT_THROW(toSingle(1e39), ArithmeticError);
+    EXPECT_THROW(toSingle(-1e39), ArithmeticError);
+    EXPECT_THROW(toSingle(std::nan("")), ArithmeticError);
+}
+
 TEST(Numbers, WholeNumberArithmeticStopsAtTheEndsOf32Bits) {
     constexpr Long low = std::numeric_limits<Long>::min();
     constexpr Long high = std::numeric_limits<Long>::max();
