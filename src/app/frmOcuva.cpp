@@ -6,6 +6,7 @@
 #include "base/Numbers.h"
 #include "base/Product.h"
 #include "display/TwipsGeometry.h"
+#include "setup/frmSetup.h"
 
 #include <QCloseEvent>
 #include <QMessageBox>
@@ -71,7 +72,7 @@ void frmOcuva::makeControls() {
         OverlaysContext{*m_panels, *m_menu, *tbMain, m_sizing.fields(), m_magnification, m_conversion,
                         m_settings, [this] { m_layoutStore.save(tbMain->layoutText()); }});
 
-    chooseStandard = [this](const QString& folder) { return chooseStandardFile(*this, folder); };
+    chooseStandard = [this](const QString& folder) { return chooseStandardFile(*frontWindow(), folder); };
     m_standards = std::make_unique<Standards>(
         StandardsContext{m_context.host.tn_reg(), m_context.host.tn_lib_proxy(), *tbMain, *this, *this,
                          [this](const QString& text) { reportError(text); },
@@ -210,11 +211,14 @@ void frmOcuva::run(Command command) {
         case Command::Picture:
             m_pictureOnStage->openDialog();
             break;
+        case Command::Setup:
+            mnuSetup_Click();
+            break;
         case Command::About:
             mnuAbout_Click();
             break;
         default:
-            m_help.run(command);
+            break;
         }
     });
 }
@@ -348,9 +352,11 @@ void frmOcuva::exitOperation() {
     tStageMove->stop();
     tServerCheckIdle->stop();
     tInitTBMain->stop();
+    if (m_frmSetup) {
+        m_frmSetup->close();
+    }
     m_standards->unload();
     m_pictureOnStage->unload();
-    m_help.unload();
     Shutdown();
     m_notifier.reset();
     close();
@@ -381,7 +387,7 @@ void frmOcuva::logError(const QString& text) {
 void frmOcuva::reportError(const QString& text) {
     logError(text);
     if (isVisible()) {
-        QMessageBox::critical(this, QString::fromLatin1(productTitle), text);
+        QMessageBox::critical(frontWindow(), QString::fromLatin1(productTitle), text);
     }
 }
 

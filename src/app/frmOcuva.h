@@ -2,7 +2,6 @@
 // The main window: the live monitor with its frames, menus, toolbar, status bar and timers. It reads its
 // controls, calls an operation of the logic, and shows the answer.
 
-#include "app/HelpMenu.h"
 #include "app/ImageInformation.h"
 #include "app/MainMenu.h"
 #include "app/MonitorPanels.h"
@@ -20,6 +19,7 @@
 #include "hostlink/Host.h"
 #include "hostlink/modServer.h"
 #include "settings/Settings.h"
+#include "setup/SetupContext.h"
 #include "stage/CTnStage.h"
 #include "stage/StageWatch.h"
 #include "video/CTnVideoBoard.h"
@@ -27,7 +27,6 @@
 #include "video/CameraSetup.h"
 #include "video/Magnification.h"
 
-#include <QCoreApplication>
 #include <QMainWindow>
 #include <QTimer>
 
@@ -37,6 +36,7 @@
 
 namespace ocuva {
 
+class frmSetup;
 class frmSplash;
 
 /// What the main window needs of the world; everything outlives it.
@@ -54,6 +54,7 @@ struct MainWindowContext {
 class frmOcuva final : public QMainWindow,
                        public StageMover,
                        private CameraMainWindow,
+                       private SetupMainWindow,
                        private StageWatchView,
                        private MonitorView,
                        private ServerWindow {
@@ -77,11 +78,11 @@ public:
     void UpdateStagePos() { m_watch.UpdateStagePos(); }
     void ComputeImageSize(bool bInit, Integer nZoom) { m_sizing.ComputeImageSize(bInit, nZoom); }
     void ResizeAll(bool bResizeForm) { m_sizing.ResizeAll(bResizeForm); }
-    void DrawCross(Long centreY, Long centreX) { m_overlays->DrawCross(centreY, centreX); }
+    void DrawCross(Long centreY, Long centreX) override { m_overlays->DrawCross(centreY, centreX); }
     void ShowCross(bool bShow) { m_overlays->ShowCross(bShow); }
-    void DrawGrid(Long centreY, Long centreX) { m_overlays->DrawGrid(centreY, centreX); }
+    void DrawGrid(Long centreY, Long centreX) override { m_overlays->DrawGrid(centreY, centreX); }
     void ShowGrid(bool bShow) { m_overlays->ShowGrid(bShow); }
-    void DrawMicroMarker() { m_overlays->DrawMicroMarker(); }
+    void DrawMicroMarker() override { m_overlays->DrawMicroMarker(); }
     static Integer ComputeNearScaleVal(Integer value) { return nearScaleValue(value); }
     /// Moves the stage so that the clicked point comes to the reference point; lengths in twips.
     void moveToPoint(const ClickOnImage& click);
@@ -93,7 +94,7 @@ public:
     /// Runs a command as its menu item, shortcut or toolbar key does.
     void run(Command command);
 
-    const MonitorFields& fields() const { return m_sizing.fields(); }
+    const MonitorFields& fields() const override { return m_sizing.fields(); }
     CTnVideoBoard& cxvbBoard() { return *m_board; }
     CTnVideoImage& vimage() { return *m_image; }
     CTnStage& cxsStage() override { return m_stage; }
@@ -101,6 +102,8 @@ public:
     Calibration& calibration() { return m_pictureOnStage->calibration(); }
     PictureOnStage& pictureOnStage() { return *m_pictureOnStage; }
     Standards& standards() { return *m_standards; }
+    /// The set-up dialog as it was opened last; null before that.
+    frmSetup* setupDialog() { return m_frmSetup.get(); }
 
     /// The images that the toolbar chooses from: small and large, plain, under the pointer, disabled.
     const ToolbarImageLists imageLists;
@@ -114,7 +117,6 @@ public:
     QTimer* tStageMove = nullptr;
     QTimer* tInitTBMain = nullptr;
 
-    HelpMenu& help() { return m_help; }
     const MainMenu& menu() const { return *m_menu; }
     const MonitorPanels& panels() const { return *m_panels; }
     const Overlays& overlays() const { return *m_overlays; }
@@ -147,6 +149,7 @@ private:
     void mnuZoom_Click();
     void mmuBckl_Click();
     void mnuFocus_Click();
+    void mnuSetup_Click();
     void mnuAbout_Click();
     void Info_Click();
     void exitOperation();
@@ -158,7 +161,8 @@ private:
     void guardedForHost(const std::function<void()>& handler);
     void logError(const QString& text);
     void reportError(const QString& text);
-    void showAcquisition();
+    /// Where a box belongs that answers what the operator just did: over the dialog in use, if there is one.
+    QWidget* frontWindow();
     void showZoom();
     void showInformation();
 
@@ -170,6 +174,12 @@ private:
 
     // CameraMainWindow
     void enableAcq(bool on) override;
+
+    // SetupMainWindow
+    void setCrossLengths(const CrossLengths& cross) override { m_sizing.setCrossLengths(cross); }
+    void setGridLengths(const GridLengths& grid) override { m_sizing.setGridLengths(grid); }
+    void showMagnification(Long magnification) override;
+    void showAcquisition() override;
 
     // MonitorView
     ScreenMetrics screen() const override;
@@ -206,7 +216,6 @@ private:
     std::unique_ptr<Notifier> m_notifier;
     std::optional<modServer> m_server;
     ToolbarLayoutStore m_layoutStore;
-    HelpMenu m_help{*this, manualFolder(QCoreApplication::applicationDirPath())};
 
     QWidget* m_client = nullptr;
     std::unique_ptr<MainMenu> m_menu;
@@ -215,6 +224,8 @@ private:
     std::unique_ptr<Standards> m_standards;
     std::unique_ptr<Overlays> m_overlays;
     std::unique_ptr<PictureOnStage> m_pictureOnStage;
+    SetupMemory m_setupMemory;
+    std::unique_ptr<frmSetup> m_frmSetup;
     ImageInformation* m_information = nullptr;
 
     bool m_normalZoom = false; // the mark of "&Normal (1:1)"; not set at start, where the divisor is 2

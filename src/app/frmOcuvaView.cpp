@@ -3,7 +3,9 @@
 #include "app/HostMessageBox.h"
 #include "app/frmOcuva.h"
 #include "display/TwipsGeometry.h"
+#include "setup/frmSetup.h"
 
+#include <QApplication>
 #include <QEvent>
 
 namespace ocuva {
@@ -91,11 +93,33 @@ void frmOcuva::refreshState() {
     m_information->showMagnification(m_settings.readVideoMag());
 }
 
+void frmOcuva::showMagnification(Long magnification) { m_information->showMagnification(magnification); }
+
 void frmOcuva::showAcquisition() {
     const bool grabbing = m_board != nullptr && m_board->IsGrabbing();
     m_menu->action("mnuAcq")->setChecked(grabbing);
     tbMain->setValue(QStringLiteral("Acq"), grabbing);
     showInformation();
+}
+
+QWidget* frmOcuva::frontWindow() {
+    QWidget* active = QApplication::activeWindow();
+    return active != nullptr ? active : this;
+}
+
+void frmOcuva::mnuSetup_Click() {
+    if (m_frmSetup == nullptr || !m_frmSetup->isVisible()) {
+        // A new one each time: it opens with its first page, and with what stores and host have now.
+        m_frmSetup = std::make_unique<frmSetup>(
+            SetupContext{
+                m_context.host, m_settings, m_magnification, m_conversion, *m_board, *this, *this,
+                m_setupMemory, m_standards->list(), [this] { return m_standards->AddStandard(false); },
+                [this] { m_standards->FillStageMenu(); }, [this](const QString& text) { reportError(text); }},
+            this);
+    }
+    m_frmSetup->show();
+    m_frmSetup->raise();
+    m_frmSetup->activateWindow();
 }
 
 void frmOcuva::showZoom() {

@@ -1,0 +1,31 @@
+#pragma once
+// A lamp beside a button: its colour tells whether the button can be used.
+
+#include "base/Types.h"
+
+#include <QColor>
+#include <QWidget>
+
+namespace ocuva {
+
+class IndicatorShape final : public QWidget {
+    Q_OBJECT
+
+public:
+    using QWidget::QWidget;
+
+    /// Red in the lowest byte, then green, then blue.
+    void setColour(Long colour);
+    QColor colour() const { return m_colour; }
+
+    QSize sizeHint() const override;
+    QSize minimumSizeHint() const override { return sizeHint(); }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
+private:
+    QColor m_colour;
+};
+
+} // namespace ocuva

@@ -1,0 +1,43 @@
+#pragma once
+// The tab "Autofocus": what the host's focus search measures and how it steps.
+
+#include "setup/SetupContext.h"
+#include "setup/SetupPage.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+
+namespace ocuva {
+
+class SetupAutofocusPage final : public SetupPage {
+    Q_OBJECT
+
+public:
+    SetupAutofocusPage(const char* name, const SetupContext& context, QWidget* parent);
+
+    void load() override;
+
+    QGroupBox* frSetupAutoGeneral = nullptr;
+    QCheckBox* chkAutoAll = nullptr;
+    QComboBox* cbAutoPart = nullptr;
+    QCheckBox* chkAutoTransmit = nullptr;
+
+    QGroupBox* frSetupAutoCourse = nullptr;
+    QComboBox* cbCourseType = nullptr;
+    TextBox* txtCourseHalf = nullptr;
+    TextBox* txtCourseNbPoints = nullptr;
+    QCheckBox* chkCourseFix = nullptr;
+
+private:
+    void makeGeneral();
+    void makeCourse();
+    /// Changes one of the three autofocus options and stores them all, the others as they are stored.
+    void change(const std::function<void(AutofocusOptions&)>& edit);
+    void course_LostFocus();
+    void showCourse();
+
+    Settings& m_settings;
+    SetupMemory& m_memory;
+};
+
+} // namespace ocuva

@@ -1,0 +1,53 @@
+#pragma once
+// The tab "Board": which frame grabber there is, and putting it up and down.
+
+#include "setup/IndicatorShape.h"
+#include "setup/SetupCameraPage.h"
+#include "setup/SetupContext.h"
+#include "setup/SetupPage.h"
+#include "video/BoardSetup.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QPushButton>
+
+#include <memory>
+
+namespace ocuva {
+
+class SetupBoardPage final : public SetupPage {
+    Q_OBJECT
+
+public:
+    /// The board's state also decides whether the camera page's types can be chosen.
+    SetupBoardPage(const char* name, const SetupContext& context, SetupCameraPage& cameraPage,
+                   QWidget* parent);
+    ~SetupBoardPage() override;
+
+    void load() override;
+
+    QGroupBox* frSetupBoard = nullptr;
+    QComboBox* cbBoard = nullptr;
+    QCheckBox* VgaCheck = nullptr;
+    QPushButton* cmdInit = nullptr;
+    QPushButton* cmdShut = nullptr;
+    IndicatorShape* shInit = nullptr;
+    IndicatorShape* shShut = nullptr;
+
+Q_SIGNALS:
+    /// The board was put up or down.
+    void boardChanged();
+
+private:
+    class View;
+
+    void makeControls();
+    QPushButton* makeButton(const char* name, const QString& text, const QString& help);
+
+    Settings& m_settings;
+    CTnVideoBoard& m_board;
+    std::unique_ptr<View> m_view;
+    BoardSetup m_setup;
+};
+
+} // namespace ocuva

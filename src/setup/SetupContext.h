@@ -1,0 +1,45 @@
+#pragma once
+// What the pages of the set-up dialog need of the world; everything outlives them.
+
+#include "display/LengthConversion.h"
+#include "hostlink/Host.h"
+#include "settings/Settings.h"
+#include "setup/SetupMainWindow.h"
+#include "standards/StandardList.h"
+#include "video/CTnVideoBoard.h"
+#include "video/CameraSetup.h"
+#include "video/Magnification.h"
+
+#include <QString>
+
+#include <functional>
+
+namespace ocuva {
+
+/// What was chosen in the dialog and can be read from nowhere: kept from one opening to the next, as long as
+/// the program runs.
+struct SetupMemory {
+    int courseType = 1; ///< index of cbCourseType; the parameters that the page shows are the fine ones
+    bool courseIsFixed = false;
+    bool gainIsAutomatic = true; ///< as boards begin
+    Long gainRange = 2;          ///< index of lblGainRange
+};
+
+struct SetupContext {
+    Host& host;
+    Settings& settings;
+    MagnificationStore& magnification;
+    const LengthConversion& conversion;
+    CTnVideoBoard& board;
+    SetupMainWindow& mainWindow;
+    CameraMainWindow& cameraWindow;
+    SetupMemory& memory;
+    StandardList& standards;
+    /// Lets the operator choose a standard and appends it to the list; false when he cancels.
+    std::function<bool()> addStandard;
+    std::function<void()> fillStageMenu;
+    /// The general error report.
+    std::function<void(const QString&)> report;
+};
+
+} // namespace ocuva

@@ -1,0 +1,30 @@
+#pragma once
+// What the set-up dialog changes in the main window.
+
+#include "display/MonitorSizing.h"
+#include "settings/Settings.h"
+
+namespace ocuva {
+
+class SetupMainWindow {
+public:
+    virtual ~SetupMainWindow() = default;
+
+    virtual const MonitorFields& fields() const = 0;
+    /// Screen pixels at 1:1, as stored; nothing is redrawn.
+    virtual void setCrossLengths(const CrossLengths& cross) = 0;
+    virtual void setGridLengths(const GridLengths& grid) = 0;
+
+    /// The centre on the initial image, in twips.
+    virtual void DrawCross(Long centreY, Long centreX) = 0;
+    virtual void DrawGrid(Long centreY, Long centreX) = 0;
+    /// Throws ArithmeticError when there is no field to draw a scale for.
+    virtual void DrawMicroMarker() = 0;
+
+    /// Where the status bar tells it.
+    virtual void showMagnification(Long magnification) = 0;
+    /// Whether the image is live, in menu, toolbar and status bar.
+    virtual void showAcquisition() = 0;
+};
+
+} // namespace ocuva

@@ -1,0 +1,63 @@
+#pragma once
+// The tab "Monitor": grid, cross, and what is shown at the next start.
+
+#include "setup/OverlaySetup.h"
+#include "setup/SetupContext.h"
+#include "setup/SetupPage.h"
+
+#include <QCheckBox>
+#include <QSpinBox>
+
+#include <array>
+
+namespace ocuva {
+
+class SetupMonitorPage final : public SetupPage {
+    Q_OBJECT
+
+public:
+    SetupMonitorPage(const char* name, const SetupContext& context, QWidget* parent);
+
+    void load() override;
+
+    /// The start-up check boxes as they are stored now; the commands of the main window change them too.
+    void showStartup();
+    /// The grid in micrometres, by the present magnification.
+    void showGrid();
+
+    QGroupBox* frSetupGrid = nullptr;
+    TextBox* txtGridWidth = nullptr;
+    TextBox* txtGridHeight = nullptr;
+
+    QGroupBox* frSetupCross = nullptr;
+    QSpinBox* udCrossSize = nullptr;
+    QSpinBox* udCrossThick = nullptr;
+
+    QGroupBox* frSetupMonitorStartup = nullptr;
+    QCheckBox* chkLiveImage = nullptr;
+    QCheckBox* chkFullSize = nullptr;
+    QCheckBox* chkShowCross = nullptr;
+    QCheckBox* chkShowGrid = nullptr;
+    QCheckBox* chkShowLargeButtons = nullptr;
+
+private:
+    struct StartupCheck {
+        QCheckBox* SetupMonitorPage::*box;
+        Long ViewOptions::*flag;
+    };
+    static const std::array<StartupCheck, 5> startupChecks;
+
+    void makeGrid();
+    void makeCross();
+    void makeStartup();
+    QSpinBox* makeUpDown(const char* name, const QString& help, int largest, int step);
+    void showCross();
+    void grid_LostFocus();
+    void cross_Change();
+    void startup_Click(const StartupCheck& check);
+
+    Settings& m_settings;
+    OverlaySetup m_overlays;
+};
+
+} // namespace ocuva

@@ -1,0 +1,64 @@
+#pragma once
+// The tab "Stage": magnification, directions of movement, standards.
+
+#include "setup/MagnificationSetup.h"
+#include "setup/SetupContext.h"
+#include "setup/SetupPage.h"
+
+#include <QPushButton>
+#include <QRadioButton>
+
+#include <array>
+
+namespace ocuva {
+
+class SetupStagePage final : public SetupPage {
+    Q_OBJECT
+
+public:
+    SetupStagePage(const char* name, const SetupContext& context, QWidget* parent);
+
+    void load() override;
+
+    QGroupBox* frMagnification = nullptr;
+    TextBox* txtMag = nullptr;
+    TextBox* txtMagX100 = nullptr;
+    TextBox* txtMagY100 = nullptr;
+
+    QGroupBox* frMovement = nullptr;
+    QGroupBox* frMoveX = nullptr;
+    QGroupBox* frMoveY = nullptr;
+    std::array<QLabel*, 2> lblMoveSymbols{};
+    std::array<QRadioButton*, 2> optMoveX{}; ///< not inverted, inverted
+    std::array<QRadioButton*, 2> optMoveY{};
+
+    QGroupBox* frMoveStandardList = nullptr;
+    QPushButton* cmdStandardSort = nullptr;
+
+Q_SIGNALS:
+    void magnificationChanged();
+    void cmdStandardSort_Click();
+
+private:
+    struct MoveTexts {
+        const char* frame;
+        QString axis;
+        const char* symbolsName;
+        QString symbols;
+        std::array<const char*, 2> optionNames;
+        std::array<QString, 2> options;
+    };
+
+    QGroupBox* makeMove(const MoveTexts& texts, QLabel*& symbols, std::array<QRadioButton*, 2>& options);
+    void makeMagnification();
+    void makeMovement();
+    void makeStandards();
+    void magnification_LostFocus();
+    void showMagnification();
+    void move_Click(Long ViewOptions::*flag, std::size_t index);
+
+    Settings& m_settings;
+    MagnificationSetup m_magnification;
+};
+
+} // namespace ocuva
