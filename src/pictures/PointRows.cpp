@@ -2,6 +2,8 @@
 
 #include <QGridLayout>
 
+#include <algorithm>
+
 namespace ocuva {
 
 namespace {
@@ -15,11 +17,11 @@ struct FieldRow {
     const char* longest; // text that must find room
 };
 constexpr std::array<FieldRow, pointFieldCount> fields{{
-    {PointField::XI, "XI", "X:", QT_TRANSLATE_NOOP("ocuva::PointRows", "Point %1, picture X"), 1, "-000000"},
-    {PointField::YI, "YI", "Y:", QT_TRANSLATE_NOOP("ocuva::PointRows", "Point %1, picture Y"), 2, "-000000"},
-    {PointField::XS, "XS", "X:", QT_TRANSLATE_NOOP("ocuva::PointRows", "Point %1, stage X"), 5, "-00000000"},
-    {PointField::YS, "YS", "Y:", QT_TRANSLATE_NOOP("ocuva::PointRows", "Point %1, stage Y"), 6, "-00000000"},
-    {PointField::ZS, "ZS", "Z:", QT_TRANSLATE_NOOP("ocuva::PointRows", "Point %1, stage Z"), 7, "-00000000"},
+    {PointField::XI, "XI", "X:", QT_TRANSLATE_NOOP("ocuva::PointRows", "Point %1, picture X"), 1, "-00000"},
+    {PointField::YI, "YI", "Y:", QT_TRANSLATE_NOOP("ocuva::PointRows", "Point %1, picture Y"), 2, "-00000"},
+    {PointField::XS, "XS", "X:", QT_TRANSLATE_NOOP("ocuva::PointRows", "Point %1, stage X"), 5, "-0000000"},
+    {PointField::YS, "YS", "Y:", QT_TRANSLATE_NOOP("ocuva::PointRows", "Point %1, stage Y"), 6, "-0000000"},
+    {PointField::ZS, "ZS", "Z:", QT_TRANSLATE_NOOP("ocuva::PointRows", "Point %1, stage Z"), 7, "-0000000"},
 }};
 
 constexpr int headingRow = 0;
@@ -30,6 +32,8 @@ constexpr int gapColumn = 4;
 constexpr int readColumn = 8;
 constexpr int offColumn = 9;
 constexpr int gapPixels = 12;
+constexpr int boxPadding = 16;
+constexpr int buttonPadding = 24;
 
 int roomFor(const QWidget& widget, const char* text) {
     return widget.fontMetrics().horizontalAdvance(QString::fromLatin1(text));
@@ -72,7 +76,7 @@ PointRows::Row PointRows::makeRow(QGridLayout& grid, std::size_t point) {
         box->setObjectName(QString::fromLatin1(field.name) + number);
         box->setAccessibleName(tr(field.accessibleName).arg(number));
         box->setAlignment(Qt::AlignRight);
-        box->setFixedWidth(roomFor(*box, field.longest) + 2 * gapPixels);
+        box->setFixedWidth(roomFor(*box, field.longest) + boxPadding);
         connect(box, &QLineEdit::textChanged, this, &PointRows::edited);
         grid.addWidget(box, gridRow, field.column);
         row.boxes.at(static_cast<std::size_t>(field.field)) = box;
@@ -86,14 +90,20 @@ PointRows::Row PointRows::makeRow(QGridLayout& grid, std::size_t point) {
     row.ButX->setToolTip(tr("Take where the stage stands as point %1").arg(number));
     for (QPushButton* button : {row.ButI, row.ButX}) {
         button->setAutoDefault(false);
+        button->setFixedWidth(button->fontMetrics().horizontalAdvance(button->text()) + buttonPadding);
     }
     row.LabelOff = new QLabel(this);
     row.LabelOff->setObjectName(QStringLiteral("LabelOff") + number);
     row.LabelOff->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    row.LabelOff->setMinimumWidth(roomFor(*row.LabelOff, "00000.0 worst") + gapPixels);
+    row.LabelOff->setMinimumWidth(roomFor(*row.LabelOff, "0000.0 worst") + gapPixels);
     grid.addWidget(row.ButI, gridRow, pickColumn);
     grid.addWidget(row.ButX, gridRow, readColumn);
     grid.addWidget(row.LabelOff, gridRow, offColumn);
+    const std::array<QWidget*, 6> inOrder{row.boxes[1], row.ButI,     row.boxes[2],
+                                          row.boxes[3], row.boxes[4], row.ButX};
+    for (std::size_t i = 1; i < inOrder.size(); ++i) {
+        setTabOrder(inOrder.at(i - 1), inOrder.at(i));
+    }
     const int index = static_cast<int>(point);
     connect(row.ButI, &QPushButton::clicked, this, [this, index] { Q_EMIT pickPressed(index); });
     connect(row.ButX, &QPushButton::clicked, this, [this, index] { Q_EMIT readPressed(index); });
@@ -112,6 +122,17 @@ std::array<PointTexts, 3> PointRows::texts() const {
         }
     }
     return texts;
+}
+
+bool PointRows::hasEmptyBoxes() const {
+    for (std::size_t i = 0; i < m_rows.size(); ++i) {
+        const auto& boxes = m_rows.at(i).boxes;
+        if (isInUse(i) && std::any_of(boxes.begin(), boxes.end(),
+                                      [](const TextBox* box) { return box->text().isEmpty(); })) {
+            return true;
+        }
+    }
+    return false;
 }
 
 void PointRows::setPoint(std::size_t point, const PointTexts& texts) {
@@ -139,7 +160,7 @@ void PointRows::setBusy(bool busy) {
 void PointRows::enableRows() {
     for (std::size_t i = 0; i < m_rows.size(); ++i) {
         const Row& row = m_rows.at(i);
-        const bool inUse = i < 2 || !m_twoPoints;
+        const bool inUse = isInUse(i);
         row.LabelPtI->setEnabled(inUse);
         for (TextBox* box : row.boxes) {
             box->setEnabled(inUse);

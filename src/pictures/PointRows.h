@@ -34,6 +34,8 @@ public:
     TextBox* box(std::size_t point, PointField field) const;
 
     std::array<PointTexts, 3> texts() const;
+    /// Whether a box of a row in use is empty.
+    bool hasEmptyBoxes() const;
     void setPoint(std::size_t point, const PointTexts& texts);
     void clear();
 
@@ -53,6 +55,7 @@ private:
     void makeHeader(QGridLayout& grid);
     Row makeRow(QGridLayout& grid, std::size_t point);
     void enableRows();
+    bool isInUse(std::size_t point) const { return point < 2 || !m_twoPoints; }
 
     std::array<Row, 3> m_rows;
     bool m_twoPoints = false;

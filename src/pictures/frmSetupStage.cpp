@@ -133,6 +133,7 @@ void frmSetupStage::openModeless() {
         fill(m_context.calibration.points);
         hint(tr("Pick each point on the image, then drive the stage to it and read the position."));
         placeBesideParent();
+        FramePoint->row(0).ButI->setFocus();
     }
     show();
     raise();
@@ -145,13 +146,19 @@ void frmSetupStage::placeBesideParent() {
         return;
     }
     const QRect free = parent->screen()->availableGeometry();
-    const QRect beside = parent->frameGeometry();
-    const QSize size = sizeHint();
-    if (beside.right() + size.width() <= free.right()) {
-        move(beside.right() + 1, beside.top());
-    } else if (beside.left() - size.width() >= free.left()) {
-        move(beside.left() - size.width(), beside.top());
+    const QRect window = parent->frameGeometry();
+    const int titleBar = parent->geometry().top() - window.top();
+    const QSize size = sizeHint() + QSize(0, titleBar);
+    for (const QPoint& place :
+         {QPoint(window.right() + 1, window.top()), QPoint(window.left() - size.width(), window.top()),
+          QPoint(window.left(), window.bottom() + 1), QPoint(window.left(), window.top() - size.height())}) {
+        if (free.contains(QRect(place, size))) {
+            move(place);
+            return;
+        }
     }
+    // No room beside it: the corner covers the least of the image.
+    move(free.right() + 1 - size.width(), free.bottom() + 1 - size.height());
 }
 
 void frmSetupStage::fill(const CalibrationPoints& points) {
@@ -236,6 +243,11 @@ void frmSetupStage::cmdRestore_Click() {
 }
 
 void frmSetupStage::refreshVerdict() {
+    if (FramePoint->hasEmptyBoxes()) {
+        FramePoint->showResiduals({});
+        verdict->showReason(tr("Fill in the points to see how good the calibration is."));
+        return;
+    }
     try {
         const CalibrationQuality quality =
             calibrationQuality(typedPoints(optTwoPoints->isChecked(), FramePoint->texts()));

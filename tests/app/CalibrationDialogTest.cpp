@@ -233,7 +233,11 @@ TEST_F(CalibrationDialog, WithoutAPlaneIsAcceptedAndEveryZIsNought) {
 
 TEST_F(CalibrationDialog, JudgesThePointsWhileTheyAreTyped) {
     open();
-    EXPECT_THAT(dialog().verdict->LabelRemarks->text().toStdString(), HasSubstr("Point 1, picture X"));
+    EXPECT_THAT(dialog().verdict->LabelRemarks->text().toStdString(), HasSubstr("Fill in the points"));
+    typeGoodPoints();
+    dialog().FramePoint->box(0, PointField::XI)->setText(QStringLiteral("1x"));
+    EXPECT_EQ(dialog().verdict->LabelRemarks->text().toStdString(),
+              "Point 1, picture X: \"1x\" is not a number");
     typeGoodPoints();
     EXPECT_EQ(dialog().verdict->LabelScale->text().toStdString(),
               "X 640.0, Y 480.0 stage units across the whole picture");
