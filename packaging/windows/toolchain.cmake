@@ -1,0 +1,22 @@
+# Cross compilation for 64-bit Windows with Debian's MinGW-w64; threads are those of winpthreads.
+set(CMAKE_SYSTEM_NAME Windows)
+set(CMAKE_SYSTEM_PROCESSOR x86_64)
+set(triplet x86_64-w64-mingw32)
+set(CMAKE_C_COMPILER ${triplet}-gcc-posix)
+set(CMAKE_CXX_COMPILER ${triplet}-g++-posix)
+set(CMAKE_RC_COMPILER ${triplet}-windres)
+
+# Libraries come from the cache of the toolchain, programs from the machine that compiles.
+list(APPEND CMAKE_FIND_ROOT_PATH /usr/${triplet})
+if(DEFINED ENV{OCUVA_WINDOWS_LIBRARIES})
+    list(PREPEND CMAKE_FIND_ROOT_PATH $ENV{OCUVA_WINDOWS_LIBRARIES})
+    list(PREPEND CMAKE_PREFIX_PATH $ENV{OCUVA_WINDOWS_LIBRARIES})
+endif()
+set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
+set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
+set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
+
+# One program that needs nothing beside it.
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
+set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static")
