@@ -1,7 +1,7 @@
 // The main window as the logic sees it: lengths in twips, colours as numbers, panels by axis.
 
-#include "app/HostMessageBox.h"
 #include "app/frmOcuva.h"
+#include "controls/HostMessageBox.h"
 #include "display/TwipsGeometry.h"
 #include "setup/frmSetup.h"
 

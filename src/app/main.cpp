@@ -1,10 +1,10 @@
 // The composition root: chooses the host that stands behind the seam, and starts the program on it.
 
 #include "app/Appearance.h"
-#include "app/HostMessageBox.h"
 #include "app/RunningCopies.h"
 #include "app/modInter.h"
 #include "base/Product.h"
+#include "controls/HostMessageBox.h"
 #include "hostlink/TracingHost.h"
 #include "simhost/SimulatedHost.h"
 #include "simhost/services/DataFolder.h"

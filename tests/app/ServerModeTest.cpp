@@ -1,4 +1,4 @@
-#include "app/HostMessageBox.h"
+#include "controls/HostMessageBox.h"
 #include "tests/app/WindowRig.h"
 
 #include <QMessageBox>

@@ -36,6 +36,7 @@ struct HostFactory {
 inline void PrintTo(const HostFactory& factory, std::ostream* out) { *out << factory.name; }
 
 std::vector<HostFactory> hostsUnderTest();
+HostFactory libraryHostUnderTest();
 
 /// The fixture of every suite: a new host for each test.
 class HostConformance : public testing::TestWithParam<HostFactory> {

@@ -33,5 +33,5 @@ private:
 } // namespace
 
 std::vector<HostFactory> hostsUnderTest() {
-    return {{"Simulated", [] { return std::make_unique<SimulatedHostUnderTest>(); }}};
+    return {{"Simulated", [] { return std::make_unique<SimulatedHostUnderTest>(); }}, libraryHostUnderTest()};
 }

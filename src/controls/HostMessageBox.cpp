@@ -1,4 +1,4 @@
-#include "app/HostMessageBox.h"
+#include "controls/HostMessageBox.h"
 
 #include <QApplication>
 #include <QMessageBox>

@@ -1,0 +1,34 @@
+#pragma once
+// The one simulated host of a process that loads it as shared libraries. It lives in a library of its own,
+// which the seven host libraries share.
+
+#include "hostlink/Host.h"
+
+#include <utility>
+
+#ifdef _WIN32
+#define SIMHOST_SHARED __declspec(dllexport)
+#else
+#define SIMHOST_SHARED __attribute__((visibility("default")))
+#endif
+#define SIMHOST_EXPORT extern "C" SIMHOST_SHARED
+
+namespace simhost {
+
+/// Made at the first call, on the user's data folder; stays until the process ends. Null when the folder
+/// cannot be had, which standard error tells once.
+SIMHOST_SHARED ocuva::Host* processHost();
+
+/// What the call gives; without a host nothing, which every function takes for its failure.
+template <class Call> auto withHost(const Call& call) {
+    ocuva::Host* host = processHost();
+    using Result = decltype(call(*host));
+    return host != nullptr ? call(*host) : Result();
+}
+
+} // namespace simhost
+
+/// For tests: replaces the host by a new one on that folder, with a virtual clock.
+SIMHOST_EXPORT void SimhostRestart(const char* dataFolder);
+/// For tests: lets the time of that clock pass.
+SIMHOST_EXPORT void SimhostAdvance(double ms);

@@ -1,0 +1,58 @@
+#include "controls/HostMessageBox.h"
+#include "simhost/SimulatedHost.h"
+#include "simhost/libraries/ProcessHost.h"
+
+#include <cstdio>
+#include <exception>
+#include <memory>
+
+namespace simhost {
+
+namespace {
+
+struct ProcessWide {
+    std::shared_ptr<VirtualClock> clock; // null: real time
+    std::unique_ptr<SimulatedHost> host;
+    bool failed = false;
+
+    void start(SimulatedHostOptions options) {
+        try {
+            host = std::make_unique<SimulatedHost>(std::move(options));
+        } catch (const std::exception& error) {
+            std::fprintf(stderr, "%s\n", error.what());
+            failed = true;
+        }
+    }
+};
+
+// Never destroyed: threads of the board must not be waited for while the system takes libraries down.
+ProcessWide& processWide() {
+    static auto* const wide = new ProcessWide;
+    return *wide;
+}
+
+} // namespace
+
+ocuva::Host* processHost() {
+    ProcessWide& wide = processWide();
+    if (!wide.host && !wide.failed) {
+        SimulatedHostOptions options;
+        options.showMessage = ocuva::showHostMessageBox;
+        wide.start(std::move(options));
+    }
+    return wide.host.get();
+}
+
+} // namespace simhost
+
+void SimhostRestart(const char* dataFolder) {
+    simhost::ProcessWide& wide = simhost::processWide();
+    wide.host.reset();
+    wide.clock = std::make_shared<simhost::VirtualClock>();
+    simhost::SimulatedHostOptions options;
+    options.dataFolder = dataFolder;
+    options.clock = wide.clock;
+    wide.start(std::move(options));
+}
+
+void SimhostAdvance(double ms) { simhost::processWide().clock->advance(ms); }

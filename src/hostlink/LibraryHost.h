@@ -1,0 +1,61 @@
+#pragma once
+// The real host: its shared libraries, loaded while the program runs.
+
+#include "hostlink/Host.h"
+
+#include <array>
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <stdexcept>
+
+namespace ocuva {
+
+/// Why the libraries cannot be used: one sentence for the operator that names the library, or the function
+/// that it lacks.
+class LibraryHostError : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// Loads tn_reg, tn_log, tn_ocuva, tn_lib_proxy, tn_micro_proxy, tn_video and tn_vduti, each with the
+/// system's suffix
+/// (".dll", ".so"), and finds every function of tarn_abi.h in them before the first one is called.
+///
+/// A library may misbehave: texts are taken through buffers of our own with room behind them and cut to what
+/// the caller asked for, whatever length the library claims, and so is the description of a buffer.
+/// Everything else passes unchanged. Used from the user-interface thread.
+class LibraryHost final : public Host {
+public:
+    using MakeNotifier = std::function<std::unique_ptr<Notifier>()>;
+
+    /// Files of the seven libraries, without folder and suffix.
+    static constexpr std::array<const char*, 7> names{
+        "tn_reg", "tn_log", "tn_ocuva", "tn_lib_proxy", "tn_micro_proxy", "tn_video", "tn_vduti"};
+
+    /// Whether all seven files are in the folder.
+    static bool allIn(const std::filesystem::path& folder);
+
+    /// Loads the libraries from the folder; with an empty one from where the system looks for libraries.
+    /// Throws LibraryHostError, and has nothing loaded then. createNotifier makes the notifiers, which no
+    /// library exports.
+    LibraryHost(const std::filesystem::path& folder, MakeNotifier createNotifier);
+    ~LibraryHost() override;
+
+    TnReg& tn_reg() override;
+    TnLog& tn_log() override;
+    TnLogKeys& Tn_log() override;
+    TnOcuva& tn_ocuva() override;
+    TnLibProxy& tn_lib_proxy() override;
+    TnMicroProxy& tn_micro_proxy() override;
+    TnVideo& tn_video() override;
+    TnVduti& tn_vduti() override;
+    std::unique_ptr<Notifier> createNotifier() override;
+
+private:
+    struct Libraries;
+    std::unique_ptr<Libraries> m_libraries;
+    MakeNotifier m_createNotifier;
+};
+
+} // namespace ocuva

@@ -1,0 +1,12 @@
+/* A video library with a longer record than ours, and numbers of no sense in it. */
+#define TarnVideoGetBufferDesc honest_buffer_desc
+#include "../../../examples/minimal-host/tn_video.c"
+#undef TarnVideoGetBufferDesc
+
+#include <string.h>
+
+HOST_FUNCTION TarnLong TARN_CALL TarnVideoGetBufferDesc(TarnLong handle, TarnBufferDesc* descriptor) {
+    (void)handle;
+    memset(descriptor, 0x5a, sizeof *descriptor + 100);
+    return 1;
+}
