@@ -19,6 +19,9 @@ namespace simhost {
 /// cannot be had, which standard error tells once.
 SIMHOST_SHARED ocuva::Host* processHost();
 
+/// The window that live video goes to from now on.
+SIMHOST_SHARED void showLiveVideoIn(ocuva::Long windowHandle);
+
 /// What the call gives; without a host nothing, which every function takes for its failure.
 template <class Call> auto withHost(const Call& call) {
     ocuva::Host* host = processHost();

@@ -1,6 +1,7 @@
 #include "controls/HostMessageBox.h"
 #include "simhost/SimulatedHost.h"
 #include "simhost/libraries/ProcessHost.h"
+#include "simhost/libraries/WindowPainter.h"
 
 #include <cstdio>
 #include <exception>
@@ -14,6 +15,9 @@ struct ProcessWide {
     std::shared_ptr<VirtualClock> clock; // null: real time
     std::unique_ptr<SimulatedHost> host;
     bool failed = false;
+    ocuva::DisplayWindows windows;
+    ocuva::Long shownIn = 0;
+    std::unique_ptr<WindowPainter> painter;
 
     void start(SimulatedHostOptions options) {
         try {
@@ -38,9 +42,24 @@ ocuva::Host* processHost() {
     if (!wide.host && !wide.failed) {
         SimulatedHostOptions options;
         options.showMessage = ocuva::showHostMessageBox;
+        options.windows = &wide.windows;
         wide.start(std::move(options));
     }
     return wide.host.get();
+}
+
+void showLiveVideoIn(ocuva::Long windowHandle) {
+    ProcessWide& wide = processWide();
+    if (windowHandle == wide.shownIn) {
+        return;
+    }
+    if (wide.painter) {
+        wide.windows.detach(wide.shownIn);
+        wide.painter.reset();
+    }
+    wide.painter = std::make_unique<WindowPainter>(windowHandle);
+    wide.shownIn = windowHandle;
+    wide.windows.attach(windowHandle, *wide.painter);
 }
 
 } // namespace simhost

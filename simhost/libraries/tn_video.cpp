@@ -28,6 +28,9 @@ SIMHOST_EXPORT TarnLong TARN_CALL TarnVideoGetCurrentBoardType(void) {
 }
 
 SIMHOST_EXPORT TarnLong TARN_CALL TarnVideoBoardFunction(TarnLong functionCode, void* data) {
+    if (functionCode == TARN_BOARD_FUNCTION_DISPLAY && data != nullptr) {
+        simhost::showLiveVideoIn(static_cast<TarnDisplayRequest*>(data)->windowHandle);
+    }
     return simhost::withHost(
         [&](ocuva::Host& host) { return host.tn_video().TarnVideoBoardFunction(functionCode, data); });
 }

@@ -37,7 +37,7 @@ void ImageInformation::show(const ImageState& state) {
     }
     m_state = state;
     m_greyLevels.clear();
-    if (!m_state.grabbing) {
+    if (!m_state.grabbing || m_display.isDrawnByHost()) {
         m_tLiveCheck.stop();
     } else if (!m_tLiveCheck.isActive() && !m_watch.hasStopped()) {
         m_tLiveCheck.start(static_cast<int>(LiveWatch::patienceMs));

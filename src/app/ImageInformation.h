@@ -20,6 +20,7 @@ struct ImageState {
     bool operator==(const ImageState&) const = default;
 };
 
+/// Where the host draws the picture itself, no frame is seen here: "Live" then says only that a grab runs.
 class ImageInformation final : public QObject {
     Q_OBJECT
 

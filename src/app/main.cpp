@@ -1,12 +1,15 @@
 // The composition root: chooses the host that stands behind the seam, and starts the program on it.
 
 #include "app/Appearance.h"
+#include "app/HostChoice.h"
 #include "app/RunningCopies.h"
 #include "app/modInter.h"
 #include "base/Product.h"
 #include "controls/HostMessageBox.h"
+#include "hostlink/LibraryHost.h"
 #include "hostlink/TracingHost.h"
 #include "simhost/SimulatedHost.h"
+#include "simhost/bus/MessageBus.h"
 #include "simhost/services/DataFolder.h"
 
 #include <QApplication>
@@ -14,6 +17,8 @@
 
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -22,7 +27,7 @@ namespace {
 using namespace ocuva;
 
 constexpr int exitNoDisplay = 2;
-constexpr int exitNoDataFolder = 3;
+constexpr int exitNoHost = 3;
 
 std::string commandLineText(int argc, char** argv) {
     std::string text;
@@ -54,15 +59,57 @@ void refuseToStart(const std::string& reason, bool serverMode) {
     }
 }
 
-int runOn(Host& host, DisplayWindows& windows, const std::string& commandLine, const QString& scope,
-          int minuteMs) {
+/// What the program needs to know of the host that it was given.
+struct ChosenHost {
+    std::unique_ptr<Host> host;
+    QString title;
+    QString scope; ///< copies of the program with the same one are copies of each other
+    int minuteMs = modServer::idleTickMs;
+};
+
+std::optional<std::string> environment(const char* name) {
+    const char* value = std::getenv(name);
+    return value != nullptr ? std::optional<std::string>(value) : std::nullopt;
+}
+
+ChosenHost simulatedHost(DisplayWindows& windows) {
+    simhost::SimulatedHostOptions options;
+    options.windows = &windows;
+    options.showMessage = showHostMessageBox;
+    auto host = std::make_unique<simhost::SimulatedHost>(std::move(options));
+    const QString scope = QString::fromStdString(host->dataFolder().string());
+    // A world that runs faster puts a sleeping server to its end sooner, so that a trainee need not wait.
+    const int minuteMs = qRound(host->clock().wallMs(modServer::idleTickMs));
+    return {std::move(host),
+            QCoreApplication::translate("main", "%1 (simulated instrument)")
+                .arg(QString::fromLatin1(productTitle)),
+            scope, minuteMs};
+}
+
+/// The host's own notifier is a component that its libraries do not export; ours takes its place, between the
+/// copies of one user.
+ChosenHost libraryHost(const std::filesystem::path& folder) {
+    const std::filesystem::path meeting = simhost::DataFolder::locate();
+    std::filesystem::create_directories(meeting);
+    auto bus = std::make_shared<simhost::MessageBus>(meeting, [](const std::string& /*line*/) {});
+    return {std::make_unique<LibraryHost>(folder, [bus] { return bus->createNotifier(); }),
+            QString::fromLatin1(productTitle), QString::fromStdString(meeting.string())};
+}
+
+ChosenHost chosenHost(std::optional<DisplayWindows>& windows) {
+    const std::string programFolder = QCoreApplication::applicationDirPath().toStdString();
+    const HostChoice choice = chooseHost(
+        {environment("OCUVA_HOST"), environment("OCUVA_HOST_LIBRARIES"), programFolder, LibraryHost::allIn});
+    windows.emplace(choice.library ? DisplayWindows::Painter::host : DisplayWindows::Painter::program);
+    return choice.library ? libraryHost(choice.folder) : simulatedHost(*windows);
+}
+
+int runOn(Host& host, DisplayWindows& windows, const std::string& commandLine, const ChosenHost& chosen) {
     NoAutomation automation;
     std::optional<RunningCopies> copies;
-    const auto anotherCopyIsRunning = [&copies, &scope] { return copies.emplace(scope).anotherWasRunning(); };
-    modInter inter({host, windows, automation, commandLine, anotherCopyIsRunning,
-                    QCoreApplication::translate("main", "%1 (simulated instrument)")
-                        .arg(QString::fromLatin1(productTitle)),
-                    [] { QCoreApplication::exit(EXIT_SUCCESS); }, minuteMs});
+    const auto anotherCopyIsRunning = [&] { return copies.emplace(chosen.scope).anotherWasRunning(); };
+    modInter inter({host, windows, automation, commandLine, anotherCopyIsRunning, chosen.title,
+                    [] { QCoreApplication::exit(EXIT_SUCCESS); }, chosen.minuteMs});
     return inter.Main() ? QApplication::exec() : EXIT_SUCCESS;
 }
 
@@ -81,28 +128,21 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     setAppearance(application);
 
-    DisplayWindows windows;
-    std::optional<simhost::SimulatedHost> simulatedHost;
+    std::optional<DisplayWindows> windows;
+    ChosenHost chosen;
     try {
-        simhost::SimulatedHostOptions options;
-        options.windows = &windows;
-        options.showMessage = showHostMessageBox;
-        simulatedHost.emplace(std::move(options));
+        chosen = chosenHost(windows);
     } catch (const std::exception& error) {
         ProcessFlags flags;
         scanCommandLine(commandLine, flags);
         refuseToStart(error.what(), flags.serverMode);
-        return exitNoDataFolder;
+        return exitNoHost;
     }
-    const QString scope = QString::fromStdString(simulatedHost->dataFolder().string());
-
-    // A world that runs faster puts a sleeping server to its end sooner, so that a trainee need not wait.
-    const int minuteMs = qRound(simulatedHost->clock().wallMs(modServer::idleTickMs));
 
     const QString traceFile = qEnvironmentVariable("OCUVA_TRACE");
     if (traceFile.isEmpty()) {
-        return runOn(*simulatedHost, windows, commandLine, scope, minuteMs);
+        return runOn(*chosen.host, *windows, commandLine, chosen);
     }
-    TracingHost tracingHost(*simulatedHost, traceFile.toStdU16String());
-    return runOn(tracingHost, windows, commandLine, scope, minuteMs);
+    TracingHost tracingHost(*chosen.host, traceFile.toStdU16String());
+    return runOn(tracingHost, *windows, commandLine, chosen);
 }

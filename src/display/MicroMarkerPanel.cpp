@@ -1,5 +1,6 @@
 #include "display/MicroMarkerPanel.h"
 
+#include <QBitmap>
 #include <QEvent>
 #include <QPainter>
 #include <QPainterPath>
@@ -60,6 +61,10 @@ QPixmap OutlinedLabel::drawText() const {
     return pixmap;
 }
 
+QRegion OutlinedLabel::inked() const {
+    return QBitmap::fromImage(drawText().toImage().scaled(size()).createAlphaMask());
+}
+
 void OutlinedLabel::paintEvent(QPaintEvent* /*event*/) {
     if (m_drawnText != text() || m_drawn.devicePixelRatio() != devicePixelRatioF() ||
         m_drawn.deviceIndependentSize().toSize() != size()) {
@@ -97,6 +102,9 @@ void MicroMarkerPanel::place(QSize display, double barPixels, const QString& tex
     // Over the middle of the bar, but never cut off at the left. Its text begins with a space.
     const int centred = (left + right - label.width()) / 2;
     lbMicroMarker->setGeometry(QRect(QPoint(std::max(centred, 0), top - labelGap - label.height()), label));
+    if (isWindowOfItsOwn()) {
+        cutDownTo(m_figure.core + m_figure.outline + lbMicroMarker->inked().translated(lbMicroMarker->pos()));
+    }
     update();
 }
 

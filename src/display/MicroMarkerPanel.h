@@ -19,6 +19,8 @@ public:
 
     /// Room for the text with its outline.
     QSize sizeHint() const override;
+    /// The pixels of the label that text and outline cover.
+    QRegion inked() const;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -52,7 +54,7 @@ public:
     /// The bar, then the ticks at its left and right end. The points lie on the lines' middle.
     const std::array<Line, 3>& LineMicroMarker() const { return m_lines; }
 
-    QLabel* const lbMicroMarker;
+    OutlinedLabel* const lbMicroMarker;
 
 protected:
     void paintEvent(QPaintEvent* event) override;

@@ -18,6 +18,7 @@ MilDisplay::MilDisplay(DisplayWindows& windows, QWidget* parent)
     setAttribute(Qt::WA_OpaquePaintEvent);
     setAttribute(Qt::WA_DontCreateNativeAncestors);
     setAttribute(Qt::WA_NativeWindow);
+    setAttribute(Qt::WA_PaintOnScreen, isDrawnByHost());
     setMouseTracking(true);
     setCursor(Qt::CrossCursor);
     setAccessibleName(tr("Live image"));
@@ -37,6 +38,9 @@ void MilDisplay::takeFrame() {
 }
 
 void MilDisplay::paintEvent(QPaintEvent* /*event*/) {
+    if (isDrawnByHost()) {
+        return;
+    }
     QPainter painter(this);
     if (m_frame == nullptr) {
         painter.fillRect(rect(), Qt::black);

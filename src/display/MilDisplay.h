@@ -18,6 +18,10 @@ public:
     MilDisplay(DisplayWindows& windows, QWidget* parent);
     ~MilDisplay() override;
 
+    /// Whether the host draws the picture, and this control only lends its window.
+    bool isDrawnByHost() const { return m_windows.painter() == DisplayWindows::Painter::host; }
+    QPaintEngine* paintEngine() const override { return isDrawnByHost() ? nullptr : QWidget::paintEngine(); }
+
     /// The window handle as it crosses the seam.
     Long hWnd() const { return m_hWnd; }
 

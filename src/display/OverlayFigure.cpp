@@ -1,6 +1,7 @@
 #include "display/OverlayFigure.h"
 
 #include <QPainter>
+#include <QWindow>
 
 #include <utility>
 
@@ -29,6 +30,18 @@ OverlayWidget::OverlayWidget(QWidget* display)
     : QWidget(display) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
+    if (display->testAttribute(Qt::WA_PaintOnScreen)) {
+        // Only a window of its own stays above what somebody else draws into the window below.
+        setAttribute(Qt::WA_DontCreateNativeAncestors);
+        setAttribute(Qt::WA_NativeWindow);
+        windowHandle()->setFlag(Qt::WindowTransparentForInput);
+    }
+}
+
+void OverlayWidget::cutDownTo(const QRegion& pixels) {
+    if (isWindowOfItsOwn()) {
+        setMask(pixels);
+    }
 }
 
 void FigureRegions::paint(QPainter& painter, const OverlayWidget& colours) const {
@@ -66,6 +79,7 @@ void BarFrame::place(const QRect& bar, const FigureRegions& figure) {
               figure.outline.intersected(part).translated(-part.topLeft())};
     m_drawn = {};
     setGeometry(part);
+    cutDownTo(m_part.core + m_part.outline);
     update();
 }
 

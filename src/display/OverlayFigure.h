@@ -27,6 +27,14 @@ class OverlayWidget : public QWidget {
 public:
     explicit OverlayWidget(QWidget* display);
 
+    /// Whether the control has a window of its own, because the host draws the picture.
+    bool isWindowOfItsOwn() const { return testAttribute(Qt::WA_NativeWindow); }
+
+    /// Cuts a control that has a window of its own down to these pixels, which leaves the host's picture free
+    /// around them. Where the program draws the picture itself nothing is cut: what is transparent is so
+    /// anyway.
+    void cutDownTo(const QRegion& pixels);
+
     QColor coreColour = Qt::white;
     QColor outlineColour = Qt::black;
 };

@@ -38,6 +38,16 @@ public:
 /// The table from handle to sink. Attach and detach on the user-interface thread; deliver from any.
 class DisplayWindows {
 public:
+    enum class Painter {
+        program, ///< frames come to the sinks, and the program draws them
+        host     ///< the host draws into the window itself; the program sees no frames
+    };
+
+    explicit DisplayWindows(Painter whoPaints = Painter::program)
+        : m_painter(whoPaints) {}
+
+    Painter painter() const { return m_painter; }
+
     void attach(Long windowHandle, FrameSink& sink);
     void detach(Long windowHandle);
 
@@ -49,6 +59,7 @@ public:
     double devicePixelRatio(Long windowHandle) const;
 
 private:
+    const Painter m_painter;
     mutable std::mutex m_mutex;
     std::map<Long, FrameSink*> m_sinks;
 };

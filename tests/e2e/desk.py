@@ -166,6 +166,10 @@ class Desk:
             raise Failure(f"'{' '.join(command)}' failed")
         return output
 
+    def set_environment(self, name, value):
+        """For every program that is started from now on."""
+        self._env[name] = str(value)
+
     def write(self, name, text):
         """Puts a file into the desk's folder, whole at once, as an editor does."""
         aside = self.folder / (name + ".new")
