@@ -250,10 +250,11 @@ class Desk:
         self._do("import", "-window", "root", "-crop", whole.as_crop(), "+repage", "-strip", "+dither", "-colors", "250",
                  "-define", "png:compression-level=9", f"png8:{path}")
 
-    def mean(self, area, channel):
-        """Mean of a channel ("r", "g", "b") of what is seen in an area of the screen, 0 to 1."""
-        return float(self._do("import", "-window", "root", "-crop", area.as_crop(),
-                              "-format", f"%[fx:mean.{channel}]", "info:"))
+    def reddest(self, area):
+        """How much more red than green the reddest pixel in an area of the screen is: 1 pure red, 0 or less not red."""
+        now = self.folder / "now.png"
+        self.snap(area, now)
+        return float(self._do("convert", str(now), "-fx", "u.r-u.g", "-format", "%[fx:maxima]", "info:"))
 
     def contrast(self, area):
         """Standard deviation of what is seen in an area of the screen, 0 (one colour) to 1."""
