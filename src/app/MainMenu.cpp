@@ -19,7 +19,7 @@ struct Row {
 };
 
 // An item belongs to the menu above it.
-constexpr std::array<Row, 20> rows{{
+constexpr std::array<Row, 26> rows{{
     {Kind::Menu, "mnuFile", QT_TRANSLATE_NOOP("MainMenu", "&File"), "", Command::None},
     {Kind::Item, "mmuOpen", QT_TRANSLATE_NOOP("MainMenu", "&Open"), "Ctrl+O", Command::Open},
     {Kind::Item, "mnuSaveAs", QT_TRANSLATE_NOOP("MainMenu", "&Save As..."), "Ctrl+S", Command::SaveAs},
@@ -40,10 +40,17 @@ constexpr std::array<Row, 20> rows{{
     {Kind::Item, "Picture", QT_TRANSLATE_NOOP("MainMenu", "&Picture"), "F3", Command::Picture},
     {Kind::BarItem, "mnuSetup", QT_TRANSLATE_NOOP("MainMenu", "Se&tup..."), "", Command::Setup},
     {Kind::BarItem, "mnuAbout", QT_TRANSLATE_NOOP("MainMenu", "&About..."), "", Command::About},
+    {Kind::Menu, "mnuHelp", QT_TRANSLATE_NOOP("MainMenu", "&Help"), "", Command::None},
+    {Kind::Item, "mnuManual", QT_TRANSLATE_NOOP("MainMenu", "&Manual"), "F1", Command::Manual},
+    {Kind::Item, "mnuKeys", QT_TRANSLATE_NOOP("MainMenu", "&Keys"), "", Command::Keys},
+    {Kind::Item, "mnuWhatsThis", QT_TRANSLATE_NOOP("MainMenu", "&What's This?"), "Shift+F1",
+     Command::WhatsThis},
+    {Kind::Separator, "mnuHelpSep", "", "", Command::None},
+    {Kind::Item, "mnuPackReport", QT_TRANSLATE_NOOP("MainMenu", "&Pack Report..."), "", Command::PackReport},
 }};
 
 // Commands whose windows or functions are not part of this version yet.
-constexpr std::array unavailable{Command::Open, Command::SaveAs};
+constexpr std::array unavailable{Command::Open, Command::SaveAs, Command::PackReport};
 
 QAction* addItem(QMenuBar& bar, QMenu* menu, Kind kind, const QString& caption) {
     if (menu == nullptr || kind == Kind::BarItem) {
@@ -75,6 +82,23 @@ MainMenu::MainMenu(QMenuBar& bar, const std::function<void(Command)>& run) {
         QObject::connect(action, &QAction::triggered, &bar, [run, command = row.command] { run(command); });
         m_actions[row.name] = action;
     }
+}
+
+std::vector<KeyRow> MainMenu::keys() {
+    const auto plain = [](const char* caption) {
+        return QCoreApplication::translate("MainMenu", caption).remove(u'&').remove(QStringLiteral("..."));
+    };
+    std::vector<KeyRow> keys;
+    QString menu;
+    for (const Row& row : rows) {
+        if (row.kind == Kind::Menu) {
+            menu = plain(row.caption);
+        } else if (*row.shortcut != '\0') {
+            const QKeySequence key(QString::fromLatin1(row.shortcut));
+            keys.push_back({key.toString(QKeySequence::NativeText), plain(row.caption), menu});
+        }
+    }
+    return keys;
 }
 
 QAction* MainMenu::action(std::string_view name) const { return m_actions.at(name); }

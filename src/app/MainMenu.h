@@ -1,6 +1,8 @@
 #pragma once
 // The menu bar of the main window as one table: caption, shortcut, command.
 
+#include "app/help/ManualText.h"
+
 #include <QAction>
 #include <QMenuBar>
 
@@ -8,6 +10,7 @@
 #include <functional>
 #include <map>
 #include <string_view>
+#include <vector>
 
 namespace ocuva {
 
@@ -29,6 +32,10 @@ enum class Command {
     Picture,
     Setup,
     About,
+    Manual,
+    Keys,
+    WhatsThis,
+    PackReport,
 };
 
 /// Actions by their names; the two items of the zoom array are "mnuZoom0" and "mnuZoom1".
@@ -39,6 +46,8 @@ public:
     QAction* action(std::string_view name) const;
     /// Whether the command can be run in this version of the program, wherever it is reached from.
     static bool isAvailable(Command command);
+    /// The commands that have a key, in the order of the menus.
+    static std::vector<KeyRow> keys();
 
 private:
     std::map<std::string_view, QAction*> m_actions;

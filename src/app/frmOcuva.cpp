@@ -218,7 +218,7 @@ void frmOcuva::run(Command command) {
             mnuAbout_Click();
             break;
         default:
-            break;
+            m_help.run(command);
         }
     });
 }
@@ -357,6 +357,7 @@ void frmOcuva::exitOperation() {
     }
     m_standards->unload();
     m_pictureOnStage->unload();
+    m_help.unload();
     Shutdown();
     m_notifier.reset();
     close();

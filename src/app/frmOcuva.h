@@ -2,6 +2,7 @@
 // The main window: the live monitor with its frames, menus, toolbar, status bar and timers. It reads its
 // controls, calls an operation of the logic, and shows the answer.
 
+#include "app/HelpMenu.h"
 #include "app/ImageInformation.h"
 #include "app/MainMenu.h"
 #include "app/MonitorPanels.h"
@@ -27,6 +28,7 @@
 #include "video/CameraSetup.h"
 #include "video/Magnification.h"
 
+#include <QCoreApplication>
 #include <QMainWindow>
 #include <QTimer>
 
@@ -117,6 +119,7 @@ public:
     QTimer* tStageMove = nullptr;
     QTimer* tInitTBMain = nullptr;
 
+    HelpMenu& help() { return m_help; }
     const MainMenu& menu() const { return *m_menu; }
     const MonitorPanels& panels() const { return *m_panels; }
     const Overlays& overlays() const { return *m_overlays; }
@@ -216,6 +219,7 @@ private:
     std::unique_ptr<Notifier> m_notifier;
     std::optional<modServer> m_server;
     ToolbarLayoutStore m_layoutStore;
+    HelpMenu m_help{*this, manualFolder(QCoreApplication::applicationDirPath())};
 
     QWidget* m_client = nullptr;
     std::unique_ptr<MainMenu> m_menu;

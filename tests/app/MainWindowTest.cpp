@@ -42,14 +42,26 @@ using MonitorGeometry = MainWindow;
 
 TEST_F(MainMenuBar, HasEveryEntryWithItsCaptionAndShortcut) {
     const std::tuple<const char*, const char*, const char*> entries[]{
-        {"mmuOpen", "&Open", "Ctrl+O"},         {"mnuSaveAs", "&Save As...", "Ctrl+S"},
-        {"mnuExit", "&Exit", "Ctrl+Q"},         {"mnuAcq", "&Live", "F7"},
-        {"mnuZoom0", "&Normal (1:1)", ""},      {"mnuZoom1", "&Zoom out (1:2)", ""},
-        {"mnuCross", "&Cross", "F9"},           {"mnuGrid", "&Grid", "F5"},
-        {"mnuMicroMarker", "&MicroMarker", ""}, {"mnuMove", "&Move...", "F8"},
-        {"mmuBckl", "&Backlash", "F6"},         {"mnuStandard", "&Standard", ""},
-        {"mnuFocus", "&Autofocus", "F4"},       {"Picture", "&Picture", "F3"},
-        {"mnuSetup", "Se&tup...", ""},          {"mnuAbout", "&About...", ""},
+        {"mmuOpen", "&Open", "Ctrl+O"},
+        {"mnuSaveAs", "&Save As...", "Ctrl+S"},
+        {"mnuExit", "&Exit", "Ctrl+Q"},
+        {"mnuAcq", "&Live", "F7"},
+        {"mnuZoom0", "&Normal (1:1)", ""},
+        {"mnuZoom1", "&Zoom out (1:2)", ""},
+        {"mnuCross", "&Cross", "F9"},
+        {"mnuGrid", "&Grid", "F5"},
+        {"mnuMicroMarker", "&MicroMarker", ""},
+        {"mnuMove", "&Move...", "F8"},
+        {"mmuBckl", "&Backlash", "F6"},
+        {"mnuStandard", "&Standard", ""},
+        {"mnuFocus", "&Autofocus", "F4"},
+        {"Picture", "&Picture", "F3"},
+        {"mnuSetup", "Se&tup...", ""},
+        {"mnuAbout", "&About...", ""},
+        {"mnuManual", "&Manual", "F1"},
+        {"mnuKeys", "&Keys", ""},
+        {"mnuWhatsThis", "&What's This?", "Shift+F1"},
+        {"mnuPackReport", "&Pack Report...", ""},
     };
     for (const auto& [name, caption, shortcut] : entries) {
         EXPECT_EQ(action(name)->text().toStdString(), caption);
@@ -60,7 +72,7 @@ TEST_F(MainMenuBar, HasEveryEntryWithItsCaptionAndShortcut) {
     for (const QAction* entry : window().menuBar()->actions()) {
         titles << entry->text();
     }
-    EXPECT_EQ(titles.join(u'|').toStdString(), "&File|&View|&Stage|Se&tup...|&About...");
+    EXPECT_EQ(titles.join(u'|').toStdString(), "&File|&View|&Stage|Se&tup...|&About...|&Help");
 }
 
 TEST_F(MainMenuBar, TheStandardItemAndTheStandardButtonDoNothing) {

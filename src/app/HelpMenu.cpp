@@ -1,0 +1,53 @@
+#include "app/HelpMenu.h"
+
+#include "app/help/WhatsThis.h"
+
+#include <QWhatsThis>
+
+#include <utility>
+
+namespace ocuva {
+
+HelpMenu::HelpMenu(QWidget& window, QDir manual)
+    : m_window(window)
+    , m_manual(std::move(manual)) {}
+
+void HelpMenu::run(Command command) {
+    switch (command) {
+    case Command::Manual:
+        openManual();
+        break;
+    case Command::Keys:
+        openManual();
+        m_manualWindow->showChapter(keysTitle());
+        break;
+    case Command::WhatsThis:
+        explain();
+        break;
+    default:
+        break;
+    }
+}
+
+void HelpMenu::openManual() {
+    if (m_manualWindow == nullptr) {
+        m_manualWindow = std::make_unique<HelpWindow>(m_manual, MainMenu::keys());
+    }
+    m_manualWindow->show();
+    m_manualWindow->raise();
+    m_manualWindow->activateWindow();
+}
+
+void HelpMenu::explain() {
+    // Buttons of a toolbar that was rearranged are new.
+    explainControls(m_window);
+    QWhatsThis::enterWhatsThisMode();
+}
+
+void HelpMenu::unload() {
+    if (m_manualWindow != nullptr) {
+        m_manualWindow->close();
+    }
+}
+
+} // namespace ocuva

@@ -1,0 +1,38 @@
+#pragma once
+// What the commands of the Help menu do.
+
+#include "app/MainMenu.h"
+#include "app/help/HelpWindow.h"
+
+#include <QDir>
+#include <QWidget>
+
+#include <memory>
+
+namespace ocuva {
+
+class HelpMenu {
+public:
+    /// `window` is the one whose controls are explained; it outlives this. The manual is looked for in the
+    /// folder given.
+    explicit HelpMenu(QWidget& window, QDir manual);
+
+    /// Commands of other menus do nothing here.
+    void run(Command command);
+
+    /// Closes what was opened.
+    void unload();
+
+    /// Null until the manual was opened once.
+    HelpWindow* manualWindow() const { return m_manualWindow.get(); }
+
+private:
+    void openManual();
+    void explain();
+
+    QWidget& m_window;
+    QDir m_manual;
+    std::unique_ptr<HelpWindow> m_manualWindow;
+};
+
+} // namespace ocuva

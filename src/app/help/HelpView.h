@@ -1,0 +1,63 @@
+#pragma once
+// Shows a Markdown text for reading: styled for the palette, pictures as wide as there is room, with its
+// headings and a search.
+
+#include "app/help/HelpPictures.h"
+
+#include <QDir>
+#include <QString>
+#include <QTextBrowser>
+
+#include <vector>
+
+namespace ocuva {
+
+struct Heading {
+    int level; ///< 1 is a chapter
+    QString text;
+    int position; ///< in the text, in characters
+};
+
+class HelpView : public QTextBrowser {
+    Q_OBJECT
+
+public:
+    explicit HelpView(QWidget* parent = nullptr);
+
+    /// Pictures are looked for relative to the folder. One that is missing shows its description.
+    void showText(const QString& markdown, const QDir& folder);
+
+    std::vector<Heading> headings() const;
+    /// Brings the heading at that position to the top.
+    void scrollToPosition(int position);
+    /// The index of the heading whose text stands at the top of the view; -1 above the first.
+    int headingAtTop() const;
+
+    /// Marks every place where the text stands, in any letter case, and shows the first from where the view
+    /// is. Returns how many there are; an empty text marks nothing.
+    int search(const QString& text);
+    /// Shows the next or the one before, round the ends.
+    void step(bool forward);
+    /// Which of the places is shown, from 0; -1 for none.
+    int shownPlace() const { return m_shown; }
+    int places() const { return static_cast<int>(m_places.size()); }
+
+protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void render();
+    void fitLines();
+    void mark();
+    void follow(const QUrl& link);
+
+    QString m_markdown;
+    HelpPictures m_pictures;
+    QTextDocument* m_text = nullptr; // the one that is shown
+    std::vector<Heading> m_headings;
+    std::vector<QTextCursor> m_places;
+    int m_shown = -1;
+};
+
+} // namespace ocuva

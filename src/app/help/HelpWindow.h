@@ -1,0 +1,51 @@
+#pragma once
+// The manual in a window of its own: contents on the left, the text on the right, a search above.
+
+#include "app/help/HelpView.h"
+#include "app/help/ManualText.h"
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QToolButton>
+#include <QTreeWidget>
+#include <QWidget>
+
+#include <vector>
+
+namespace ocuva {
+
+/// Modeless and without a parent, so that it can lie beside the main window or behind it. It remembers its
+/// size for the user.
+class HelpWindow : public QWidget {
+    Q_OBJECT
+
+public:
+    HelpWindow(const QDir& manual, const std::vector<KeyRow>& keys);
+
+    /// Brings the chapter with that title to the top; without such a chapter the text stays.
+    void showChapter(const QString& title);
+
+    HelpView* const view;
+    QTreeWidget* const contents;
+    QLineEdit* const txtSearch;
+    QLabel* const lblFound;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    QWidget* makeSearchRow();
+    QToolButton* makeStep(Qt::ArrowType arrow, const QString& name, bool forward);
+    void makeKeys();
+    void fillContents();
+    void followView();
+    void search();
+    void step(bool forward);
+    void showFound();
+    void escape();
+
+    std::vector<QTreeWidgetItem*>
+        m_items; // one for each heading of the view, in its order; none for deep ones
+};
+
+} // namespace ocuva
