@@ -73,6 +73,13 @@ public:
     /// ArithmeticError when a result leaves 32 bits.
     StagePoint ComputeStagePosition(Single XPic, Single YPic) const;
 
+    /// Takes points and plans of another calibration, all or, when computing them failed before, none.
+    void assign(const Calibration& other) {
+        points = other.points;
+        m_picturePlan = other.m_picturePlan;
+        m_stagePlan = other.m_stagePlan;
+    }
+
     const PicturePlan& picturePlan() const { return m_picturePlan; }
     const StagePlan& stagePlan() const { return m_stagePlan; }
 

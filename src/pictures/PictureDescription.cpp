@@ -1,5 +1,8 @@
 #include "pictures/PictureDescription.h"
 
+#include "base/AsideFile.h"
+
+#include <cerrno>
 #include <charconv>
 #include <fstream>
 #include <iterator>
@@ -104,15 +107,16 @@ private:
     int m_number = 0;
 };
 
-std::filesystem::path asPath(const std::string& name) { return {name}; }
-
 } // namespace
 
-std::string descriptionName(const std::string& pictureName) {
-    if (pictureName.size() < extensionLength) {
+std::filesystem::path descriptionName(const std::filesystem::path& pictureName) {
+    const std::filesystem::path::string_type& name = pictureName.native();
+    if (name.size() < extensionLength) {
         return {};
     }
-    return pictureName.substr(0, pictureName.size() - extensionLength) + "pic";
+    std::filesystem::path result(name.substr(0, name.size() - extensionLength));
+    result += "pic";
+    return result;
 }
 
 std::string descriptionText(const CalibrationPoints& points) {
@@ -171,45 +175,45 @@ CalibrationPoints parseDescription(std::string_view text) {
     return points;
 }
 
-void writeDescription(const std::string& pictureName, const CalibrationPoints& points) {
+void writeDescriptionFile(const std::filesystem::path& name, const CalibrationPoints& points) {
+    errno = 0;
+    std::ofstream file(name, std::ios::binary | std::ios::trunc);
+    file << descriptionText(points);
+    file.close();
+    if (!file) {
+        const std::string why = errno != 0 ? ": " + std::generic_category().message(errno) : "";
+        throw PictureDescriptionError("The picture description " + name.string() + " could not be written" +
+                                      why);
+    }
+}
+
+void writeDescription(const std::filesystem::path& pictureName, const CalibrationPoints& points) {
     if (pictureName.empty()) {
         return;
     }
-    const std::string name = descriptionName(pictureName);
+    const std::filesystem::path name = descriptionName(pictureName);
     if (name.empty()) {
-        throw PictureDescriptionError("\"" + pictureName + "\" has no extension that could be replaced");
+        throw PictureDescriptionError("\"" + pictureName.string() +
+                                      "\" has no extension that could be replaced");
     }
-    const std::filesystem::path aside = asPath(name + ".aside");
-    {
-        std::ofstream file(aside, std::ios::binary | std::ios::trunc);
-        file << descriptionText(points);
-        file.close();
-        if (!file) {
-            std::error_code ignored;
-            std::filesystem::remove(aside, ignored);
-            throw PictureDescriptionError("The picture description " + name + " could not be written");
-        }
-    }
-    std::error_code error;
-    std::filesystem::rename(aside, asPath(name), error);
-    if (error) {
-        std::error_code ignored;
-        std::filesystem::remove(aside, ignored);
-        throw PictureDescriptionError("The picture description " + name +
+    AsideFile aside(name);
+    writeDescriptionFile(aside.path(), points);
+    if (const std::error_code error = aside.moveIntoPlace()) {
+        throw PictureDescriptionError("The picture description " + name.string() +
                                       " could not be written: " + error.message());
     }
 }
 
-CalibrationPoints readDescription(const std::string& pictureName) {
-    const std::string name = descriptionName(pictureName);
+CalibrationPoints readDescription(const std::filesystem::path& pictureName) {
+    const std::filesystem::path name = descriptionName(pictureName);
     std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(asPath(name), error);
-    std::ifstream file(asPath(name), std::ios::binary);
+    const std::uintmax_t size = std::filesystem::file_size(name, error);
+    std::ifstream file(name, std::ios::binary);
     if (name.empty() || error || !file) {
-        throw PictureDescriptionError("The picture description " + name + " could not be opened");
+        throw PictureDescriptionError("The picture description " + name.string() + " could not be opened");
     }
     if (size > largestFile) {
-        throw PictureDescriptionError(name + " is too large for a picture description");
+        throw PictureDescriptionError(name.string() + " is too large for a picture description");
     }
     const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
     return parseDescription(text);

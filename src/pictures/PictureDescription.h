@@ -18,7 +18,7 @@ public:
 
 /// Name of the description: the picture's with its last three characters replaced by "pic". Empty for a name
 /// shorter than that.
-std::string descriptionName(const std::string& pictureName);
+std::filesystem::path descriptionName(const std::filesystem::path& pictureName);
 
 /// The file's text: strings in double quotes, numbers in decimal, #TRUE# or #FALSE#, items of a line
 /// separated by commas, lines ended by CR LF. 12 lines for two points, 14 for three.
@@ -28,11 +28,14 @@ std::string descriptionText(const CalibrationPoints& points);
 /// that the lines do not allow is refused with the number of the line.
 CalibrationPoints parseDescription(std::string_view text);
 
+/// Writes the text of a description under that very name.
+void writeDescriptionFile(const std::filesystem::path& name, const CalibrationPoints& points);
+
 /// Writes the description of a picture aside and renames it, so that no half-written one ever stands there.
 /// An empty picture name writes nothing.
-void writeDescription(const std::string& pictureName, const CalibrationPoints& points);
+void writeDescription(const std::filesystem::path& pictureName, const CalibrationPoints& points);
 
 /// Reads the description of a picture.
-CalibrationPoints readDescription(const std::string& pictureName);
+CalibrationPoints readDescription(const std::filesystem::path& pictureName);
 
 } // namespace ocuva

@@ -1,0 +1,48 @@
+#pragma once
+// A picture with what is known about it beside its pixels.
+
+#include <QDateTime>
+#include <QImage>
+#include <QString>
+
+#include <stdexcept>
+#include <vector>
+
+namespace ocuva {
+
+/// How finely the picture samples the field. 0: not known, and then nobody is told a scale.
+struct PictureScale {
+    double pixelsPerCmX = 0.0;
+    double pixelsPerCmY = 0.0;
+
+    bool isKnown() const { return pixelsPerCmX > 0.0 && pixelsPerCmY > 0.0; }
+};
+
+/// One further fact, such as "stageX" and "1250". The key is letters and digits, the value one line without
+/// control characters.
+struct PictureNote {
+    QString key;
+    QString value;
+
+    bool operator==(const PictureNote&) const = default;
+};
+
+struct Picture {
+    QImage image; ///< Format_Grayscale8 or Format_RGB888, as files hold them; others are converted when saved
+    PictureScale scale;
+    std::vector<PictureNote> notes;
+    QDateTime taken; ///< local time; invalid when not known
+};
+
+/// Pictures beyond these sizes are neither written nor read.
+inline constexpr int largestSide = 32767;
+inline constexpr qint64 mostPixels = 100'000'000;
+
+/// Why a picture could not be saved or opened: a sentence in the platform's 8-bit text that names the file.
+class PictureFileError : public std::runtime_error {
+public:
+    explicit PictureFileError(const QString& sentence)
+        : std::runtime_error(sentence.toLocal8Bit().toStdString()) {}
+};
+
+} // namespace ocuva

@@ -1,0 +1,120 @@
+#include "pictures/PictureFile.h"
+
+#include "base/AsideFile.h"
+#include "pictures/BmpFile.h"
+#include "pictures/PictureDescription.h"
+#include "pictures/TiffFile.h"
+
+#include <QFileInfo>
+
+#include <array>
+#include <fstream>
+
+namespace ocuva {
+
+namespace {
+
+using Writer = void (*)(const std::filesystem::path&, const Picture&);
+using Reader = Picture (*)(const std::filesystem::path&);
+
+struct ByExtension {
+    QLatin1StringView extension;
+    Writer write;
+};
+constexpr std::array<ByExtension, 3> writers{{
+    {QLatin1StringView("tif"), writeTiff},
+    {QLatin1StringView("tiff"), writeTiff},
+    {QLatin1StringView("bmp"), writeBmp},
+}};
+
+struct ByFirstBytes {
+    const char* bytes;
+    Reader read;
+};
+constexpr std::array<ByFirstBytes, 3> readers{{{"II", readTiff}, {"MM", readTiff}, {"BM", readBmp}}};
+
+QString nameOf(const std::filesystem::path& name) { return QString::fromStdU16String(name.u16string()); }
+
+[[noreturn]] void fail(const std::filesystem::path& name, const QString& reason) {
+    throw PictureFileError(QStringLiteral("\"%1\" could not be saved: %2").arg(nameOf(name), reason));
+}
+
+QString text(const std::exception& error) { return QString::fromLocal8Bit(error.what()); }
+QString text(const std::error_code& error) { return QString::fromLocal8Bit(error.message()); }
+
+Writer writerFor(const std::filesystem::path& name) {
+    const QString extension = QFileInfo(nameOf(name)).suffix();
+    for (const ByExtension& row : writers) {
+        if (extension.compare(row.extension, Qt::CaseInsensitive) == 0) {
+            return row.write;
+        }
+    }
+    fail(name, QStringLiteral("its name must end in .tif or .bmp"));
+}
+
+void checkTarget(const std::filesystem::path& name, const QImage& image) {
+    std::error_code error;
+    if (std::filesystem::is_directory(name, error)) {
+        fail(name, QStringLiteral("it is a folder"));
+    }
+    if (!std::filesystem::is_directory(std::filesystem::absolute(name).parent_path(), error)) {
+        fail(name, QStringLiteral("there is no such folder"));
+    }
+    if (image.isNull() || image.width() > largestSide || image.height() > largestSide ||
+        qint64{image.width()} * image.height() > mostPixels) {
+        fail(name, QStringLiteral("it has %1 x %2 pixels").arg(image.width()).arg(image.height()));
+    }
+}
+
+[[noreturn]] void leaveWithoutDescription(const std::filesystem::path& description, const QString& reason) {
+    std::error_code ignored;
+    if (!std::filesystem::is_directory(description, ignored)) {
+        // It would give the stage positions of another picture for this one.
+        std::filesystem::remove(description, ignored);
+    }
+    throw DescriptionNotSaved(QStringLiteral("The picture is saved, but its description \"%1\" is not: %2")
+                                  .arg(nameOf(description), reason));
+}
+
+} // namespace
+
+void savePicture(const std::filesystem::path& name, const Picture& picture, const CalibrationPoints& points) {
+    const Writer write = writerFor(name);
+    checkTarget(name, picture.image);
+    AsideFile file(name);
+    AsideFile description(descriptionName(name));
+    try {
+        write(file.path(), picture);
+        writeDescriptionFile(description.path(), points);
+    } catch (const std::exception& error) {
+        fail(name, text(error));
+    }
+    if (const std::error_code error = file.moveIntoPlace()) {
+        fail(name, text(error));
+    }
+    if (const std::error_code error = description.moveIntoPlace()) {
+        leaveWithoutDescription(description.target(), text(error));
+    }
+}
+
+Picture openPicture(const std::filesystem::path& name) {
+    std::error_code error;
+    std::ifstream file(name, std::ios::binary);
+    if (std::filesystem::is_directory(name, error) || !file) {
+        throw PictureFileError(QStringLiteral("\"%1\" could not be opened: %2")
+                                   .arg(nameOf(name), std::filesystem::exists(name, error)
+                                                          ? QStringLiteral("it cannot be read")
+                                                          : QStringLiteral("there is no such file")));
+    }
+    std::array<char, 3> first{};
+    file.read(first.data(), 2);
+    for (const ByFirstBytes& row : readers) {
+        if (QLatin1StringView(row.bytes) == QLatin1StringView(first.data())) {
+            return row.read(name);
+        }
+    }
+    throw PictureFileError(
+        QStringLiteral("\"%1\" could not be opened: it is neither a TIFF nor a BMP").arg(nameOf(name)));
+}
+
+} // namespace ocuva

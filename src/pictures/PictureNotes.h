@@ -1,0 +1,37 @@
+#pragma once
+// What a TIFF's image description says, in the form that ImageJ writes and that its users' tools understand:
+// a first line "ImageJ=version", then lines KEY=VALUE.
+
+#include "pictures/Picture.h"
+#include "video/Magnification.h"
+
+#include <QByteArray>
+#include <QSize>
+
+namespace ocuva {
+
+/// The scale of a picture that shows the whole field: factor * 100 / magnification stage units (micrometres)
+/// in each direction. Not known when magnification or a factor is not above 0.
+PictureScale fieldScale(const Magnification& magnification, QSize pixels);
+
+/// The notes that every picture of the camera carries: where the stage stood (stage units), the magnification
+/// and, where it is known, the field in micrometres.
+struct StageStand {
+    Long x = 0;
+    Long y = 0;
+    Long z = 0;
+};
+std::vector<PictureNote> cameraNotes(const StageStand& stage, const Magnification& magnification);
+
+/// The image description: with a known scale it has "unit=um", which turns a resolution in centimetres into
+/// micrometres per pixel (10000 / pixels per centimetre). ASCII; other characters become "?".
+QByteArray imageDescription(const Picture& picture);
+
+/// What such a description says besides scale and version. Empty for a description of any other kind.
+struct ReadNotes {
+    bool inMicrometres = false;
+    std::vector<PictureNote> notes;
+};
+ReadNotes readImageDescription(const QByteArray& text);
+
+} // namespace ocuva
