@@ -16,6 +16,11 @@ GroupFrame::GroupFrame(const QString& objectName, const QString& caption, QWidge
     setObjectName(objectName);
 }
 
+void GroupFrame::setCaption(const QString& caption) {
+    m_caption = caption;
+    update();
+}
+
 QColor GroupFrame::paletteColour() const { return palette().color(QPalette::Window); }
 
 QColor GroupFrame::fillColour() const { return m_ownColour.isValid() ? m_ownColour : paletteColour(); }

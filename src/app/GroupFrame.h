@@ -17,6 +17,9 @@ public:
 
     GroupFrame(const QString& objectName, const QString& caption, QWidget* parent);
 
+    void setCaption(const QString& caption);
+    const QString& caption() const { return m_caption; }
+
     /// The colour the frame is filled with: its own, or else the palette's.
     QColor fillColour() const;
     /// Gives the frame a colour of its own; the palette's colour takes it away again.

@@ -11,6 +11,7 @@ namespace {
 const QColor lampLive(38, 166, 91);
 const QColor lampStill(140, 140, 140);
 const QColor lampStopped(224, 60, 49);
+const QColor lampStored(52, 120, 214);
 
 } // namespace
 
@@ -36,7 +37,7 @@ void ImageInformation::show(const ImageState& state) {
         grabChanged();
     }
     m_state = state;
-    m_greyLevels.clear();
+    m_note.clear();
     if (!m_state.grabbing || m_display.isDrawnByHost()) {
         m_tLiveCheck.stop();
     } else if (!m_tLiveCheck.isActive() && !m_watch.hasStopped()) {
@@ -72,12 +73,16 @@ void ImageInformation::checkLive() {
         m_tLiveCheck.start(static_cast<int>(againMs));
         return;
     }
-    m_greyLevels.clear();
+    m_note.clear();
     showText();
 }
 
 void ImageInformation::showGreyLevels(double mean, double standardDeviation) {
-    m_greyLevels = tr("mean %1, sd %2").arg(mean, 0, 'f', 1).arg(standardDeviation, 0, 'f', 1);
+    showNote(tr("mean %1, sd %2").arg(mean, 0, 'f', 1).arg(standardDeviation, 0, 'f', 1));
+}
+
+void ImageInformation::showNote(const QString& note) {
+    m_note = note;
     showText();
 }
 
@@ -94,19 +99,39 @@ QString ImageInformation::liveText() const {
     return rate > 0.0 ? tr("Live %1 frames/s").arg(rate, 0, 'f', 1) : tr("Live");
 }
 
+void ImageInformation::showStoredText() {
+    const QString what = tr("Picture %1").arg(m_state.storedPicture);
+    const QString calibration = m_state.calibrated ? tr("calibrated") : tr("no calibration");
+    // Neither the zoom nor the magnification says anything about it.
+    m_panel.setLamp(lampStored);
+    m_panel.setText((m_note.isEmpty() ? QStringList{what, calibration} : QStringList{tr("Picture"), m_note})
+                        .join(QStringLiteral("   ")));
+    QStringList all{tr("Stored picture %1").arg(m_state.storedPicture),
+                    m_state.calibrated ? tr("Point at it to read stage positions")
+                                       : tr("No calibration: no stage positions"),
+                    tr("Live (F7) brings the live image back")};
+    if (!m_note.isEmpty()) {
+        all << m_note;
+    }
+    m_panel.setToolTip(all.join(u'\n'));
+}
+
 void ImageInformation::showText() {
+    if (!m_state.storedPicture.isEmpty()) {
+        showStoredText();
+        return;
+    }
     const QString live = liveText();
     const QString zoom = tr("1:%1").arg(m_state.zoomDivisor);
     const QString magnification = tr("%1x").arg(m_magnification);
-    // Grey levels take the place of the rest, which they would otherwise push out of sight.
-    const QStringList shown = m_greyLevels.isEmpty()
-                                  ? QStringList{live, zoom, magnification}
-                                  : QStringList{m_state.grabbing ? tr("Live") : live, m_greyLevels};
+    // A note takes the place of the rest, which would otherwise push it out of sight.
+    const QStringList shown = m_note.isEmpty() ? QStringList{live, zoom, magnification}
+                                               : QStringList{m_state.grabbing ? tr("Live") : live, m_note};
     const bool stopped = m_state.grabbing && m_watch.hasStopped();
     m_panel.setLamp(stopped ? lampStopped : m_state.grabbing ? lampLive : lampStill);
     m_panel.setText(shown.join(QStringLiteral("   ")));
     QStringList all{live, tr("Zoom %1").arg(zoom), tr("Magnification %1").arg(magnification)};
-    all << (m_greyLevels.isEmpty() ? tr("Click to measure the grey levels") : m_greyLevels);
+    all << (m_note.isEmpty() ? tr("Click to measure the grey levels") : m_note);
     m_panel.setToolTip(all.join(u'\n'));
 }
 

@@ -16,6 +16,8 @@ namespace ocuva {
 struct ImageState {
     bool grabbing = false;
     Integer zoomDivisor = 2;
+    QString storedPicture;   ///< its bare name; empty while the camera's image is shown
+    bool calibrated = false; ///< whether the stored picture can be turned into stage positions
 
     bool operator==(const ImageState&) const = default;
 };
@@ -28,19 +30,22 @@ public:
     /// Both outlive it.
     ImageInformation(StatusPanel& panel, const MilDisplay& display, QObject* parent);
 
-    /// Every call is a change of state: it takes measured grey levels off the panel.
+    /// Every call is a change of state: it takes a note off the panel.
     void show(const ImageState& state);
     /// The same, with the magnification as it has just been read.
     void showMagnification(Long magnification);
     void frameShown();
     /// Shows measured grey levels until the state changes.
     void showGreyLevels(double mean, double standardDeviation);
+    /// Shows what has just happened until the state changes.
+    void showNote(const QString& note);
 
 private:
     void grabChanged();
     void checkLive();
     void showText();
     QString liveText() const;
+    void showStoredText();
 
     StatusPanel& m_panel;
     const MilDisplay& m_display;
@@ -50,7 +55,7 @@ private:
     ImageState m_state;
     Long m_magnification = 0;
     FramePtr m_lastSeenFrame;
-    QString m_greyLevels;
+    QString m_note;
 };
 
 } // namespace ocuva

@@ -50,7 +50,7 @@ constexpr std::array<Row, 26> rows{{
 }};
 
 // Commands whose windows or functions are not part of this version yet.
-constexpr std::array unavailable{Command::Open, Command::SaveAs, Command::PackReport};
+constexpr std::array unavailable{Command::PackReport};
 
 QAction* addItem(QMenuBar& bar, QMenu* menu, Kind kind, const QString& caption) {
     if (menu == nullptr || kind == Kind::BarItem) {

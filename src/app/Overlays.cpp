@@ -54,9 +54,13 @@ void Overlays::DrawGrid(Long centreY, Long centreX) {
 void Overlays::DrawMicroMarker() {
     m_microMarkerIsTrue = false;
     showMicroMarker();
+    const std::optional<Magnification> magnification = m_context.magnification();
+    if (!magnification) {
+        return;
+    }
     const QSize display = m_context.panels.milDisp->size();
-    const MicroMarker marker = microMarker(m_context.magnification.read(), m_context.conversion,
-                                           twipsX(display.width()), m_context.fields.InitImageSizeX);
+    const MicroMarker marker = microMarker(*magnification, m_context.conversion, twipsX(display.width()),
+                                           m_context.fields.InitImageSizeX);
     m_context.panels.frMicroMarker->place(display, mapping().pixelsX(marker.barTwips),
                                           QString::fromStdString(microMarkerText(marker.scaleValue)));
     m_microMarkerIsTrue = true;

@@ -11,6 +11,7 @@
 #include "video/Magnification.h"
 
 #include <functional>
+#include <optional>
 
 namespace ocuva {
 
@@ -20,7 +21,8 @@ struct OverlaysContext {
     const MainMenu& menu;
     MainToolbar& tbMain;
     const MonitorFields& fields;
-    const MagnificationStore& magnification;
+    /// Of what is shown, read afresh; nothing when a stored picture does not tell its own.
+    std::function<std::optional<Magnification>()> magnification;
     const LengthConversion& conversion;
     Settings& settings;
     std::function<void()> saveToolbar;
@@ -37,8 +39,8 @@ public:
     /// Twips on the initial image.
     void DrawCross(Long centreY, Long centreX);
     void DrawGrid(Long centreY, Long centreX);
-    /// Reads the magnification afresh. Throws ArithmeticError when there is no field to draw a scale for; no
-    /// marker is shown then, for it would tell a lie.
+    /// Reads the magnification afresh; without one no marker is shown. Throws ArithmeticError when there is
+    /// no field to draw a scale for; no marker is shown then, for it would tell a lie.
     void DrawMicroMarker();
 
     void ShowCross(bool bShow) { m_frCross.show(bShow); }

@@ -68,9 +68,9 @@ void frmOcuva::makeControls() {
     sbMain = new StatusBar(this);
     setStatusBar(sbMain);
     m_information = new ImageInformation(*sbMain->panel(QStringLiteral("Info")), *m_panels->milDisp, this);
-    m_overlays = std::make_unique<Overlays>(
-        OverlaysContext{*m_panels, *m_menu, *tbMain, m_sizing.fields(), m_magnification, m_conversion,
-                        m_settings, [this] { m_layoutStore.save(tbMain->layoutText()); }});
+    m_overlays = std::make_unique<Overlays>(OverlaysContext{
+        *m_panels, *m_menu, *tbMain, m_sizing.fields(), [this] { return shownMagnification(); }, m_conversion,
+        m_settings, [this] { m_layoutStore.save(tbMain->layoutText()); }});
 
     chooseStandard = [this](const QString& folder) { return chooseStandardFile(*frontWindow(), folder); };
     m_standards = std::make_unique<Standards>(
@@ -129,6 +129,7 @@ void frmOcuva::Load() {
     host.tn_lib_proxy().TarnSetVideoBoardType(boardInUse);
     m_board = std::make_unique<CTnVideoBoard>(host.tn_video());
     m_image = std::make_unique<CTnVideoImage>(host.tn_video(), host.tn_vduti(), m_context.automation);
+    makePictures();
     m_sizing.ComputeInitialSize();
     m_sizing.ResizeAll(true);
     m_vgaMouse = m_settings.readVgaModeForMouse();
@@ -181,6 +182,12 @@ void frmOcuva::run(Command command) {
     }
     guarded([this, command] {
         switch (command) {
+        case Command::Open:
+            m_pictures->open();
+            break;
+        case Command::SaveAs:
+            m_pictures->save();
+            break;
         case Command::Exit:
             exitOperation();
             break;
@@ -233,6 +240,9 @@ void frmOcuva::tbMain_ButtonClick(const QString& key) {
 
 void frmOcuva::mnuAcq_Click() {
     m_board->GrabToggle(m_image.get());
+    if (m_board->IsGrabbing()) {
+        m_pictures->showCamera();
+    }
     showAcquisition();
 }
 
@@ -273,46 +283,6 @@ void frmOcuva::tStageMove_Timer() { m_watch.tick(); }
 
 void frmOcuva::cxsStage_MoveEnd(Integer /*ErrCode*/) { m_watch.moveEnded(); }
 
-void frmOcuva::milDisp_MouseMove(Qt::MouseButton /*button*/, int /*shift*/, float x, float y) {
-    if (m_vgaMouse) {
-        showPointedPosition(x, y);
-    }
-}
-
-void frmOcuva::showPointedPosition(Single x, Single y) {
-    m_pictureOnStage->showPointedPosition(x, y, rect(MonitorPart::milDisp));
-}
-
-void frmOcuva::milDisp_MouseUp(Qt::MouseButton button, int /*shift*/, float x, float y) {
-    const QRectF onImage = m_panels->milDisp->rect();
-    const QPointF pixels(x / screen().TwipsPerPixelX, y / screen().TwipsPerPixelY);
-    // A press that is dragged off the image is one that the operator thought better of.
-    if (button != Qt::LeftButton || !onImage.contains(pixels)) {
-        return;
-    }
-    guarded([this, x, y] {
-        const TwipsRect display = rect(MonitorPart::milDisp);
-        if (m_vgaMouse) {
-            m_pictureOnStage->clickPicture(x, y, display);
-        } else if (m_pictureOnStage->isSelecting()) {
-            m_pictureOnStage->takePoint(x, y, display);
-        } else {
-            moveToPoint({x,
-                         y,
-                         {toLong(display.width / 2.0), toLong(display.height / 2.0)},
-                         {display.width, display.height}});
-        }
-    });
-}
-
-void frmOcuva::moveToPoint(const ClickOnImage& click) {
-    const Magnification magnification = m_magnification.read();
-    const StagePair move = ocuva::moveToPoint(click, magnification, m_settings.readView(), m_conversion);
-    m_stage.DX(move.x);
-    m_stage.DY(move.y);
-    SyncStageMove(axisAll);
-}
-
 void frmOcuva::DoFocus() {
     guardedForHost([this] { doFocus(m_stage, m_watch, *m_board, *m_image); });
 }
@@ -324,6 +294,9 @@ void frmOcuva::m_notifier_OnNotify(const Notification& notification) {
 }
 
 void frmOcuva::Info_Click() {
+    if (m_pictures->stored()) {
+        return; // the host measures the camera's image, which is not the one that is seen
+    }
     guarded([this] {
         m_image->Refresh();
         m_information->showGreyLevels(m_image->Mean(), m_image->StdDev());

@@ -8,6 +8,7 @@
 #include "app/MonitorPanels.h"
 #include "app/Overlays.h"
 #include "app/PictureOnStage.h"
+#include "app/Pictures.h"
 #include "app/Standards.h"
 #include "app/StatusBar.h"
 #include "app/toolbar/MainToolbar.h"
@@ -106,12 +107,16 @@ public:
     Standards& standards() { return *m_standards; }
     /// The set-up dialog as it was opened last; null before that.
     frmSetup* setupDialog() { return m_frmSetup.get(); }
+    Pictures& pictures() { return *m_pictures; }
 
     /// The images that the toolbar chooses from: small and large, plain, under the pointer, disabled.
     const ToolbarImageLists imageLists;
 
     /// Asks for the file of a standard; the common open-file dialog unless set otherwise.
     std::function<QString(const QString& folder)> chooseStandard;
+    /// Ask for the file of a picture; the common dialogs unless set otherwise.
+    std::function<QString(const QString& folder)> choosePictureToOpen;
+    std::function<QString(const QString& folder)> choosePictureToSave;
 
     MainToolbar* tbMain = nullptr;
     StatusBar* sbMain = nullptr;
@@ -132,6 +137,7 @@ protected:
 
 private:
     void makeControls();
+    void makePictures();
     void makeTimers();
     void connectControls();
     void showStartState();
@@ -166,6 +172,8 @@ private:
     void reportError(const QString& text);
     /// Where a box belongs that answers what the operator just did: over the dialog in use, if there is one.
     QWidget* frontWindow();
+    void imageChanged();
+    std::optional<Magnification> shownMagnification() const;
     void showZoom();
     void showInformation();
 
@@ -230,6 +238,7 @@ private:
     std::unique_ptr<PictureOnStage> m_pictureOnStage;
     SetupMemory m_setupMemory;
     std::unique_ptr<frmSetup> m_frmSetup;
+    std::unique_ptr<Pictures> m_pictures; // once the window is loaded
     ImageInformation* m_information = nullptr;
 
     bool m_normalZoom = false; // the mark of "&Normal (1:1)"; not set at start, where the divisor is 2

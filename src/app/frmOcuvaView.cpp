@@ -95,6 +95,31 @@ void frmOcuva::refreshState() {
 
 void frmOcuva::showMagnification(Long magnification) { m_information->showMagnification(magnification); }
 
+void frmOcuva::makePictures() {
+    choosePictureToOpen = [this](const QString& folder) { return ocuva::choosePictureToOpen(*this, folder); };
+    choosePictureToSave = [this](const QString& folder) { return ocuva::choosePictureToSave(*this, folder); };
+    m_pictures = std::make_unique<Pictures>(
+        PicturesContext{m_context.host.tn_log(), *m_board, *m_image, m_stage, m_magnification,
+                        [this]() -> Calibration& { return calibration(); }, *m_panels, *m_information,
+                        [this](const QString& folder) { return choosePictureToOpen(folder); },
+                        [this](const QString& folder) { return choosePictureToSave(folder); },
+                        [this](const QString& text) { reportError(text); }, [this] { imageChanged(); }});
+}
+
+void frmOcuva::imageChanged() {
+    const std::optional<StoredPicture>& stored = m_pictures->stored();
+    setWindowTitle(stored ? tr("%1 - %2").arg(stored->bareName(), m_context.windowTitle)
+                          : m_context.windowTitle);
+    UpdateStagePos();
+    showAcquisition();
+    DrawMicroMarker();
+}
+
+std::optional<Magnification> frmOcuva::shownMagnification() const {
+    const bool isStored = m_pictures != nullptr && m_pictures->stored().has_value();
+    return isStored ? m_pictures->stored()->field() : m_magnification.read();
+}
+
 void frmOcuva::showAcquisition() {
     const bool grabbing = m_board != nullptr && m_board->IsGrabbing();
     m_menu->action("mnuAcq")->setChecked(grabbing);
@@ -129,7 +154,12 @@ void frmOcuva::showZoom() {
 }
 
 void frmOcuva::showInformation() {
-    m_information->show({m_board != nullptr && m_board->IsGrabbing(), m_sizing.fields().GrabZoom});
+    ImageState state{m_board != nullptr && m_board->IsGrabbing(), m_sizing.fields().GrabZoom, {}, false};
+    if (m_pictures != nullptr && m_pictures->stored()) {
+        state.storedPicture = m_pictures->stored()->bareName();
+        state.calibrated = m_pictures->stored()->calibrated;
+    }
+    m_information->show(state);
 }
 
 void frmOcuva::changeEvent(QEvent* event) {

@@ -33,15 +33,44 @@ void MilDisplay::takeFrame() {
     if (FramePtr frame = m_mailbox.take()) {
         m_frame = std::move(frame);
         m_frameIsNew = true;
-        update();
+        if (!showsPicture()) {
+            update();
+        }
     }
 }
 
+void MilDisplay::showPicture(const QImage& picture) { showInPlace(picture, tr("Stored picture")); }
+
+void MilDisplay::showFrames() { showInPlace({}, tr("Live image")); }
+
+void MilDisplay::showInPlace(const QImage& picture, const QString& accessibleName) {
+    m_picture = picture;
+    m_pictureAtSize = {};
+    // A host that draws has halted; a stored picture is drawn here, whoever draws the frames.
+    setAttribute(Qt::WA_PaintOnScreen, hostDraws());
+    setAccessibleName(accessibleName);
+    update();
+}
+
+void MilDisplay::paintPicture(QPainter& painter) {
+    // Kept between paints: a picture of many megapixels is not stretched anew for each change of an overlay.
+    const QSize wanted = size() * devicePixelRatioF();
+    if (m_pictureAtSize.size() != wanted) {
+        m_pictureAtSize = m_picture.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
+                              .convertToFormat(QImage::Format_RGB32);
+    }
+    painter.drawImage(rect(), m_pictureAtSize);
+}
+
 void MilDisplay::paintEvent(QPaintEvent* /*event*/) {
-    if (isDrawnByHost()) {
+    if (hostDraws()) {
         return;
     }
     QPainter painter(this);
+    if (showsPicture()) {
+        paintPicture(painter);
+        return;
+    }
     if (m_frame == nullptr) {
         painter.fillRect(rect(), Qt::black);
         return;

@@ -5,6 +5,7 @@
 #include "display/FrameMailbox.h"
 #include "hostlink/DisplayWindow.h"
 
+#include <QImage>
 #include <QWidget>
 
 namespace ocuva {
@@ -20,7 +21,7 @@ public:
 
     /// Whether the host draws the picture, and this control only lends its window.
     bool isDrawnByHost() const { return m_windows.painter() == DisplayWindows::Painter::host; }
-    QPaintEngine* paintEngine() const override { return isDrawnByHost() ? nullptr : QWidget::paintEngine(); }
+    QPaintEngine* paintEngine() const override { return hostDraws() ? nullptr : QWidget::paintEngine(); }
 
     /// The window handle as it crosses the seam.
     Long hWnd() const { return m_hWnd; }
@@ -28,7 +29,14 @@ public:
     /// Frames drawn so far, and frames that came too fast to be drawn.
     std::uint64_t framesShown() const { return m_framesShown; }
     std::uint64_t framesDropped() const { return m_mailbox.droppedFrames(); }
-    /// The frame on the screen; null before the first.
+    /// Shows a stored picture in place of the frames; frames that come go on being taken, and are not drawn.
+    /// It fills the control as they do.
+    void showPicture(const QImage& picture);
+    /// Shows the frames again.
+    void showFrames();
+    bool showsPicture() const { return !m_picture.isNull(); }
+
+    /// The latest frame, on the screen unless a stored picture is; null before the first.
     const FramePtr& shownFrame() const { return m_frame; }
 
 Q_SIGNALS:
@@ -46,12 +54,17 @@ protected:
     bool event(QEvent* event) override;
 
 private:
+    bool hostDraws() const { return isDrawnByHost() && !showsPicture(); }
+    void showInPlace(const QImage& picture, const QString& accessibleName);
     void takeFrame();
+    void paintPicture(QPainter& painter);
 
     DisplayWindows& m_windows;
     FrameMailbox m_mailbox;
     Long m_hWnd = 0;
     FramePtr m_frame;
+    QImage m_picture;       // null: the frames are shown
+    QImage m_pictureAtSize; // the same at the control's size in device pixels
     bool m_frameIsNew = false;
     std::uint64_t m_framesShown = 0;
 };

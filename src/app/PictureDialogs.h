@@ -1,0 +1,24 @@
+#pragma once
+// The common file dialogs for pictures, and the folder that they open in.
+
+#include "base/Product.h"
+
+#include <QString>
+#include <QWidget>
+
+namespace ocuva {
+
+/// Both give the full name in the system's notation, empty when the operator cancels.
+QString choosePictureToOpen(QWidget& owner, const QString& folder);
+/// Suggests the name "Video"; a name without extension gets that of the chosen type, ".tif" or ".bmp".
+QString choosePictureToSave(QWidget& owner, const QString& folder);
+
+/// The folder that a picture was saved to or opened from last, kept from one start to the next in the user's
+/// registry beside the toolbar's layout ("Pictures/Folder"); else the user's folder for pictures.
+class PictureFolder {
+public:
+    QString last() const;
+    void remember(const QString& pictureName) const;
+};
+
+} // namespace ocuva

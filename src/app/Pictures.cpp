@@ -1,0 +1,113 @@
+#include "app/Pictures.h"
+
+#include "pictures/CameraImage.h"
+#include "pictures/PictureDescription.h"
+#include "pictures/PictureFile.h"
+
+#include <QFileInfo>
+#include <QGuiApplication>
+#include <QObject>
+
+namespace ocuva {
+
+namespace {
+
+std::filesystem::path pathOf(const QString& name) { return {name.toStdU16String()}; }
+
+bool neverCalibrated(const CalibrationPoints& points) { return points.points == CalibrationPoints{}.points; }
+
+} // namespace
+
+QString StoredPicture::bareName() const { return QFileInfo(name).fileName(); }
+
+std::optional<Magnification> StoredPicture::field() const {
+    if (!picture.scale.isKnown()) {
+        return {};
+    }
+    constexpr Long asIs = 100;
+    constexpr double micrometresPerCm = 10000.0;
+    return Magnification{
+        asIs, static_cast<Single>(picture.image.width() / picture.scale.pixelsPerCmX * micrometresPerCm),
+        static_cast<Single>(picture.image.height() / picture.scale.pixelsPerCmY * micrometresPerCm)};
+}
+
+void Pictures::log(const QString& line) {
+    m_context.log.TarnPrintfVB((line + u'\n').toLocal8Bit().constData());
+}
+
+void Pictures::save() {
+    const QString name = m_context.chooseToSave(m_folder.last());
+    if (name.isEmpty()) {
+        return;
+    }
+    m_folder.remember(name);
+    log(QObject::tr("Save to file: '%1'").arg(name));
+    const Picture picture =
+        m_stored ? m_stored->picture
+                 : cameraImage(m_context.image, m_context.stage, m_context.magnification.read());
+    savePicture(pathOf(name), picture, m_context.calibration().points);
+    m_context.information.showNote(QObject::tr("Save to file: '%1'").arg(QFileInfo(name).fileName()));
+}
+
+void Pictures::open() {
+    const QString name = m_context.chooseToOpen(m_folder.last());
+    if (name.isEmpty()) {
+        return;
+    }
+    m_folder.remember(name);
+    log(QObject::tr("Open file: '%1'").arg(name));
+    StoredPicture opened{name, openPicture(pathOf(name)), false};
+    m_context.board.Halt(&m_context.image);
+    m_stored = std::move(opened);
+    m_context.panels.milDisp->showPicture(m_stored->picture.image);
+    show();
+    // After the picture is to be seen: a box about its description stands over the picture that it is about.
+    m_stored->calibrated = takeCalibration(name);
+    show();
+}
+
+bool Pictures::takeCalibration(const QString& name) {
+    std::error_code error;
+    if (!std::filesystem::exists(descriptionName(pathOf(name)), error)) {
+        return false;
+    }
+    try {
+        Calibration read = m_context.calibration();
+        read.points = readDescription(pathOf(name));
+        if (neverCalibrated(read.points)) {
+            return false;
+        }
+        read.ComputeStagePlan();
+        read.ComputePicturePlan();
+        m_context.calibration().assign(read);
+        return true;
+    } catch (const std::exception& problem) {
+        m_context.report(QObject::tr("\"%1\" is shown without calibration. %2")
+                             .arg(QFileInfo(name).fileName(), QString::fromLocal8Bit(problem.what())));
+        return false;
+    }
+}
+
+void Pictures::showCamera() {
+    if (!m_stored) {
+        return;
+    }
+    m_stored.reset();
+    m_context.panels.milDisp->showFrames();
+    show();
+}
+
+void Pictures::show() {
+    m_context.panels.frMonitor->setCaption(
+        m_stored ? QObject::tr("Stored picture: %1").arg(m_stored->bareName()) : QString());
+    m_context.panels.frMonitor->setToolTip(
+        m_stored ? QObject::tr("A stored picture: a click does not move the stage")
+                 : QObject::tr("Click to move the stage to the current position"));
+    m_context.imageChanged();
+}
+
+void Pictures::refuseClick() {
+    m_context.information.showNote(QObject::tr("A click does not move the stage; Live (F7) first"));
+}
+
+} // namespace ocuva

@@ -1,0 +1,83 @@
+#pragma once
+// What the main window does with pictures: saving what is shown, and showing a stored one in place of the
+// live image.
+
+#include "app/ImageInformation.h"
+#include "app/MonitorPanels.h"
+#include "app/PictureDialogs.h"
+#include "pictures/Calibration.h"
+#include "pictures/Picture.h"
+#include "stage/CTnStage.h"
+#include "video/CTnVideoBoard.h"
+#include "video/CTnVideoImage.h"
+#include "video/Magnification.h"
+
+#include <functional>
+#include <optional>
+
+namespace ocuva {
+
+/// What the pictures need; everything outlives them.
+struct PicturesContext {
+    TnLog& log;
+    CTnVideoBoard& board;
+    CTnVideoImage& image;
+    const CTnStage& stage;
+    const MagnificationStore& magnification;
+    /// The calibration, taken up from where it was kept at its first use.
+    std::function<Calibration&()> calibration;
+    const MonitorPanels& panels;
+    ImageInformation& information;
+    /// Each asks for a file, beginning in a folder; empty when the operator cancels.
+    std::function<QString(const QString& folder)> chooseToOpen;
+    std::function<QString(const QString& folder)> chooseToSave;
+    std::function<void(const QString&)> report;
+    /// The window shows another image now: live or still, stored or not.
+    std::function<void()> imageChanged;
+};
+
+/// A stored picture that is shown in place of the live image.
+struct StoredPicture {
+    QString name; ///< full
+    Picture picture;
+    bool calibrated = false; ///< the calibration is the one of its description
+
+    QString bareName() const;
+    /// Its field as magnification and factors; nothing when the file does not tell.
+    std::optional<Magnification> field() const;
+};
+
+class Pictures {
+public:
+    explicit Pictures(const PicturesContext& context)
+        : m_context(context) {}
+
+    /// Saves the camera's present image, or the stored picture that is shown, under a name that the operator
+    /// chooses. Throws PictureFileError.
+    void save();
+
+    /// Shows a picture that the operator chooses; a running grab is halted. Its description, when it has one,
+    /// takes the place of the present calibration; one that cannot be used is reported and changes nothing.
+    /// Throws PictureFileError, and changes nothing, when the picture cannot be opened.
+    void open();
+
+    /// The stored picture on the monitor; nothing while the camera's image is shown.
+    const std::optional<StoredPicture>& stored() const { return m_stored; }
+
+    /// Shows the camera's image again.
+    void showCamera();
+
+    /// A click that would move the stage if the camera's image were shown: says why it does not.
+    void refuseClick();
+
+private:
+    bool takeCalibration(const QString& name);
+    void log(const QString& line);
+    void show();
+
+    PicturesContext m_context;
+    PictureFolder m_folder;
+    std::optional<StoredPicture> m_stored;
+};
+
+} // namespace ocuva

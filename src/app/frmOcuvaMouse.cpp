@@ -1,0 +1,52 @@
+// What the mouse does on the image.
+
+#include "app/frmOcuva.h"
+#include "base/Numbers.h"
+
+namespace ocuva {
+
+void frmOcuva::milDisp_MouseMove(Qt::MouseButton /*button*/, int /*shift*/, float x, float y) {
+    const std::optional<StoredPicture>& stored = m_pictures->stored();
+    if (stored ? stored->calibrated : m_vgaMouse) {
+        showPointedPosition(x, y);
+    }
+}
+
+void frmOcuva::showPointedPosition(Single x, Single y) {
+    m_pictureOnStage->showPointedPosition(x, y, rect(MonitorPart::milDisp));
+}
+
+void frmOcuva::milDisp_MouseUp(Qt::MouseButton button, int /*shift*/, float x, float y) {
+    const QRectF onImage = m_panels->milDisp->rect();
+    const QPointF pixels(x / screen().TwipsPerPixelX, y / screen().TwipsPerPixelY);
+    // A press that is dragged off the image is one that the operator thought better of.
+    if (button != Qt::LeftButton || !onImage.contains(pixels)) {
+        return;
+    }
+    guarded([this, x, y] {
+        const TwipsRect display = rect(MonitorPart::milDisp);
+        const std::optional<StoredPicture>& stored = m_pictures->stored();
+        if (m_vgaMouse && (!stored || stored->calibrated)) {
+            m_pictureOnStage->clickPicture(x, y, display);
+        } else if (m_pictureOnStage->isSelecting()) {
+            m_pictureOnStage->takePoint(x, y, display);
+        } else if (stored) {
+            m_pictures->refuseClick();
+        } else {
+            moveToPoint({x,
+                         y,
+                         {toLong(display.width / 2.0), toLong(display.height / 2.0)},
+                         {display.width, display.height}});
+        }
+    });
+}
+
+void frmOcuva::moveToPoint(const ClickOnImage& click) {
+    const Magnification magnification = m_magnification.read();
+    const StagePair move = ocuva::moveToPoint(click, magnification, m_settings.readView(), m_conversion);
+    m_stage.DX(move.x);
+    m_stage.DY(move.y);
+    SyncStageMove(axisAll);
+}
+
+} // namespace ocuva
