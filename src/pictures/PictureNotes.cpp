@@ -28,6 +28,14 @@ double fieldUm(Single factor, Long magnification) {
     return std::isfinite(field) && field > 0.0 ? field : 0.0;
 }
 
+// One line of plain characters; whatever else stands there becomes "?".
+QByteArray plain(QByteArray text) {
+    for (char& c : text) {
+        c = c >= ' ' && c <= '~' ? c : '?';
+    }
+    return text.trimmed();
+}
+
 bool isKey(const QString& key) {
     return !key.isEmpty() && std::all_of(key.begin(), key.end(), [](QChar c) {
         return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9');
@@ -60,11 +68,7 @@ std::vector<PictureNote> cameraNotes(const StageStand& stage, const Magnificatio
 QByteArray imageDescription(const Picture& picture) {
     QByteArray text;
     const auto line = [&text](const QString& key, const QString& value) {
-        text += key.toLatin1() + '=';
-        for (const QChar c : value) {
-            text += c >= u' ' && c <= u'~' ? c.toLatin1() : '?';
-        }
-        text += '\n';
+        text += key.toLatin1() + '=' + plain(value.toLatin1()) + '\n';
     };
     line(QString::fromLatin1(versionKey), QString::fromLatin1(formVersion));
     if (picture.scale.isKnown()) {
@@ -86,8 +90,8 @@ ReadNotes readImageDescription(const QByteArray& text) {
         if (equals < 1 || line.size() > longestLine || result.notes.size() >= mostNotes) {
             continue;
         }
-        const QString key = QString::fromLatin1(line.left(equals)).trimmed();
-        const QString value = QString::fromLatin1(line.mid(equals + 1)).trimmed();
+        const QString key = QString::fromLatin1(line.left(equals).trimmed());
+        const QString value = QString::fromLatin1(plain(line.mid(equals + 1).trimmed()));
         if (key == QLatin1StringView(unitKey)) {
             result.inMicrometres = value == QLatin1StringView(micrometre);
         } else if (key != QLatin1StringView(versionKey) && isKey(key)) {
