@@ -5,8 +5,20 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QHBoxLayout>
+#include <QScreen>
 
 namespace ocuva {
+
+namespace {
+
+QMargins frameMargins(const QWidget& window) {
+    const QRect inner = window.geometry();
+    const QRect outer = window.frameGeometry();
+    return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
+            outer.bottom() - inner.bottom()};
+}
+
+} // namespace
 
 frmSetup::frmSetup(const SetupContext& context, QWidget* owner)
     : QDialog(owner)
@@ -38,6 +50,9 @@ frmSetup::frmSetup(const SetupContext& context, QWidget* owner)
     });
     connect(cmdSaveDefault, &QPushButton::clicked, this, &frmSetup::cmdSaveDefault_Click);
     connect(cmdClose, &QPushButton::clicked, this, &QWidget::close);
+    if (owner != nullptr) {
+        placeBeside(*owner);
+    }
 }
 
 void frmSetup::makePages(const SetupContext& context) {
@@ -100,6 +115,19 @@ void frmSetup::cmdSaveDefault_Click() {
 void frmSetup::report(const QString& text) {
     QMetaObject::invokeMethod(
         this, [this, text] { m_context.report(text); }, Qt::QueuedConnection);
+}
+
+// Where it hides least of the picture that it changes.
+void frmSetup::placeBeside(const QWidget& window) {
+    const QRect screen = window.screen()->availableGeometry();
+    const QRect taken = window.frameGeometry();
+    const QSize size = sizeHint().grownBy(frameMargins(window));
+    const int onTheRight = qMin(taken.right() + 1, screen.right() + 1 - size.width());
+    const int onTheLeft = qMax(taken.left() - size.width(), screen.left());
+    const bool rightHidesLess = taken.right() - onTheRight <= onTheLeft + size.width() - taken.left();
+    const int lowestTop = screen.bottom() + 1 - size.height();
+    move(qMax(rightHidesLess ? onTheRight : onTheLeft, screen.left()),
+         qMax(qMin(taken.top(), lowestTop), screen.top()));
 }
 
 bool frmSetup::event(QEvent* event) {

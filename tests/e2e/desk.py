@@ -256,6 +256,21 @@ class Desk:
         self.snap(area, now)
         return float(self._do("convert", str(now), "-fx", "u.r-u.g", "-format", "%[fx:maxima]", "info:"))
 
+    def settle(self, area):
+        """Waits until what is seen in an area stays as it is."""
+        seen = self.folder / "settling.png"
+
+        def still():
+            self.snap(area, seen)
+            time.sleep(0.15)
+            return self.likeness(seen, area) > 0.9999
+        wait_until(still, "The window does not come to rest")
+
+    def mean(self, area, channel):
+        """Mean of a channel ("r", "g", "b") of what is seen in an area of the screen, 0 to 1."""
+        return float(self._do("import", "-window", "root", "-crop", area.as_crop(),
+                              "-format", f"%[fx:mean.{channel}]", "info:"))
+
     def contrast(self, area):
         """Standard deviation of what is seen in an area of the screen, 0 (one colour) to 1."""
         return float(self._do("import", "-window", "root", "-crop", area.as_crop(), "-colorspace", "Gray",
