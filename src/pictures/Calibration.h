@@ -40,6 +40,8 @@ struct StagePlan {
     double a = 0.0;
     double b = 0.0;
     double c = 0.0;
+
+    bool operator==(const StagePlan&) const = default;
 };
 
 struct StagePoint {

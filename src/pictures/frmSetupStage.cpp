@@ -8,6 +8,7 @@
 #include <QScreen>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace ocuva {
@@ -298,6 +299,11 @@ void frmSetupStage::compute(const CalibrationPoints& points) {
         throw;
     }
     calibration.ComputeStagePlan();
+    const bool levelAtZero = std::all_of(points.points.begin(), points.points.end(),
+                                         [](const CalibrationPoint& point) { return point.ZS == 0; });
+    if (calibration.stagePlan() == StagePlan{} && !levelAtZero) {
+        m_context.note(tr("the host found no plane through the calibration points: every Z is 0"));
+    }
 }
 
 void frmSetupStage::takePoint(const PicturePoint& at) {

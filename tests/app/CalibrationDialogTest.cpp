@@ -222,13 +222,14 @@ TEST_F(CalibrationDialog, PointsThatCannotBeComputedAreReportedAndTheOldCalibrat
     EXPECT_EQ(host.settings.count(keptPoints), 0U);
 }
 
-TEST_F(CalibrationDialog, WithoutAPlaneIsAcceptedAndEveryZIsNought) {
+TEST_F(CalibrationDialog, WithoutAPlaneIsAcceptedEveryZIsNoughtAndTheLogSaysSo) {
     open();
     typeGoodPoints();
     host.planSolution = {1.0, 1.0, 1.0};
     host.results["TarnSolvePlan"] = 0;
     press(dialog().OKPicture);
     EXPECT_EQ(window().calibration().ComputeStagePosition(9000.0F, 100.0F).ZSt, 0);
+    EXPECT_THAT(host.logLines, ElementsAre(HasSubstr("no plane")));
 }
 
 TEST_F(CalibrationDialog, JudgesThePointsWhileTheyAreTyped) {
