@@ -2,8 +2,6 @@
 
 #include <QAction>
 
-#include <algorithm>
-
 namespace ocuva {
 
 namespace {
@@ -29,15 +27,15 @@ void ButtonMenus::clear() {
         m_menu->removeAction(item);
         item->deleteLater();
     }
+    m_keys.clear();
     showEmptyLine();
 }
 
 bool ButtonMenus::add(const QString& key, const QString& text) {
-    const QList<QAction*> present = m_menu->actions();
-    const auto sameKey = [&](const QAction* item) { return item->data().toString() == key; };
-    if (key.isEmpty() || std::any_of(present.begin(), present.end(), sameKey)) {
+    if (key.isEmpty() || m_keys.contains(key)) {
         return false;
     }
+    m_keys.insert(key);
     if (m_emptyLine != nullptr) {
         m_menu->removeAction(m_emptyLine);
         m_emptyLine->deleteLater();

@@ -2,6 +2,7 @@
 // The drop-down list of a toolbar button.
 
 #include <QMenu>
+#include <QSet>
 #include <QString>
 
 #include <memory>
@@ -31,6 +32,7 @@ private:
     void showEmptyLine();
 
     std::unique_ptr<QMenu> m_menu;
+    QSet<QString> m_keys;           ///< of the items, so that a long list is filled in one pass
     QAction* m_emptyLine = nullptr; ///< in the menu only while there is no item
 };
 
