@@ -222,6 +222,10 @@ class Desk:
         """Presses keys one after the other in the active window: press("alt+v", "n")."""
         self._do("xdotool", "key", "--delay", "120", *keys)
 
+    def type(self, text):
+        """Types a text into the active window."""
+        self._do("xdotool", "type", "--delay", "20", str(text))
+
     def click(self, x, y, button=1):
         """Clicks a point of the screen."""
         self._do("xdotool", "mousemove", "--sync", str(round(x)), str(round(y)))
