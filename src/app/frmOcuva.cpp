@@ -44,7 +44,7 @@ frmOcuva::frmOcuva(const MainWindowContext& context)
     , m_conversion(context.host.tn_log())
     , m_stage(context.host.tn_lib_proxy(), context.host.tn_micro_proxy())
     , m_calibration(context.host.tn_lib_proxy())
-    , m_watch(m_stage, *this)
+    , m_watch(m_stage, *this, context.journal)
     , m_sizing(context.host.tn_video(), context.host.tn_log(), m_settings, *this) {
     setObjectName(QStringLiteral("frmOcuva"));
     setWindowTitle(context.windowTitle);

@@ -52,6 +52,7 @@ struct MainWindowContext {
     QString windowTitle;                  ///< says so when the host is simulated
     std::function<void()> endProcess;     ///< the last step of the exit operation
     int minuteMs = modServer::idleTickMs; ///< a minute of the idle clock, in milliseconds on the wall
+    JournalSink journal = {};             ///< told what is done to the instrument
 };
 
 class frmOcuva final : public QMainWindow,

@@ -198,6 +198,7 @@ void frmOcuva::enableIdleTimer(bool on) {
 
 LogLineSurroundings frmOcuva::logLineSurroundings() {
     LogLineSurroundings surroundings;
+    surroundings.journal = m_context.journal;
     surroundings.anyWindowIsLoaded = [this] { return m_loaded && !m_exiting; };
     surroundings.showMessage = [this](const char* text, const char* title, TarnLong style) {
         if (m_context.flags.serverMode || m_context.flags.sleeping) {

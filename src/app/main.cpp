@@ -8,11 +8,13 @@
 #include "controls/HostMessageBox.h"
 #include "hostlink/LibraryHost.h"
 #include "hostlink/TracingHost.h"
+#include "journal/Journal.h"
 #include "simhost/SimulatedHost.h"
 #include "simhost/bus/MessageBus.h"
 #include "simhost/services/DataFolder.h"
 
 #include <QApplication>
+#include <QDateTime>
 #include <QMessageBox>
 
 #include <cstdio>
@@ -63,7 +65,7 @@ void refuseToStart(const std::string& reason, bool serverMode) {
 struct ChosenHost {
     std::unique_ptr<Host> host;
     QString title;
-    QString scope; ///< copies of the program with the same one are copies of each other
+    QString dataFolder; ///< for the program's own files; copies with the same one are copies of each other
     int minuteMs = modServer::idleTickMs;
 };
 
@@ -77,13 +79,13 @@ ChosenHost simulatedHost(DisplayWindows& windows) {
     options.windows = &windows;
     options.showMessage = showHostMessageBox;
     auto host = std::make_unique<simhost::SimulatedHost>(std::move(options));
-    const QString scope = QString::fromStdString(host->dataFolder().string());
+    const QString dataFolder = QString::fromStdString(host->dataFolder().string());
     // A world that runs faster puts a sleeping server to its end sooner, so that a trainee need not wait.
     const int minuteMs = qRound(host->clock().wallMs(modServer::idleTickMs));
     return {std::move(host),
             QCoreApplication::translate("main", "%1 (simulated instrument)")
                 .arg(QString::fromLatin1(productTitle)),
-            scope, minuteMs};
+            dataFolder, minuteMs};
 }
 
 /// The host's own notifier is a component that its libraries do not export; ours takes its place, between the
@@ -104,12 +106,23 @@ ChosenHost chosenHost(std::optional<DisplayWindows>& windows) {
     return choice.library ? libraryHost(choice.folder) : simulatedHost(*windows);
 }
 
+/// ISO 8601, to the millisecond, with the zone.
+std::string timeNow() {
+    const QDateTime now = QDateTime::currentDateTime();
+    return now.toOffsetFromUtc(now.offsetFromUtc()).toString(Qt::ISODateWithMs).toStdString();
+}
+
 int runOn(Host& host, DisplayWindows& windows, const std::string& commandLine, const ChosenHost& chosen) {
     NoAutomation automation;
     std::optional<RunningCopies> copies;
-    const auto anotherCopyIsRunning = [&] { return copies.emplace(chosen.scope).anotherWasRunning(); };
+    const auto anotherCopyIsRunning = [&] { return copies.emplace(chosen.dataFolder).anotherWasRunning(); };
+    Journal journal(std::filesystem::path(chosen.dataFolder.toStdU16String()) / "journal.csv", timeNow,
+                    [&host](const std::string& trouble) {
+                        host.tn_log().TarnPrintfVB(("The journal " + trouble + ".\n").c_str());
+                    });
     modInter inter({host, windows, automation, commandLine, anotherCopyIsRunning, chosen.title,
-                    [] { QCoreApplication::exit(EXIT_SUCCESS); }, chosen.minuteMs});
+                    [] { QCoreApplication::exit(EXIT_SUCCESS); }, chosen.minuteMs,
+                    [&journal](const JournalEntry& entry) { journal.write(entry); }});
     return inter.Main() ? QApplication::exec() : EXIT_SUCCESS;
 }
 

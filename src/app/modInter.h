@@ -20,6 +20,7 @@ struct StartContext {
     QString windowTitle;
     std::function<void()> endProcess;
     int minuteMs = modServer::idleTickMs; ///< a minute of the idle clock, in milliseconds on the wall
+    JournalSink journal = {};             ///< told what is done to the instrument
 };
 
 class modInter {

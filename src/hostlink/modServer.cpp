@@ -76,6 +76,7 @@ void modServer::onNotify(const Notification& notification) {
     for (const Message& message : messages) {
         if (notification.strId == message.id) {
             logLine(message.logLine);
+            note(m_surroundings.journal, {"request", {}, {}, std::string(message.id)});
             (this->*message.action)();
             return;
         }

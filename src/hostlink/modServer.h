@@ -9,6 +9,7 @@
 
 #include "base/Types.h"
 #include "hostlink/Host.h"
+#include "journal/JournalEntry.h"
 
 #include <functional>
 #include <string_view>
@@ -59,6 +60,8 @@ struct LogLineSurroundings {
     std::function<bool()> anyWindowIsLoaded = {};
     /// Shows a message box; style is TARN_BOX_....
     std::function<void(const char* text, const char* title, TarnLong style)> showMessage = {};
+    /// Told of each request of the host before it is done.
+    JournalSink journal = {};
 };
 
 class modServer {

@@ -174,7 +174,7 @@ TarnLong TARN_CALL TarnReadStagePos(TarnLong axis, TarnLong* position);
  * Result: non-zero when the status could be read. */
 TarnLong TARN_CALL TarnReadStageStatus(TarnLong axis, TarnLong zero, TarnLong* status);
 /* Searches the focus and returns when Z stands at the chosen position (or back where it began). flag: -1.
- * Non-zero when a focus was found; nobody looks. */
+ * Non-zero when a focus was found; the journal alone tells. */
 TarnLong TARN_CALL TarnAutoFocusExt(TarnLong flag);
 /* Loads the move that takes up the play of an axis, or of all with 0: away against the working direction and
  * back. It ends where it began; TarnStartStage sets it going. Non-zero when it was loaded. Needed by the

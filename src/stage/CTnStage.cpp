@@ -46,6 +46,6 @@ bool CTnStage::IsMoving(Integer axis) const {
     return result != 0 && status != 0;
 }
 
-void CTnStage::AutoFocus(Integer flag) { m_microProxy.TarnAutoFocusExt(flag); }
+Long CTnStage::AutoFocus(Integer flag) { return m_microProxy.TarnAutoFocusExt(flag); }
 
 } // namespace ocuva

@@ -54,8 +54,9 @@ public:
     /// counts as standing.
     bool IsMoving(Integer axis = axisAll) const;
 
-    /// Lets the host search the focus and returns when it has ended.
-    void AutoFocus(Integer flag);
+    /// Lets the host search the focus and returns when it has ended; the host's answer, zero for no focus, is
+    /// of use to the journal alone.
+    Long AutoFocus(Integer flag);
 
 private:
     struct Limits {

@@ -4,11 +4,18 @@
 
 namespace ocuva {
 
+StageWatch::~StageWatch() {
+    if (m_bStageMoving) {
+        note(m_journal, {"move", m_from, {}, "not ended when the program ended"});
+    }
+}
+
 void StageWatch::SyncStageMove(Integer axis) {
     // While a move is watched the frame may just be orange; the colour saved before it is the one to give
     // back.
     if (!m_bStageMoving) {
         m_savedColour = m_view.monitorColour();
+        m_from = m_shown;
     }
     m_stage.Start(axis);
     m_bStageMoving = true;
@@ -25,17 +32,23 @@ void StageWatch::tick() {
 
 void StageWatch::moveEnded() {
     m_view.enableMoveTimer(false);
+    const bool wasWatched = m_bStageMoving;
     if (m_bStageMoving) {
         m_view.setMonitorColour(m_savedColour);
         m_bStageMoving = false;
     }
     UpdateStagePos();
+    if (wasWatched) {
+        note(m_journal, {"move", m_from, m_shown, "ended"});
+    }
 }
 
 void StageWatch::UpdateStagePos() {
-    m_view.showPosition(axisX, std::to_string(m_stage.X()));
-    m_view.showPosition(axisY, std::to_string(m_stage.Y()));
-    m_view.showPosition(axisZ, std::to_string(m_stage.Z()));
+    const JournalPosition read{m_stage.X(), m_stage.Y(), m_stage.Z()};
+    m_view.showPosition(axisX, std::to_string(read.x));
+    m_view.showPosition(axisY, std::to_string(read.y));
+    m_view.showPosition(axisZ, std::to_string(read.z));
+    m_shown = read;
 }
 
 void stepZ(CTnStage& stage, StageWatch& watch, std::size_t index, bool up) {

@@ -8,10 +8,13 @@
 //                              +---------+  SyncStageMove (starts another axis), tick while an axis moves
 
 #include "base/Types.h"
+#include "journal/JournalEntry.h"
 #include "stage/CTnStage.h"
 
 #include <array>
+#include <optional>
 #include <string>
+#include <utility>
 
 namespace ocuva {
 
@@ -34,9 +37,15 @@ public:
     /// Period of the move timer, and so the longest delay after which the end of a move is seen.
     static constexpr int tickMs = 64;
 
-    StageWatch(CTnStage& stage, StageWatchView& view)
+    /// Each watched move that ends is noted in the journal.
+    StageWatch(CTnStage& stage, StageWatchView& view, JournalSink journal = {})
         : m_stage(stage)
-        , m_view(view) {}
+        , m_view(view)
+        , m_journal(std::move(journal)) {}
+    /// A move that is still watched is noted as not ended.
+    ~StageWatch();
+    StageWatch(const StageWatch&) = delete;
+    StageWatch& operator=(const StageWatch&) = delete;
 
     /// Starts the loaded moves of an axis (0: all) and watches them to their end.
     void SyncStageMove(Integer axis);
@@ -54,9 +63,16 @@ public:
 
     bool isWatching() const { return m_bStageMoving; }
 
+    /// The position as read and shown last, for the journal alone: the host is always asked anew.
+    const std::optional<JournalPosition>& shownPosition() const { return m_shown; }
+    const JournalSink& journal() const { return m_journal; }
+
 private:
     CTnStage& m_stage;
     StageWatchView& m_view;
+    JournalSink m_journal;
+    std::optional<JournalPosition> m_shown;
+    std::optional<JournalPosition> m_from; // shown when the watched move began
     bool m_bStageMoving = false;
     Long m_savedColour = 0;
     bool m_oddTick = false; // the tick counter's lowest bit, all that is ever used of it
