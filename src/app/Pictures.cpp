@@ -47,6 +47,9 @@ void Pictures::save() {
                  : cameraImage(m_context.image, m_context.stage, m_context.magnification.read());
     savePicture(pathOf(name), picture, m_context.calibration().points);
     m_context.information.showNote(QObject::tr("Save to file: '%1'").arg(QFileInfo(name).fileName()));
+    if (m_context.saved) {
+        m_context.saved(name);
+    }
 }
 
 void Pictures::open() {

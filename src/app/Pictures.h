@@ -34,6 +34,8 @@ struct PicturesContext {
     std::function<void(const QString&)> report;
     /// The window shows another image now: live or still, stored or not.
     std::function<void()> imageChanged;
+    /// Told of each picture that was saved, for the journal.
+    std::function<void(const QString& name)> saved = {};
 };
 
 /// A stored picture that is shown in place of the live image.

@@ -18,6 +18,7 @@ struct WindowRig : testing::Test {
     DisplayWindows windows;
     NoAutomation automation;
     int processEnds = 0;
+    std::vector<JournalEntry> journal;
     bool anotherCopy = false;
     std::unique_ptr<modInter> inter;
 
@@ -26,7 +27,8 @@ struct WindowRig : testing::Test {
     bool start(const std::string& commandLine = "") {
         inter = std::make_unique<modInter>(
             StartContext{host, windows, automation, commandLine, [this] { return anotherCopy; },
-                         QStringLiteral("Ocuva (test)"), [this] { ++processEnds; }});
+                         QStringLiteral("Ocuva (test)"), [this] { ++processEnds; }, modServer::idleTickMs,
+                         [this](const JournalEntry& entry) { journal.push_back(entry); }});
         return inter->Main();
     }
     frmOcuva& window() { return inter->mainWindow(); }
