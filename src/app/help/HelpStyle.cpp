@@ -1,6 +1,7 @@
 #include "app/help/HelpStyle.h"
 
 #include <QFontDatabase>
+#include <QFontMetricsF>
 #include <QTextBlock>
 #include <QTextCursor>
 #include <QTextFrame>
