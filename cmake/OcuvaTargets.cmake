@@ -33,7 +33,7 @@ option(OCUVA_PCH "Precompile the headers of Qt and GoogleTest" ON)
 add_compile_options(-fPIC)
 if(CMAKE_CXX_COMPILER_ID STREQUAL "Clang")
     # ... and ccache can tell that two of them are the same.
-    add_compile_options("SHELL:-Xclang -fno-pch-timestamp")
+    add_compile_options("$<$<COMPILE_LANGUAGE:CXX>:SHELL:-Xclang -fno-pch-timestamp>")
 endif()
 
 # ocuva_precompiled(<target> <group>): reuses the precompiled headers of one group, which are made at the
