@@ -12,8 +12,6 @@ namespace {
 constexpr float kBoundaryWidth = 1.1F;
 constexpr float kBoundaryDepth = 0.42F;
 
-float boundaryWidth(float footprint) { return kBoundaryWidth + 0.5F * footprint; }
-
 // Light and dark stripes of uneven width with soft flanks, counted from the grain's own place so that they do
 // not depend on the grid.
 struct Lamellae {
@@ -82,13 +80,12 @@ SIMHOST_VECTOR_CLONES void lightLamellae(const Lamellae& lamellae, const float* 
 
 class Shader {
 public:
-    Shader(const Mosaic& mosaic, const std::vector<Grain>& grains, const Relief& relief,
+    Shader(const std::vector<Grain>& grains, const Relief& relief, const EdgeReach& reach,
            const ColourPlanes* aggregates)
         : m_grains(grains)
         , m_relief(relief)
         , m_aggregates(aggregates)
-        , m_nearGap(nearGap(mosaic.cell, relief.footprint))
-        , m_width(boundaryWidth(relief.footprint)) {}
+        , m_reach(reach) {}
 
     // Writes somewhat beyond the end, where the next run comes or the spare samples lie: runs are short, and
     // whole vectors much faster than single samples. As if there were no edges: plain multiplication, the
@@ -112,16 +109,19 @@ public:
 
     // At an edge the two grains share the sample, and the etched boundary darkens both.
     void edge(const GrainRun& run, const std::vector<float>& gaps, ColourPlanes& out) const {
+        const auto isNear = [&](float gap) { return gap < m_reach.gap; };
+        if (run.neighbour == kNoNeighbour ||
+            std::none_of(&gaps[run.begin], &gaps[run.begin] + (run.end - run.begin), isNear)) {
+            return;
+        }
         const Grain& a = m_grains[static_cast<std::size_t>(run.owner)];
         const Grain& b = m_grains[static_cast<std::size_t>(run.neighbour)];
-        // In a power mosaic the distance to the common edge is the difference of powers over twice the
-        // distance of the two grains: exact, and linear up to the edge.
-        const float apart2 = (a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y);
-        const float perUnit = 2.0F * std::sqrt(apart2) + 1e-3F;
-        const float widest = lesser(m_nearGap, perUnit * m_width);
+        const float apart = std::sqrt((a.x - b.x) * (a.x - b.x) + (a.y - b.y) * (a.y - b.y));
+        const float perUnit = EdgeReach::gapPerUnit(apart);
+        const float widest = m_reach.gapOf(apart);
         // The line is wider than it is when a sample is coarse, so it is fainter in proportion.
-        const float depth =
-            kBoundaryDepth * (0.25F + 0.75F * unitFloat(mix(a.hash ^ b.hash))) * (kBoundaryWidth / m_width);
+        const float depth = kBoundaryDepth * (0.25F + 0.75F * unitFloat(mix(a.hash ^ b.hash))) *
+                            (kBoundaryWidth / m_reach.width);
         for (std::size_t i = run.begin; i < run.end; ++i) {
             if (gaps[i] >= widest) {
                 continue;
@@ -130,13 +130,11 @@ public:
             const float cover = coverage(distance, m_relief.footprint);
             const Rgb own = out.at(i);
             const Rgb blend = cover < 1.0F ? mixed(colour(b, i), own, cover) : own;
-            out.set(i, blend * (1.0F - depth * (1.0F - distance / m_width)));
+            out.set(i, blend * (1.0F - depth * (1.0F - distance / m_reach.width)));
         }
     }
 
 private:
-    static constexpr float lesser(float a, float b) { return a < b ? a : b; }
-
     Rgb colour(const Grain& grain, std::size_t at) const {
         if (grain.aggregate && m_aggregates != nullptr) {
             return m_aggregates->at(at);
@@ -152,23 +150,22 @@ private:
     const std::vector<Grain>& m_grains;
     const Relief& m_relief;
     const ColourPlanes* m_aggregates;
-    float m_nearGap;
-    float m_width;
+    const EdgeReach& m_reach;
 };
 
 } // namespace
 
-float nearGap(double cell, float footprint) {
-    return 6.0F * static_cast<float>(cell) * boundaryWidth(footprint);
-}
+EdgeReach::EdgeReach(double cell, float footprint)
+    : width(kBoundaryWidth + 0.5F * footprint)
+    , gap(6.0F * static_cast<float>(cell) * width) {}
 
-void shadeGrains(const Mosaic& mosaic, const std::vector<Grain>& grains, const GrainMap& map,
-                 const Relief& relief, const ColourPlanes* aggregates, ColourPlanes& out) {
-    const Shader shader(mosaic, grains, relief, aggregates);
+void shadeGrains(const std::vector<Grain>& grains, const GrainMap& map, const Relief& relief,
+                 const EdgeReach& edge, const ColourPlanes* aggregates, ColourPlanes& out) {
+    const Shader shader(grains, relief, edge, aggregates);
     for (auto run = map.runs.begin(); run != map.runs.end();) {
         // One grain's neighbours change along a row, its colour does not.
         auto next = run + 1;
-        while (next != map.runs.end() && next->owner == run->owner) {
+        while (next != map.runs.end() && next->owner == run->owner && next->begin == (next - 1)->end) {
             ++next;
         }
         shader.fill(run->owner, run->begin, (next - 1)->end, out);

@@ -40,9 +40,10 @@ void fill(ColourPlanes& out, Rgb colour) {
 Relief reliefOf(const SampleGrid& grid, std::uint32_t seed) {
     Relief relief;
     relief.footprint = grid.footprint();
-    relief.x.resize(grid.size());
-    relief.y.resize(grid.size());
-    relief.texture.resize(grid.size() + kSpareSamples);
+    const std::size_t size = grid.size() + kSpareSamples;
+    relief.x.resize(size);
+    relief.y.resize(size);
+    relief.texture.resize(size);
     std::size_t i = 0;
     for (int r = 0; r < grid.rows; ++r) {
         for (int c = 0; c < grid.columns; ++c, ++i) {
@@ -52,12 +53,11 @@ Relief reliefOf(const SampleGrid& grid, std::uint32_t seed) {
     }
     relief.straightX = relief.x;
     relief.straightY = relief.y;
-    relief.straightX.resize(grid.size() + kSpareSamples);
-    relief.straightY.resize(grid.size() + kSpareSamples);
     addLatticeNoise(grid, kSwingSpacing, mix(seed, 1), kSwing, relief.x);
     addLatticeNoise(grid, kSwingSpacing, mix(seed, 2), kSwing, relief.y);
     addLatticeNoise(grid, kRippleSpacing, mix(seed, 3), kRipple, relief.x);
     addLatticeNoise(grid, kRippleSpacing, mix(seed, 4), kRipple, relief.y);
+    findBounds(relief, grid.columns, grid.rows);
     // Fine pitting for the focus at every magnification, cloudiness above it.
     addLatticeNoise(grid, 0.6, mix(seed, 8), 0.8F, relief.texture);
     addLatticeNoise(grid, 1.6, mix(seed, 5), 1.0F, relief.texture);
@@ -73,9 +73,11 @@ void paintAggregates(const SampleGrid& grid, const Assemblage& assemblage, std::
         return;
     }
     const Mosaic mosaic{assemblage.fineCell, mix(seed, 21), &assemblage.fine, 0.0F};
-    const std::vector<Grain> grains = collectGrains(mosaic, grid, relief.x, relief.y);
-    shadeGrains(mosaic, grains, mapGrains(grains, relief.x, relief.y, grid.columns, grid.rows, mask), relief,
-                nullptr, out);
+    const EdgeReach edge(mosaic.cell, relief.footprint);
+    std::vector<Grain> grains = collectGrains(mosaic, grid, relief.bounds);
+    const GrainMap map = mapGrains(grains, relief, grid.columns, grid.rows, edge, mask);
+    giveLooks(mosaic, map, grains);
+    shadeGrains(grains, map, relief, edge, nullptr, out);
 }
 
 } // namespace
@@ -89,15 +91,17 @@ void paintSection(const SampleGrid& grid, const Assemblage& assemblage, std::uin
     }
     const Relief relief = reliefOf(grid, seed);
     const Mosaic mosaic{assemblage.coarseCell, mix(seed, 20), &assemblage.coarse, assemblage.aggregatePart};
-    const std::vector<Grain> grains = collectGrains(mosaic, grid, relief.x, relief.y);
-    const GrainMap map = mapGrains(grains, relief.x, relief.y, grid.columns, grid.rows);
-    const BlockMask mask = aggregateBlocks(mosaic, grains, map, relief.footprint, grid.columns, grid.rows);
+    const EdgeReach edge(mosaic.cell, relief.footprint);
+    std::vector<Grain> grains = collectGrains(mosaic, grid, relief.bounds);
+    const GrainMap map = mapGrains(grains, relief, grid.columns, grid.rows, edge);
+    giveLooks(mosaic, map, grains);
+    const BlockMask mask = aggregateBlocks(grains, map, edge, grid.columns, grid.rows);
     if (std::find(mask.wanted.begin(), mask.wanted.end(), 1) != mask.wanted.end()) {
         ColourPlanes aggregates(grid.size());
         paintAggregates(grid, assemblage, seed, relief, mask, aggregates);
-        shadeGrains(mosaic, grains, map, relief, &aggregates, out);
+        shadeGrains(grains, map, relief, edge, &aggregates, out);
     } else {
-        shadeGrains(mosaic, grains, map, relief, nullptr, out);
+        shadeGrains(grains, map, relief, edge, nullptr, out);
     }
     addInclusionsAndPores(grid, assemblage, seed, relief, out);
     addScratches(grid, seed, out);
