@@ -55,6 +55,12 @@ struct Candidates {
     std::vector<std::int32_t> number;
     std::vector<float> x, y, weight;
     std::size_t count() const { return number.size(); }
+    void reserve(std::size_t most) {
+        number.reserve(most);
+        x.reserve(most);
+        y.reserve(most);
+        weight.reserve(most);
+    }
     void clear() {
         number.clear();
         x.clear();
@@ -71,6 +77,7 @@ struct Candidates {
 
 Candidates lanesOf(const std::vector<Grain>& grains) {
     Candidates lanes;
+    lanes.reserve(grains.size());
     std::int32_t number = 0;
     for (const Grain& grain : grains) {
         lanes.add(number++, grain.x, grain.y, grain.weight);
@@ -131,17 +138,16 @@ struct Block {
     bool skipped = false; // the mask leaves it out
     bool even = false;    // one grain, far from its edges
     std::int32_t owner = 0;
-    Candidates candidates;
-    Candidates rivals; // candidates that can be seen here; `number` is their place
+    std::vector<std::int32_t> candidates; // grain numbers
     alignas(sizeof(Lanes)) std::array<std::int32_t, kBlock * kBlock> code;
     alignas(sizeof(Lanes)) std::array<float, kBlock * kBlock> gap;
 };
 
-// Leaves the candidates that can be nearest somewhere in the bounds, or so near to it that an edge shows;
+// Finds the candidates that can be nearest somewhere in the bounds, or so near to it that an edge shows;
 // with one left the block is even. The difference of two powers is linear, so its least value in the bounds
-// is exact; `tolerance` is what the powers are off.
-void findRivals(const Bounds& bounds, const EdgeReach& edge, float tolerance, Block& block) {
-    const Candidates& all = block.candidates;
+// is exact; `tolerance` is what the powers are off. The rivals' numbers are their places among the candidates.
+void findRivals(const Candidates& all, const Bounds& bounds, const EdgeReach& edge, float tolerance,
+                Candidates& rivals, Block& block) {
     const float x = 0.5F * (bounds.lowX + bounds.highX);
     const float y = 0.5F * (bounds.lowY + bounds.highY);
     const float halfX = bounds.highX - x;
@@ -158,14 +164,14 @@ void findRivals(const Bounds& bounds, const EdgeReach& edge, float tolerance, Bl
     }
     block.even = true;
     block.owner = all.number[first];
-    block.rivals.clear();
+    rivals.clear();
     for (std::size_t i = 0; i < all.count(); ++i) {
         const float acrossX = all.x[i] - all.x[first];
         const float acrossY = all.y[i] - all.y[first];
         const float behind = powerAt(i) - least -
                              2.0F * (std::abs(acrossX) * halfX + std::abs(acrossY) * halfY) - tolerance;
         if (behind <= edge.gap) {
-            block.rivals.add(static_cast<std::int32_t>(i), all.x[i], all.y[i], all.weight[i]);
+            rivals.add(static_cast<std::int32_t>(i), all.x[i], all.y[i], all.weight[i]);
             const float apart = std::sqrt(acrossX * acrossX + acrossY * acrossY);
             block.even = block.even && (i == first || behind > edge.gapOf(apart));
         }
@@ -174,13 +180,14 @@ void findRivals(const Bounds& bounds, const EdgeReach& edge, float tolerance, Bl
 
 // The two least powers at each sample. A power carries its grain's place among the candidates in its lowest
 // bits, so that plain minimum and maximum keep both in step: all lanes of a vector, no branches.
-SIMHOST_VECTOR_CLONES void compete(const float* __restrict x, const float* __restrict y, int pitch,
-                                   std::int32_t placeMask, Block& block) {
-    const std::int32_t* __restrict place = block.rivals.number.data();
-    const float* __restrict grainX = block.rivals.x.data();
-    const float* __restrict grainY = block.rivals.y.data();
-    const float* __restrict weight = block.rivals.weight.data();
-    const std::size_t count = block.rivals.count();
+SIMHOST_VECTOR_CLONES void compete(const Candidates& rivals, const float* __restrict x,
+                                   const float* __restrict y, int pitch, std::int32_t placeMask,
+                                   Block& block) {
+    const std::int32_t* __restrict place = rivals.number.data();
+    const float* __restrict grainX = rivals.x.data();
+    const float* __restrict grainY = rivals.y.data();
+    const float* __restrict weight = rivals.weight.data();
+    const std::size_t count = rivals.count();
     for (int r = 0; r < block.rows; ++r) {
         for (int c = 0; c < block.columns; c += kLanes) {
             const std::ptrdiff_t from = static_cast<std::ptrdiff_t>(r) * pitch + c;
@@ -224,7 +231,10 @@ public:
         , m_columns(columns)
         , m_rows(rows)
         , m_band(static_cast<std::size_t>((columns + kBlock - 1) / kBlock)) {
+        m_inTile.reserve(grains.size());
         candidatesIn(lanesOf(grains), relief.bounds, m_reach, m_inTile);
+        m_inBlock.reserve(m_inTile.count());
+        m_rivals.reserve(m_inTile.count());
         m_map.gap.resize(relief.x.size());
         m_map.runs.reserve(relief.x.size() / 8);
     }
@@ -251,15 +261,17 @@ public:
 private:
     void look(int left, int top, Block& block) {
         const Bounds& bounds = m_relief.blocks[(top / kBlock) * m_band.size() + left / kBlock];
-        const float farthest = candidatesIn(m_inTile, bounds, m_reach, block.candidates);
+        const float farthest = candidatesIn(m_inTile, bounds, m_reach, m_inBlock);
         const std::uint32_t placeMask =
-            std::bit_ceil(static_cast<std::uint32_t>(block.candidates.count())) - 1U;
+            std::bit_ceil(static_cast<std::uint32_t>(m_inBlock.count())) - 1U;
         constexpr float ulp = std::numeric_limits<float>::epsilon();
-        findRivals(bounds, m_edge, 2.0F * ulp * static_cast<float>(placeMask + 16) * farthest, block);
+        const float tolerance = 2.0F * ulp * static_cast<float>(placeMask + 16) * farthest;
+        findRivals(m_inBlock, bounds, m_edge, tolerance, m_rivals, block);
         if (!block.even) {
+            block.candidates = m_inBlock.number;
             const std::size_t first = indexOf(left, top);
-            compete(&m_relief.x[first], &m_relief.y[first], m_columns, static_cast<std::int32_t>(placeMask),
-                    block);
+            compete(m_rivals, &m_relief.x[first], &m_relief.y[first], m_columns,
+                    static_cast<std::int32_t>(placeMask), block);
         }
     }
 
@@ -280,7 +292,7 @@ private:
         const std::int32_t* code = &block.code[static_cast<std::size_t>(row) * kBlock];
         std::copy_n(&block.gap[static_cast<std::size_t>(row) * kBlock], block.columns, &m_map.gap[begin]);
         const auto numberOf = [&](std::int32_t place) {
-            return block.candidates.number[static_cast<std::size_t>(place)];
+            return block.candidates[static_cast<std::size_t>(place)];
         };
         for (int c = 0; c < block.columns;) {
             int end = c + 1;
@@ -317,6 +329,8 @@ private:
     int m_rows;
     Reach m_reach;
     Candidates m_inTile;
+    Candidates m_inBlock;
+    Candidates m_rivals;
     std::vector<Block> m_band; // one row of blocks
     GrainMap m_map;
 };

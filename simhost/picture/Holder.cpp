@@ -152,7 +152,7 @@ void paintGraticule(const SampleGrid& grid, std::uint32_t seed, ColourPlanes& ou
     ColourPlanes glass(grid.size());
     // A trace of polish on the glass, far weaker than any rock's texture.
     std::vector<float> haze(grid.size(), 1.0F);
-    addLatticeNoise(grid, 2.0, mix(seed, 900), 0.03F, haze);
+    LatticeNoise(grid).add(2.0, mix(seed, 900), 0.03F, haze);
     for (std::size_t i = 0; i < grid.size(); ++i) {
         glass.set(i, kGlass * haze[i]);
     }

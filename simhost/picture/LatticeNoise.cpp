@@ -9,47 +9,6 @@
 namespace simhost {
 namespace {
 
-// Quadratic B-spline through a lattice of random numbers: three neighbours along each axis.
-struct Knots {
-    std::int64_t first = 0;          // least lattice number that a place needs
-    std::size_t count = 0;           // of lattice numbers
-    std::vector<std::int32_t> place; // of the knot before each place, counted from `first`
-    std::vector<float> before, at, after;
-};
-
-SIMHOST_VECTOR_CLONES Knots knotsAlong(double start, double step, int count, double spacing) {
-    const auto size = static_cast<std::size_t>(count);
-    const auto knotAt = [&](int i) {
-        return static_cast<std::int64_t>(std::floor((start + i * step) / spacing + 0.5));
-    };
-    const auto [low, high] = std::minmax({knotAt(0), knotAt(count - 1)});
-    Knots knots{low - 1,
-                static_cast<std::size_t>(high - low + 3),
-                std::vector<std::int32_t>(size),
-                std::vector<float>(size),
-                std::vector<float>(size),
-                std::vector<float>(size)};
-    for (std::size_t i = 0; i < size; ++i) {
-        const double place = (start + static_cast<double>(i) * step) / spacing;
-        const double nearest = std::floor(place + 0.5);
-        const auto t = static_cast<float>(place - nearest);
-        knots.place[i] = static_cast<std::int32_t>(nearest - static_cast<double>(low));
-        knots.before[i] = 0.5F * (0.5F - t) * (0.5F - t);
-        knots.at[i] = 0.75F - t * t;
-        knots.after[i] = 0.5F * (0.5F + t) * (0.5F + t);
-    }
-    return knots;
-}
-
-// The first half of cellHash for each lattice column, the same in every row.
-std::vector<std::uint32_t> hashColumns(std::uint32_t seed, const Knots& columns) {
-    std::vector<std::uint32_t> hashes(columns.count);
-    for (std::size_t i = 0; i < columns.count; ++i) {
-        hashes[i] = mix(seed, static_cast<std::uint32_t>(columns.first + static_cast<std::int64_t>(i)));
-    }
-    return hashes;
-}
-
 SIMHOST_VECTOR_CLONES void drawLattice(const std::uint32_t* __restrict columnHashes, std::int64_t latticeRow,
                                        float* __restrict lattice, std::size_t count) {
     const auto row = static_cast<std::uint32_t>(latticeRow);
@@ -61,13 +20,10 @@ SIMHOST_VECTOR_CLONES void drawLattice(const std::uint32_t* __restrict columnHas
 }
 
 // One lattice row, interpolated to the grid's columns.
-SIMHOST_VECTOR_CLONES void interpolateRow(const Knots& columns, const float* __restrict lattice,
-                                          float* __restrict out) {
-    const std::size_t count = columns.place.size();
-    const std::int32_t* __restrict place = columns.place.data();
-    const float* __restrict before = columns.before.data();
-    const float* __restrict at = columns.at.data();
-    const float* __restrict after = columns.after.data();
+SIMHOST_VECTOR_CLONES void interpolateRow(const std::int32_t* __restrict place,
+                                          const float* __restrict before, const float* __restrict at,
+                                          const float* __restrict after, const float* __restrict lattice,
+                                          float* __restrict out, std::size_t count) {
     for (std::size_t c = 0; c < count; ++c) {
         out[c] =
             before[c] * lattice[place[c]] + at[c] * lattice[place[c] + 1] + after[c] * lattice[place[c] + 2];
@@ -81,30 +37,67 @@ SIMHOST_VECTOR_CLONES void addWeighted(float* out, const float* a, const float* 
     }
 }
 
+SIMHOST_VECTOR_CLONES void weighPlaces(double start, double step, double spacing, std::int64_t low,
+                                       std::int32_t* __restrict place, float* __restrict before,
+                                       float* __restrict at, float* __restrict after, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i) {
+        const double where = (start + static_cast<double>(i) * step) / spacing;
+        const double nearest = std::floor(where + 0.5);
+        const auto t = static_cast<float>(where - nearest);
+        place[i] = static_cast<std::int32_t>(nearest - static_cast<double>(low));
+        before[i] = 0.5F * (0.5F - t) * (0.5F - t);
+        at[i] = 0.75F - t * t;
+        after[i] = 0.5F * (0.5F + t) * (0.5F + t);
+    }
+}
+
 } // namespace
 
-void addLatticeNoise(const SampleGrid& grid, double spacing, std::uint32_t seed, float amplitude,
-                     std::vector<float>& values) {
-    const float fade = std::min(1.0F, 2.0F - 2.0F * grid.footprint() / static_cast<float>(spacing));
+void LatticeNoise::Knots::put(double start, double step, int places, double spacing) {
+    const auto knotAt = [&](int i) {
+        return static_cast<std::int64_t>(std::floor((start + i * step) / spacing + 0.5));
+    };
+    const auto [low, high] = std::minmax({knotAt(0), knotAt(places - 1)});
+    first = low - 1;
+    count = static_cast<std::size_t>(high - low + 3);
+    const auto size = static_cast<std::size_t>(places);
+    place.resize(size);
+    before.resize(size);
+    at.resize(size);
+    after.resize(size);
+    weighPlaces(start, step, spacing, low, place.data(), before.data(), at.data(), after.data(), size);
+}
+
+void LatticeNoise::add(double spacing, std::uint32_t seed, float amplitude, std::vector<float>& values) {
+    const float fade = std::min(1.0F, 2.0F - 2.0F * m_grid.footprint() / static_cast<float>(spacing));
     if (fade <= 0.0F) {
         return;
     }
-    const Knots columns = knotsAlong(grid.x0, grid.stepX, grid.columns, spacing);
-    const Knots rows = knotsAlong(grid.y0, grid.stepY, grid.rows, spacing);
-    const auto width = static_cast<std::size_t>(grid.columns);
-    std::vector<float> interpolated(rows.count * width);
-    const std::vector<std::uint32_t> columnHashes = hashColumns(seed, columns);
-    std::vector<float> lattice(columns.count);
-    for (std::size_t row = 0; row < rows.count; ++row) {
-        drawLattice(columnHashes.data(), rows.first + static_cast<std::int64_t>(row), lattice.data(),
-                    lattice.size());
-        interpolateRow(columns, lattice.data(), &interpolated[row * width]);
+    if (spacing != m_spacing) {
+        m_spacing = spacing;
+        m_columns.put(m_grid.x0, m_grid.stepX, m_grid.columns, spacing);
+        m_rows.put(m_grid.y0, m_grid.stepY, m_grid.rows, spacing);
+    }
+    const auto width = static_cast<std::size_t>(m_grid.columns);
+    m_interpolated.resize(std::max(m_interpolated.size(), m_rows.count * width));
+    m_lattice.resize(m_columns.count);
+    // The first half of cellHash for each lattice column is the same in every row.
+    m_columnHashes.resize(m_columns.count);
+    for (std::size_t i = 0; i < m_columns.count; ++i) {
+        const std::int64_t column = m_columns.first + static_cast<std::int64_t>(i);
+        m_columnHashes[i] = mix(seed, static_cast<std::uint32_t>(column));
+    }
+    for (std::size_t row = 0; row < m_rows.count; ++row) {
+        drawLattice(m_columnHashes.data(), m_rows.first + static_cast<std::int64_t>(row), m_lattice.data(),
+                    m_lattice.size());
+        interpolateRow(m_columns.place.data(), m_columns.before.data(), m_columns.at.data(),
+                       m_columns.after.data(), m_lattice.data(), &m_interpolated[row * width], width);
     }
     const float scale = amplitude * fade;
-    for (std::size_t r = 0; r < rows.place.size(); ++r) {
-        const float* first = &interpolated[static_cast<std::size_t>(rows.place[r]) * width];
-        addWeighted(&values[r * width], first, first + width, first + 2 * width, rows.before[r] * scale,
-                    rows.at[r] * scale, rows.after[r] * scale, width);
+    for (std::size_t r = 0; r < m_rows.place.size(); ++r) {
+        const float* first = &m_interpolated[static_cast<std::size_t>(m_rows.place[r]) * width];
+        addWeighted(&values[r * width], first, first + width, first + 2 * width, m_rows.before[r] * scale,
+                    m_rows.at[r] * scale, m_rows.after[r] * scale, width);
     }
 }
 

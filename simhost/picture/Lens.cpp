@@ -48,22 +48,40 @@ double samplePlace(double pixel, int size, double stage, double unitsPerPixel, i
     return onGrid / static_cast<double>(1 << level) - 0.5;
 }
 
+// Part of a tile and where it goes.
+struct Patch {
+    int columns, rows;
+    std::size_t from;     // first sample in the tile
+    std::uint16_t* to;    // first sample on the canvas
+    std::ptrdiff_t pitch; // of the canvas
+};
+
 // Bytes to the canvas. Bytes may point at anything, so the compiler has to be told that they do not point
 // here.
-SIMHOST_VECTOR_CLONES void widen(const std::uint8_t* __restrict in, std::uint16_t* __restrict out,
-                                 int count) {
-    for (int i = 0; i < count; ++i) {
-        out[i] = static_cast<std::uint16_t>(in[i] << kCanvasBits);
+SIMHOST_VECTOR_CLONES void widen(const std::uint8_t* channel, const Patch& patch) {
+    const int columns = patch.columns;
+    for (int r = 0; r < patch.rows; ++r) {
+        const std::uint8_t* __restrict in =
+            channel + patch.from + static_cast<std::ptrdiff_t>(r) * TileCache::kTile;
+        std::uint16_t* __restrict out = patch.to + r * patch.pitch;
+        for (int i = 0; i < columns; ++i) {
+            out[i] = static_cast<std::uint16_t>(in[i] << kCanvasBits);
+        }
     }
 }
 
-SIMHOST_VECTOR_CLONES void weighGrey(const TileCache::Tile& tile, std::size_t from,
-                                     std::uint16_t* __restrict out, int count) {
-    const std::uint8_t* __restrict r = &tile.channel[0][from];
-    const std::uint8_t* __restrict g = &tile.channel[1][from];
-    const std::uint8_t* __restrict b = &tile.channel[2][from];
-    for (int i = 0; i < count; ++i) {
-        out[i] = static_cast<std::uint16_t>((77 * r[i] + 150 * g[i] + 29 * b[i]) >> (8 - kCanvasBits));
+SIMHOST_VECTOR_CLONES void weighGrey(const TileCache::Tile& tile, const Patch& patch) {
+    const int columns = patch.columns;
+    for (int row = 0; row < patch.rows; ++row) {
+        const std::size_t first =
+            patch.from + static_cast<std::size_t>(row) * std::size_t{TileCache::kTile};
+        const std::uint8_t* __restrict r = &tile.channel[0][first];
+        const std::uint8_t* __restrict g = &tile.channel[1][first];
+        const std::uint8_t* __restrict b = &tile.channel[2][first];
+        std::uint16_t* __restrict out = patch.to + row * patch.pitch;
+        for (int i = 0; i < columns; ++i) {
+            out[i] = static_cast<std::uint16_t>((77 * r[i] + 150 * g[i] + 29 * b[i]) >> (8 - kCanvasBits));
+        }
     }
 }
 
@@ -225,17 +243,17 @@ void Lens::copyTile(const TileCache::Tile& tile, const Framing& framing, std::in
     const auto offsetX = static_cast<int>(column * size - (framing.left - framing.margin));
     const auto offsetY = static_cast<int>(row * size - (framing.top - framing.margin));
     const int left = std::max(0, offsetX);
-    const int count = std::min(framing.pitch(), offsetX + size) - left;
-    for (int y = std::max(0, offsetY); y < std::min(framing.lines(), offsetY + size); ++y) {
-        const std::size_t from = static_cast<std::size_t>(y - offsetY) * TileCache::kTile +
-                                 static_cast<std::size_t>(left - offsetX);
-        const std::size_t to = static_cast<std::size_t>(y) * static_cast<std::size_t>(framing.pitch()) +
-                               static_cast<std::size_t>(left);
-        if (channel == kGrey) {
-            weighGrey(tile, from, &m_canvas[to], count);
-        } else {
-            widen(&tile.channel[static_cast<std::size_t>(channel)][from], &m_canvas[to], count);
-        }
+    const int top = std::max(0, offsetY);
+    const Patch patch{std::min(framing.pitch(), offsetX + size) - left,
+                      std::min(framing.lines(), offsetY + size) - top,
+                      static_cast<std::size_t>(top - offsetY) * std::size_t{size} +
+                          static_cast<std::size_t>(left - offsetX),
+                      m_canvas.data() + static_cast<std::ptrdiff_t>(top) * framing.pitch() + left,
+                      framing.pitch()};
+    if (channel == kGrey) {
+        weighGrey(tile, patch);
+    } else {
+        widen(tile.channel[static_cast<std::size_t>(channel)].data(), patch);
     }
 }
 

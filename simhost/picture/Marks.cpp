@@ -277,16 +277,19 @@ void drawFamily(const SampleGrid& grid, const ScratchFamily& family, std::uint32
             Draw draw(cellHash(seed, k, m));
             const float chance = draw.unit();
             Scratch scratch{};
+            scratch.depth = family.depth * chance * chance; // most are hardly seen
+            if (scratch.depth <= 0.01F) {
+                continue;
+            }
             scratch.across = (static_cast<double>(k) + static_cast<double>(draw.unit())) * family.spacing;
             scratch.begin = (static_cast<double>(m) + static_cast<double>(draw.unit())) * family.length;
             scratch.end = scratch.begin + family.length * static_cast<double>(draw.between(0.2F, 0.95F));
             scratch.width = draw.between(0.35F, 0.9F);
-            scratch.depth = family.depth * chance * chance; // most are hardly seen
             const double reach = widestReach(grid, scratch);
             if (scratch.across + reach < across.low || scratch.across - reach > across.high) {
                 continue;
             }
-            if (scratch.depth > 0.01F && scratch.end > along.low && scratch.begin < along.high) {
+            if (scratch.end > along.low && scratch.begin < along.high) {
                 drawScratch(grid, family, scratch, out);
             }
         }

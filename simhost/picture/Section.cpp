@@ -53,16 +53,17 @@ Relief reliefOf(const SampleGrid& grid, std::uint32_t seed) {
     }
     relief.straightX = relief.x;
     relief.straightY = relief.y;
-    addLatticeNoise(grid, kSwingSpacing, mix(seed, 1), kSwing, relief.x);
-    addLatticeNoise(grid, kSwingSpacing, mix(seed, 2), kSwing, relief.y);
-    addLatticeNoise(grid, kRippleSpacing, mix(seed, 3), kRipple, relief.x);
-    addLatticeNoise(grid, kRippleSpacing, mix(seed, 4), kRipple, relief.y);
+    LatticeNoise noise(grid);
+    noise.add(kSwingSpacing, mix(seed, 1), kSwing, relief.x);
+    noise.add(kSwingSpacing, mix(seed, 2), kSwing, relief.y);
+    noise.add(kRippleSpacing, mix(seed, 3), kRipple, relief.x);
+    noise.add(kRippleSpacing, mix(seed, 4), kRipple, relief.y);
     findBounds(relief, grid.columns, grid.rows);
     // Fine pitting for the focus at every magnification, cloudiness above it.
-    addLatticeNoise(grid, 0.6, mix(seed, 8), 0.8F, relief.texture);
-    addLatticeNoise(grid, 1.6, mix(seed, 5), 1.0F, relief.texture);
-    addLatticeNoise(grid, 5.5, mix(seed, 6), 0.7F, relief.texture);
-    addLatticeNoise(grid, 24.0, mix(seed, 7), 0.6F, relief.texture);
+    noise.add(0.6, mix(seed, 8), 0.8F, relief.texture);
+    noise.add(1.6, mix(seed, 5), 1.0F, relief.texture);
+    noise.add(5.5, mix(seed, 6), 0.7F, relief.texture);
+    noise.add(24.0, mix(seed, 7), 0.6F, relief.texture);
     return relief;
 }
 
