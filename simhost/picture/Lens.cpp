@@ -178,7 +178,9 @@ const SensorImage& Lens::form(const View& view) {
     for (int channel = 0; channel < m_image.channels; ++channel) {
         // One channel after the other through the same planes: they stay in the processor's caches.
         assemble(view, framing, channel);
-        blur(framing);
+        if (framing.margin > 0) {
+            blur(framing);
+        }
         resample(view, framing, channel);
     }
     return m_image;
@@ -257,34 +259,28 @@ void Lens::copyTile(const TileCache::Tile& tile, const Framing& framing, std::in
     }
 }
 
-// Along columns into a second plane, then along rows back; the margin is used up on the way.
+// Line by line, along columns into a line of its own and then along the row. The result lies `margin` lines
+// higher, where no later line looks any more: all stays in one plane.
 void Lens::blur(const Framing& framing) {
-    if (m_evenBlur && m_kernels.kernel(m_kernelX.front()).radius == 0 &&
-        m_kernels.kernel(m_kernelY.front()).radius == 0) {
-        return; // in focus everywhere
-    }
     const int pitch = framing.pitch();
-    m_columnsDone.resize(m_canvas.size());
+    m_columnsDone.resize(static_cast<std::size_t>(pitch));
     const int step = m_evenBlur ? pitch : kBlock;
-    const auto kernelAt = [&](const std::vector<int>& map, int x, int y) -> const Kernel& {
-        return m_kernels.kernel(
-            map[static_cast<std::size_t>(y / kBlock) * static_cast<std::size_t>(framing.blocksAcross()) +
-                static_cast<std::size_t>(x / kBlock)]);
-    };
-    for (int y = framing.margin; y < framing.lines() - framing.margin; ++y) {
-        const std::ptrdiff_t line = static_cast<std::ptrdiff_t>(y) * pitch;
-        for (int x = 0; x < pitch; x += step) {
-            convolve(m_canvas.data() + line + x, pitch, kernelAt(m_kernelY, x, y),
-                     m_columnsDone.data() + line + x, std::min(step, pitch - x));
-        }
-    }
     const int right = pitch - framing.margin;
     for (int y = framing.margin; y < framing.lines() - framing.margin; ++y) {
-        const std::ptrdiff_t line = static_cast<std::ptrdiff_t>(y) * pitch;
+        const std::size_t firstBlock =
+            static_cast<std::size_t>(y / kBlock) * static_cast<std::size_t>(framing.blocksAcross());
+        const auto kernelAt = [&](const std::vector<int>& map, int x) -> const Kernel& {
+            return m_kernels.kernel(map[firstBlock + static_cast<std::size_t>(x / kBlock)]);
+        };
+        const std::uint16_t* from = m_canvas.data() + static_cast<std::ptrdiff_t>(y) * pitch;
+        for (int x = 0; x < pitch; x += step) {
+            convolve(from + x, pitch, kernelAt(m_kernelY, x), m_columnsDone.data() + x,
+                     std::min(step, pitch - x));
+        }
+        std::uint16_t* to = m_canvas.data() + static_cast<std::ptrdiff_t>(y - framing.margin) * pitch;
         for (int x = framing.margin; x < right;) {
             const int end = m_evenBlur ? right : std::min(right, (x / kBlock + 1) * kBlock);
-            convolve(m_columnsDone.data() + line + x, 1, kernelAt(m_kernelX, x, y),
-                     m_canvas.data() + line + x, end - x);
+            convolve(m_columnsDone.data() + x, 1, kernelAt(m_kernelX, x), to + x, end - x);
             x = end;
         }
     }
@@ -386,7 +382,7 @@ void Lens::resample(const View& view, const Framing& framing, int channel) {
     plane.resize(static_cast<std::size_t>(view.width) * static_cast<std::size_t>(view.height));
     for (int r = 0; r < view.height; ++r) {
         const SplineTap tap = splineTap(samplePlace(r, view.height, view.y, view.pixelY, framing.level));
-        const std::ptrdiff_t line = static_cast<std::ptrdiff_t>(tap.middle - framing.top + framing.margin);
+        const std::ptrdiff_t line = static_cast<std::ptrdiff_t>(tap.middle - framing.top);
         std::uint16_t* pixels = &plane[static_cast<std::size_t>(r) * static_cast<std::size_t>(view.width)];
         weighThree(m_canvas.data() + line * framing.pitch() + framing.margin, framing.pitch(), tap.weights,
                    samples.data(), framing.columns);

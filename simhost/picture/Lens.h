@@ -75,7 +75,7 @@ private:
     double m_halfDepth;
     BlurKernels m_kernels;
     std::vector<std::uint16_t> m_canvas;      // samples of one channel with margin; 7 fraction bits
-    std::vector<std::uint16_t> m_columnsDone; // blurred along columns
+    std::vector<std::uint16_t> m_columnsDone; // one line, blurred along columns
     std::vector<int> m_kernelX;               // kernel numbers of blocks of the canvas
     std::vector<int> m_kernelY;
     bool m_evenBlur = true; // all blocks alike
