@@ -145,7 +145,8 @@ struct Block {
 
 // Finds the candidates that can be nearest somewhere in the bounds, or so near to it that an edge shows;
 // with one left the block is even. The difference of two powers is linear, so its least value in the bounds
-// is exact; `tolerance` is what the powers are off. The rivals' numbers are their places among the candidates.
+// is exact; `tolerance` is what the powers are off. The rivals' numbers are their places among the
+// candidates.
 void findRivals(const Candidates& all, const Bounds& bounds, const EdgeReach& edge, float tolerance,
                 Candidates& rivals, Block& block) {
     const float x = 0.5F * (bounds.lowX + bounds.highX);
@@ -168,8 +169,8 @@ void findRivals(const Candidates& all, const Bounds& bounds, const EdgeReach& ed
     for (std::size_t i = 0; i < all.count(); ++i) {
         const float acrossX = all.x[i] - all.x[first];
         const float acrossY = all.y[i] - all.y[first];
-        const float behind = powerAt(i) - least -
-                             2.0F * (std::abs(acrossX) * halfX + std::abs(acrossY) * halfY) - tolerance;
+        const float behind =
+            powerAt(i) - least - 2.0F * (std::abs(acrossX) * halfX + std::abs(acrossY) * halfY) - tolerance;
         if (behind <= edge.gap) {
             rivals.add(static_cast<std::int32_t>(i), all.x[i], all.y[i], all.weight[i]);
             const float apart = std::sqrt(acrossX * acrossX + acrossY * acrossY);
@@ -262,8 +263,7 @@ private:
     void look(int left, int top, Block& block) {
         const Bounds& bounds = m_relief.blocks[(top / kBlock) * m_band.size() + left / kBlock];
         const float farthest = candidatesIn(m_inTile, bounds, m_reach, m_inBlock);
-        const std::uint32_t placeMask =
-            std::bit_ceil(static_cast<std::uint32_t>(m_inBlock.count())) - 1U;
+        const std::uint32_t placeMask = std::bit_ceil(static_cast<std::uint32_t>(m_inBlock.count())) - 1U;
         constexpr float ulp = std::numeric_limits<float>::epsilon();
         const float tolerance = 2.0F * ulp * static_cast<float>(placeMask + 16) * farthest;
         findRivals(m_inBlock, bounds, m_edge, tolerance, m_rivals, block);

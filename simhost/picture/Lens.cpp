@@ -73,8 +73,7 @@ SIMHOST_VECTOR_CLONES void widen(const std::uint8_t* channel, const Patch& patch
 SIMHOST_VECTOR_CLONES void weighGrey(const TileCache::Tile& tile, const Patch& patch) {
     const int columns = patch.columns;
     for (int row = 0; row < patch.rows; ++row) {
-        const std::size_t first =
-            patch.from + static_cast<std::size_t>(row) * std::size_t{TileCache::kTile};
+        const std::size_t first = patch.from + static_cast<std::size_t>(row) * std::size_t{TileCache::kTile};
         const std::uint8_t* __restrict r = &tile.channel[0][first];
         const std::uint8_t* __restrict g = &tile.channel[1][first];
         const std::uint8_t* __restrict b = &tile.channel[2][first];
@@ -246,12 +245,11 @@ void Lens::copyTile(const TileCache::Tile& tile, const Framing& framing, std::in
     const auto offsetY = static_cast<int>(row * size - (framing.top - framing.margin));
     const int left = std::max(0, offsetX);
     const int top = std::max(0, offsetY);
-    const Patch patch{std::min(framing.pitch(), offsetX + size) - left,
-                      std::min(framing.lines(), offsetY + size) - top,
-                      static_cast<std::size_t>(top - offsetY) * std::size_t{size} +
-                          static_cast<std::size_t>(left - offsetX),
-                      m_canvas.data() + static_cast<std::ptrdiff_t>(top) * framing.pitch() + left,
-                      framing.pitch()};
+    const Patch patch{
+        std::min(framing.pitch(), offsetX + size) - left, std::min(framing.lines(), offsetY + size) - top,
+        static_cast<std::size_t>(top - offsetY) * std::size_t{size} +
+            static_cast<std::size_t>(left - offsetX),
+        m_canvas.data() + static_cast<std::ptrdiff_t>(top) * framing.pitch() + left, framing.pitch()};
     if (channel == kGrey) {
         weighGrey(tile, patch);
     } else {
