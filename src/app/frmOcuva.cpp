@@ -5,6 +5,7 @@
 #include "autofocus/DoFocus.h"
 #include "base/Numbers.h"
 #include "base/Product.h"
+#include "controls/WindowPlace.h"
 #include "display/TwipsGeometry.h"
 #include "setup/frmSetup.h"
 
@@ -88,6 +89,7 @@ void frmOcuva::makeControls() {
     resize(pixelsX(designWindowWidth), monitor.bottom() + 1 + pixelsY(designBottomMargin) +
                                            menuBar()->sizeHint().height() + sbMain->sizeHint().height());
     setMinimumSize(1, 1);
+    new WindowPlace(*this, WindowPlace::Keeps::Position); // its size is that of the image
 }
 
 void frmOcuva::makeTimers() {

@@ -1,9 +1,11 @@
 #include "standards/frmMove.h"
 
+#include "controls/WindowPlace.h"
 #include "standards/StageTarget.h"
 
 #include <QGridLayout>
 #include <QLabel>
+#include <QShowEvent>
 
 namespace ocuva {
 
@@ -47,6 +49,9 @@ frmMove::frmMove(StageMover& fOcuva, std::function<void()> addStandard,
     cmdMove->setDefault(true);
     grid->setColumnStretch(1, 1);
 
+    new WindowPlace(*this, WindowPlace::Keeps::PositionAndSize,
+                    parent != nullptr ? besideItsOwner(*parent) : std::function<QRect(QSize)>());
+
     connect(cmdMove, &QPushButton::clicked, this, &frmMove::cmdMove_Click);
     connect(cmdStandard, &QPushButton::clicked, this, [add = std::move(addStandard)] { add(); });
     connect(cmdClose, &QPushButton::clicked, this, &QWidget::close);
@@ -54,6 +59,9 @@ frmMove::frmMove(StageMover& fOcuva, std::function<void()> addStandard,
 
 void frmMove::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
+    if (event->spontaneous()) {
+        return; // back from being minimised: what was typed stays
+    }
     CTnStage& stage = m_fOcuva.cxsStage();
     const Long x = stage.X();
     const Long y = stage.Y();

@@ -1,5 +1,7 @@
 #include "standards/frmStdList.h"
 
+#include "controls/WindowPlace.h"
+
 #include <QDragMoveEvent>
 #include <QGridLayout>
 #include <QHeaderView>
@@ -123,6 +125,7 @@ void frmStdList::makeControls() {
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(1, 1);
     resize(560, 360);
+    new WindowPlace(*this, WindowPlace::Keeps::PositionAndSize);
 }
 
 void frmStdList::showEvent(QShowEvent* event) {

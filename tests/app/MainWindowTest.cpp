@@ -316,6 +316,16 @@ TEST_F(MonitorGeometry, TheWindowFitsRoundTheReducedImageAtTheStart) {
     EXPECT_EQ(upDown.left() - monitor.right() - 1, monitor.left());
 }
 
+TEST_F(MonitorGeometry, TheWindowComesBackWhereItWasLeftInTheSizeOfTheImage) {
+    const QSize size = window().size();
+    window().move(33, 44);
+    window().resize(size + QSize(50, 50));
+    window().close();
+    start();
+    EXPECT_EQ(window().pos(), QPoint(33, 44));
+    EXPECT_EQ(window().size(), size);
+}
+
 TEST_F(MonitorGeometry, ZoomingInAndOutBringsTheWindowBackToItsSize) {
     const QSize before = window().size();
     action("mnuZoom0")->trigger();

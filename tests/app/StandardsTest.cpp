@@ -3,6 +3,7 @@
 
 #include <QMessageBox>
 #include <QMimeData>
+#include <QScreen>
 #include <QTimer>
 
 #include <limits>
@@ -140,6 +141,38 @@ TEST_F(MoveDialog, OpensFromItsShortcutTheToolbarAndADoubleClickOnAPositionPanel
         way();
         EXPECT_TRUE(moveDialog().isVisible());
     }
+}
+
+TEST_F(MoveDialog, OpensBesideTheMainWindowAndNotOverTheImage) {
+    window().move(40, 60);
+    action("mnuMove")->trigger();
+    EXPECT_FALSE(moveDialog().frameGeometry().intersects(window().frameGeometry()));
+    EXPECT_TRUE(window().QWidget::screen()->availableGeometry().contains(moveDialog().frameGeometry()));
+}
+
+TEST_F(MoveDialog, ComesBackWhereItWasLeftWithWhereTheStageIsNow) {
+    action("mnuMove")->trigger();
+    moveDialog().move(7, 9);
+    moveDialog().resize(moveDialog().size() + QSize(30, 10));
+    const QRect left = moveDialog().geometry();
+    moveDialog().close();
+    host.position = {{axisX, 5}};
+    start();
+    QCoreApplication::processEvents();
+    action("mnuMove")->trigger();
+    EXPECT_EQ(moveDialog().geometry(), left);
+    EXPECT_EQ(typed().front(), "5");
+}
+
+TEST_F(MoveDialog, KeepsWhatIsTypedWhenItComesBackFromBeingMinimised) {
+    action("mnuMove")->trigger();
+    moveDialog().txtMove[0]->setText(QStringLiteral("12"));
+    host.calls.clear();
+    QShowEvent shownByTheWindowSystem;
+    QSpontaneKeyEvent::setSpontaneous(&shownByTheWindowSystem);
+    qApp->notify(&moveDialog(), &shownByTheWindowSystem); // sendEvent would take the mark away
+    EXPECT_EQ(typed().front(), "12");
+    EXPECT_THAT(host.calls, IsEmpty());
 }
 
 TEST_F(MoveDialog, RoundsWhatIsTypedHalfToEven) {

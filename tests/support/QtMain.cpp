@@ -1,4 +1,6 @@
 #include <QApplication>
+#include <QSettings>
+#include <QTemporaryDir>
 
 #include <gmock/gmock.h>
 
@@ -9,6 +11,9 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     const QApplication application(argc, argv);
+    // Windows remember their places; not in the developer's own settings.
+    const QTemporaryDir registry;
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, registry.path());
     testing::InitGoogleMock(&argc, argv);
     return RUN_ALL_TESTS();
 }

@@ -2,6 +2,7 @@
 
 #include "app/toolbar/ImageList.h"
 #include "app/toolbar/ToolbarButtons.h"
+#include "controls/WindowPlace.h"
 
 #include <QCoreApplication>
 #include <QDrag>
@@ -111,6 +112,7 @@ CustomizeToolbarDialog::CustomizeToolbarDialog(const ToolbarLayout& layout,
     arrange();
     connectControls();
     fillLists(0);
+    new WindowPlace(*this, WindowPlace::Keeps::PositionAndSize);
 }
 
 void CustomizeToolbarDialog::arrange() {
