@@ -37,6 +37,14 @@ StatusPanel::StatusPanel(const QString& key, const QString& toolTip, QWidget* pa
     setTextFormat(Qt::PlainText);
 }
 
+void StatusPanel::setText(const QString& text) {
+    if (text != QLabel::text()) {
+        QLabel::setText(text);
+        setAccessibleDescription(text);
+        Q_EMIT textChanged();
+    }
+}
+
 void StatusPanel::setLamp(const QColor& colour) {
     m_lamp = colour;
     update();
@@ -90,6 +98,7 @@ StatusBar::StatusBar(QWidget* parent)
         auto* panel = new StatusPanel(key, rows.at(i).toolTip, this);
         m_panels.at(i) = panel;
         connect(panel, &StatusPanel::clicked, this, &StatusBar::panelClicked);
+        connect(panel, &StatusPanel::textChanged, this, &StatusBar::panelTextChanged);
         connect(panel, &StatusPanel::doubleClicked, this, &StatusBar::panelDoubleClicked);
         if (i < 3) {
             addWidget(withCaption(panel, key, this));
@@ -101,6 +110,11 @@ StatusBar::StatusBar(QWidget* parent)
             addWidget(panel, 1);
         }
     }
+}
+
+QString StatusBar::spokenText() const {
+    const auto said = [this](const char* key) { return panel(QString::fromLatin1(key))->text(); };
+    return tr("X %1, Y %2, Z %3, %4").arg(said("X"), said("Y"), said("Z"), said("Info").simplified());
 }
 
 StatusPanel* StatusBar::panel(const QString& key) const {

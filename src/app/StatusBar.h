@@ -16,6 +16,9 @@ class StatusPanel final : public QLabel {
 public:
     StatusPanel(const QString& key, const QString& toolTip, QWidget* parent);
 
+    /// Tells screen readers too, which read a panel by what it is and not by what it says.
+    void setText(const QString& text);
+
     /// A round lamp of that colour before the text.
     void setLamp(const QColor& colour);
     const QColor& lamp() const { return m_lamp; }
@@ -23,6 +26,7 @@ public:
 Q_SIGNALS:
     void clicked();
     void doubleClicked();
+    void textChanged();
 
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
@@ -43,8 +47,12 @@ public:
     /// The panel "X", "Y", "Z" or "Info"; null for any other key.
     StatusPanel* panel(const QString& key) const;
 
+    /// All panels in one line, as one would read them aloud.
+    QString spokenText() const;
+
 Q_SIGNALS:
     void panelClicked();
+    void panelTextChanged();
     void panelDoubleClicked();
     /// The information panel, after panelClicked.
     void informationClicked();

@@ -121,6 +121,8 @@ void frmOcuva::connectControls() {
     connect(tbMain, &MainToolbar::buttonClicked, this, &frmOcuva::tbMain_ButtonClick);
     connect(tbMain, &MainToolbar::customized, this, [this] { m_layoutStore.save(tbMain->layoutText()); });
     connect(sbMain, &StatusBar::panelClicked, this, [this] { UpdateStagePos(); });
+    connect(sbMain, &StatusBar::panelTextChanged, m_panels->milDisp,
+            [this] { m_panels->milDisp->setSpokenState(sbMain->spokenText()); });
     connect(sbMain, &StatusBar::informationClicked, this, &frmOcuva::Info_Click);
     connect(sbMain, &StatusBar::panelDoubleClicked, this, [this] { run(Command::Move); });
 }

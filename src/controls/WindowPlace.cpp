@@ -164,9 +164,12 @@ void WindowPlace::afterHide() {
     }
 }
 
-std::function<QRect(QSize)> besideItsOwner(const QWidget& owner) {
-    return [&owner](QSize size) {
-        const QWidget* window = owner.window();
+std::function<QRect(QSize)> besideItsOwner(const QWidget* owner) {
+    if (owner == nullptr) {
+        return {};
+    }
+    return [owner](QSize size) {
+        const QWidget* window = owner->window();
         return besideWindow(window->frameGeometry(), size, window->screen()->availableGeometry());
     };
 }

@@ -60,7 +60,7 @@ private:
     std::optional<QRect> m_place; // upper left corner of the frame, size without it
 };
 
-/// The first place of a dialog: beside its owner's window.
-std::function<QRect(QSize)> besideItsOwner(const QWidget& owner);
+/// The first place of a dialog: beside its owner's window; with no owner none.
+std::function<QRect(QSize)> besideItsOwner(const QWidget* owner);
 
 } // namespace ocuva

@@ -2,12 +2,33 @@
 
 #include "display/TwipsGeometry.h"
 
+#include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <QPainter>
 
 #include <utility>
 
 namespace ocuva {
+
+namespace {
+
+class MilDisplayAccessible final : public QAccessibleWidget {
+public:
+    explicit MilDisplayAccessible(MilDisplay& display)
+        : QAccessibleWidget(&display, QAccessible::Graphic) {}
+
+    QString text(QAccessible::Text kind) const override {
+        return kind == QAccessible::Value ? static_cast<const MilDisplay*>(widget())->spokenState()
+                                          : QAccessibleWidget::text(kind);
+    }
+};
+
+QAccessibleInterface* accessibleOf(const QString& /*className*/, QObject* object) {
+    auto* display = qobject_cast<MilDisplay*>(object);
+    return display != nullptr ? new MilDisplayAccessible(*display) : nullptr;
+}
+
+} // namespace
 
 MilDisplay::MilDisplay(DisplayWindows& windows, QWidget* parent)
     : QWidget(parent)
@@ -21,6 +42,7 @@ MilDisplay::MilDisplay(DisplayWindows& windows, QWidget* parent)
     setAttribute(Qt::WA_PaintOnScreen, isDrawnByHost());
     setMouseTracking(true);
     setCursor(Qt::CrossCursor);
+    QAccessible::installFactory(accessibleOf); // once, however often it is asked
     setAccessibleName(tr("Live image"));
     setAccessibleDescription(tr("Click a point to bring it to the centre"));
     m_hWnd = static_cast<Long>(winId());
@@ -28,6 +50,14 @@ MilDisplay::MilDisplay(DisplayWindows& windows, QWidget* parent)
 }
 
 MilDisplay::~MilDisplay() { m_windows.detach(m_hWnd); }
+
+void MilDisplay::setSpokenState(const QString& text) {
+    if (text != m_spokenState) {
+        m_spokenState = text;
+        QAccessibleValueChangeEvent changed(this, text);
+        QAccessible::updateAccessibility(&changed);
+    }
+}
 
 void MilDisplay::takeFrame() {
     if (FramePtr frame = m_mailbox.take()) {

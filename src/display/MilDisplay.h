@@ -39,6 +39,10 @@ public:
     /// The latest frame, on the screen unless a stored picture is; null before the first.
     const FramePtr& shownFrame() const { return m_frame; }
 
+    /// What a screen reader tells of the picture: where the stage is and whether the picture is live.
+    void setSpokenState(const QString& text);
+    const QString& spokenState() const { return m_spokenState; }
+
 Q_SIGNALS:
     /// x, y in twips from the control's top left corner.
     void mouseMoved(Qt::MouseButton button, int shift, float x, float y);
@@ -67,6 +71,7 @@ private:
     QImage m_pictureAtSize; // the same at the control's size in device pixels
     bool m_frameIsNew = false;
     std::uint64_t m_framesShown = 0;
+    QString m_spokenState;
 };
 
 } // namespace ocuva

@@ -1,11 +1,11 @@
 #include "pictures/frmSetupStage.h"
 
 #include "base/Numbers.h"
+#include "controls/WindowPlace.h"
 
 #include <QHBoxLayout>
 #include <QHideEvent>
 #include <QMessageBox>
-#include <QScreen>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -48,6 +48,7 @@ frmSetupStage::frmSetupStage(const SetupStageContext& context, QWidget* parent)
     layOut();
     connectControls();
     choice_Click();
+    new WindowPlace(*this, WindowPlace::Keeps::PositionAndSize, besideItsOwner(parent));
 }
 
 void frmSetupStage::makeControls() {
@@ -133,33 +134,11 @@ void frmSetupStage::openModeless() {
     if (!isVisible()) {
         fill(m_context.calibration.points);
         hint(tr("Pick each point on the image, then drive the stage to it and read the position."));
-        placeBesideParent();
         FramePoint->row(0).ButI->setFocus();
     }
     show();
     raise();
     activateWindow();
-}
-
-void frmSetupStage::placeBesideParent() {
-    const QWidget* parent = parentWidget();
-    if (parent == nullptr || parent->screen() == nullptr) {
-        return;
-    }
-    const QRect free = parent->screen()->availableGeometry();
-    const QRect window = parent->frameGeometry();
-    const int titleBar = parent->geometry().top() - window.top();
-    const QSize size = sizeHint() + QSize(0, titleBar);
-    for (const QPoint& place :
-         {QPoint(window.right() + 1, window.top()), QPoint(window.left() - size.width(), window.top()),
-          QPoint(window.left(), window.bottom() + 1), QPoint(window.left(), window.top() - size.height())}) {
-        if (free.contains(QRect(place, size))) {
-            move(place);
-            return;
-        }
-    }
-    // No room beside it: the corner covers the least of the image.
-    move(free.right() + 1 - size.width(), free.bottom() + 1 - size.height());
 }
 
 void frmSetupStage::fill(const CalibrationPoints& points) {

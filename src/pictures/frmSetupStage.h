@@ -35,7 +35,7 @@ class frmSetupStage final : public QDialog {
 public:
     frmSetupStage(const SetupStageContext& context, QWidget* parent);
 
-    /// Shows the dialog with the calibration's points, beside its parent where there is room.
+    /// Shows the dialog with the calibration's points.
     void openModeless();
 
     /// Whether the next click on the image is the point that is being selected.
@@ -75,7 +75,6 @@ private:
     void makeControls();
     void layOut();
     void connectControls();
-    void placeBesideParent();
 
     void ButI_Click(std::size_t point);
     void ButX_Click(std::size_t point);

@@ -1,24 +1,13 @@
 #include "setup/frmSetup.h"
 
+#include "controls/WindowPlace.h"
 #include "standards/frmStdList.h"
 
 #include <QCoreApplication>
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QScreen>
 
 namespace ocuva {
-
-namespace {
-
-QMargins frameMargins(const QWidget& window) {
-    const QRect inner = window.geometry();
-    const QRect outer = window.frameGeometry();
-    return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
-            outer.bottom() - inner.bottom()};
-}
-
-} // namespace
 
 frmSetup::frmSetup(const SetupContext& context, QWidget* owner)
     : QDialog(owner)
@@ -50,9 +39,7 @@ frmSetup::frmSetup(const SetupContext& context, QWidget* owner)
     });
     connect(cmdSaveDefault, &QPushButton::clicked, this, &frmSetup::cmdSaveDefault_Click);
     connect(cmdClose, &QPushButton::clicked, this, &QWidget::close);
-    if (owner != nullptr) {
-        placeBeside(*owner);
-    }
+    new WindowPlace(*this, WindowPlace::Keeps::PositionAndSize, besideItsOwner(owner));
 }
 
 void frmSetup::makePages(const SetupContext& context) {
@@ -115,19 +102,6 @@ void frmSetup::cmdSaveDefault_Click() {
 void frmSetup::report(const QString& text) {
     QMetaObject::invokeMethod(
         this, [this, text] { m_context.report(text); }, Qt::QueuedConnection);
-}
-
-// Where it hides least of the picture that it changes.
-void frmSetup::placeBeside(const QWidget& window) {
-    const QRect screen = window.screen()->availableGeometry();
-    const QRect taken = window.frameGeometry();
-    const QSize size = sizeHint().grownBy(frameMargins(window));
-    const int onTheRight = qMin(taken.right() + 1, screen.right() + 1 - size.width());
-    const int onTheLeft = qMax(taken.left() - size.width(), screen.left());
-    const bool rightHidesLess = taken.right() - onTheRight <= onTheLeft + size.width() - taken.left();
-    const int lowestTop = screen.bottom() + 1 - size.height();
-    move(qMax(rightHidesLess ? onTheRight : onTheLeft, screen.left()),
-         qMax(qMin(taken.top(), lowestTop), screen.top()));
 }
 
 bool frmSetup::event(QEvent* event) {

@@ -45,7 +45,6 @@ protected:
 private:
     void makePages(const SetupContext& context);
     void makeButtons();
-    void placeBeside(const QWidget& window);
     void tsSetup_Click(SetupTab clicked);
     void cmdStandardSort_Click();
     void cmdSaveDefault_Click();

@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QMessageBox>
 #include <QTimer>
+#include <QWheelEvent>
 
 #include <limits>
 
@@ -21,6 +22,15 @@ struct MainWindow : WindowRig {
         host.calls.clear();
     }
     std::vector<std::string> moves() const { return host.callsOf("TarnLoadStageRelSecure"); }
+    std::vector<std::string> stageCommands() const {
+        std::vector<std::string> commands;
+        for (const char* name : {"TarnLoadStageRelSecure", "TarnLoadStageAbs", "TarnStartStage",
+                                 "TarnBacklashStage", "TarnAutoFocusExt"}) {
+            const std::vector<std::string> calls = host.callsOf(name);
+            commands.insert(commands.end(), calls.begin(), calls.end());
+        }
+        return commands;
+    }
     // Closes the message box that the next action opens, and tells its text.
     void expectMessageBox(QString& text) {
         QTimer::singleShot(0, &window(), [&text] {
@@ -258,6 +268,26 @@ TEST_F(ZButtons, DoNothingInVgaMode) {
         QTest::mouseClick(button, Qt::LeftButton);
     }
     EXPECT_THAT(moves(), IsEmpty());
+}
+
+TEST_F(MainWindow, MovesNothingByAKeyThatDoesNotSaySo) {
+    // Digits, letters, arrows and the like: there is nothing that they could mean.
+    QTest::keyClicks(&window(), QStringLiteral("0123456789abcdefghijklmnopqrstuvwxyz+-*/.,"));
+    for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp,
+                              Qt::Key_PageDown, Qt::Key_Home, Qt::Key_End, Qt::Key_Delete, Qt::Key_Escape,
+                              Qt::Key_Enter, Qt::Key_Return, Qt::Key_Tab}) {
+        QTest::keyClick(&window(), key);
+    }
+    QWheelEvent wheel(QPointF(50, 50), QPointF(50, 50), QPoint(), QPoint(0, 120), Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QCoreApplication::sendEvent(window().panels().milDisp, &wheel);
+    EXPECT_THAT(stageCommands(), IsEmpty());
+}
+
+TEST_F(MainWindow, HasNoZButtonUnderTheSpaceBarWhenItOpens) {
+    QApplication::setActiveWindow(&window());
+    QTest::keyClick(window().focusWidget() != nullptr ? window().focusWidget() : &window(), Qt::Key_Space);
+    EXPECT_THAT(stageCommands(), IsEmpty());
 }
 
 TEST_F(MainWindow, WatchesAMoveToItsEndAndGivesTheFrameItsColourBack) {

@@ -175,6 +175,26 @@ TEST_F(MoveDialog, KeepsWhatIsTypedWhenItComesBackFromBeingMinimised) {
     EXPECT_THAT(host.calls, IsEmpty());
 }
 
+TEST_F(MoveDialog, LeavesTheStageAloneWhileOneTypesUntilEnterOrMove) {
+    action("mnuMove")->trigger();
+    QApplication::setActiveWindow(&moveDialog());
+    TextBox* box = moveDialog().txtMove[0];
+    box->setFocus();
+    host.calls.clear();
+    // The window's own commands that move the stage have these keys; none of them counts here.
+    for (const Qt::Key key : {Qt::Key_F3, Qt::Key_F4, Qt::Key_F5, Qt::Key_F6, Qt::Key_F7, Qt::Key_F8,
+                              Qt::Key_F9, Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp, Qt::Key_PageDown,
+                              Qt::Key_Home, Qt::Key_End, Qt::Key_Plus, Qt::Key_Minus, Qt::Key_Space}) {
+        QTest::keyClick(box, key);
+    }
+    box->selectAll();
+    QTest::keyClicks(box, QStringLiteral("-12"));
+    EXPECT_EQ(box->text(), QStringLiteral("-12"));
+    EXPECT_THAT(host.calls, IsEmpty());
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_EQ(moves().size(), 3U);
+}
+
 TEST_F(MoveDialog, RoundsWhatIsTypedHalfToEven) {
     action("mnuMove")->trigger();
     moveDialog().txtMove[0]->setText(QStringLiteral("12.5"));

@@ -120,6 +120,9 @@ void CustomizeToolbarDialog::arrange() {
     auto* const lblCurrent = new QLabel(QStringLiteral("Curren&t toolbar buttons:"));
     lblAvailable->setBuddy(lstAvailable);
     lblCurrent->setBuddy(lstCurrent);
+    // A list does not lend its label's name to screen readers.
+    lstAvailable->setAccessibleName(QStringLiteral("Available toolbar buttons"));
+    lstCurrent->setAccessibleName(QStringLiteral("Current toolbar buttons"));
 
     auto* const between = new QVBoxLayout;
     between->addStretch();
