@@ -1,14 +1,13 @@
 // What the whole program costs in a real window: its start beside that of an empty window, a click on its way
 // to the stage, and a live picture. Needs a display; bench/run brings a virtual one.
 
-#include "app/modInter.h"
-#include "simhost/SimulatedHost.h"
+#include "RunningProgram.h"
+#include "settings/Settings.h"
 
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QMouseEvent>
 #include <QProcess>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTimer>
 
@@ -27,6 +26,7 @@
 namespace {
 
 using namespace ocuva;
+using namespace ocuva::bench;
 
 using Seconds = std::chrono::duration<double>;
 
@@ -36,6 +36,8 @@ constexpr const char* stillProgramSwitch = "--still-program";
 constexpr const char* movingProgramSwitch = "--moving-program";
 constexpr int liveMs = 4000;
 constexpr int stillSeconds = 10;
+constexpr int overlayPairs = 9;
+constexpr int overlayMs = 1500;
 constexpr int launches = 15;
 
 double processCpuSeconds() { return static_cast<double>(std::clock()) / CLOCKS_PER_SEC; }
@@ -45,79 +47,6 @@ void spinEventLoop(int ms) {
     QTimer::singleShot(ms, &loop, &QEventLoop::quit);
     loop.exec();
 }
-
-// Tells when the program loads a stage move, and hands everything on.
-class WatchedStage final : public TnMicroProxy {
-public:
-    explicit WatchedStage(TnMicroProxy& stage)
-        : m_stage(stage) {}
-    std::chrono::steady_clock::time_point loaded;
-
-    TarnLong TarnStartStage(TarnLong axis) override { return m_stage.TarnStartStage(axis); }
-    TarnLong TarnLoadStageAbs(TarnLong axis, TarnSingle target) override {
-        return m_stage.TarnLoadStageAbs(axis, target);
-    }
-    TarnLong TarnLoadStageRelSecure(TarnLong axis, TarnSingle distance) override {
-        if (axis == axisX) {
-            loaded = std::chrono::steady_clock::now();
-        }
-        return m_stage.TarnLoadStageRelSecure(axis, distance);
-    }
-    TarnLong TarnReadStagePos(TarnLong axis, TarnLong* position) override {
-        return m_stage.TarnReadStagePos(axis, position);
-    }
-    TarnLong TarnReadStageStatus(TarnLong axis, TarnLong zero, TarnLong* status) override {
-        return m_stage.TarnReadStageStatus(axis, zero, status);
-    }
-    TarnLong TarnAutoFocusExt(TarnLong flag) override { return m_stage.TarnAutoFocusExt(flag); }
-    TarnLong TarnBacklashStage(TarnLong axis) override { return m_stage.TarnBacklashStage(axis); }
-
-private:
-    TnMicroProxy& m_stage;
-};
-
-class WatchedHost final : public Host {
-public:
-    explicit WatchedHost(Host& host)
-        : stage(host.tn_micro_proxy())
-        , m_host(host) {}
-    WatchedStage stage;
-
-    TnReg& tn_reg() override { return m_host.tn_reg(); }
-    TnLog& tn_log() override { return m_host.tn_log(); }
-    TnLogKeys& Tn_log() override { return m_host.Tn_log(); }
-    TnOcuva& tn_ocuva() override { return m_host.tn_ocuva(); }
-    TnLibProxy& tn_lib_proxy() override { return m_host.tn_lib_proxy(); }
-    TnMicroProxy& tn_micro_proxy() override { return stage; }
-    TnVideo& tn_video() override { return m_host.tn_video(); }
-    TnVduti& tn_vduti() override { return m_host.tn_vduti(); }
-    std::unique_ptr<Notifier> createNotifier() override { return m_host.createNotifier(); }
-
-private:
-    Host& m_host;
-};
-
-// The program as it starts on the bench: its own data folder, live from the start.
-struct Program {
-    explicit Program(const QString& folder) {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder);
-        simhost::SimulatedHostOptions options;
-        options.dataFolder = (folder + QStringLiteral("/data")).toStdString();
-        options.windows = &windows;
-        simulated.emplace(std::move(options));
-        host.emplace(*simulated);
-        inter.emplace(StartContext{*host, windows, automation, "", [] { return false; },
-                                   QStringLiteral("bench"), [] {}});
-        inter->Main();
-    }
-    MilDisplay& display() { return *inter->mainWindow().panels().milDisp; }
-
-    DisplayWindows windows;
-    NoAutomation automation;
-    std::optional<simhost::SimulatedHost> simulated;
-    std::optional<WatchedHost> host;
-    std::optional<modInter> inter;
-};
 
 class EmptyWindow final : public QWidget {
 protected:
@@ -357,6 +286,66 @@ void liveWhileTheStageMoves(benchmark::State& state) {
     measureLive(state, program);
 }
 BENCHMARK(liveWhileTheStageMoves)->Iterations(1)->Unit(benchmark::kMillisecond);
+
+void showAllOverlays(frmOcuva& window, bool on) {
+    for (const Command command : {Command::Cross, Command::Grid, Command::MicroMarker}) {
+        const bool shown = command == Command::Cross  ? window.overlays().bShowCross()
+                           : command == Command::Grid ? window.overlays().bShowGrid()
+                                                      : window.panels().frMicroMarker->isVisible();
+        if (shown != on) {
+            window.run(command);
+        }
+    }
+}
+
+// Without and with all overlays in turn, so that a busy machine slows both alike; CPU time of the whole
+// process per frame, medians. The argument is the grid's pitch on the picture at 1:2.
+void liveWithAllOverlays(benchmark::State& state) {
+    const QTemporaryDir folder;
+    const auto pitch = static_cast<Long>(2 * state.range(0));
+    const auto shape = [&](Program& program) {
+        Settings(program.host->tn_reg()).writeGrid({pitch, pitch, 2});
+        Settings(program.host->tn_reg()).writeCross({200, 4});
+    };
+    std::optional<Program> program(folder.path());
+    shape(*program);
+    program.reset();
+    program.emplace(folder.path());
+    frmOcuva& window = program->inter->mainWindow();
+    const MilDisplay& display = program->display();
+    spinEventLoop(1000);
+    const auto cpuMsPerFrame = [&](bool on) {
+        showAllOverlays(window, on);
+        spinEventLoop(200);
+        const std::uint64_t shownBefore = display.framesShown();
+        const double begin = processCpuSeconds();
+        spinEventLoop(overlayMs);
+        return (processCpuSeconds() - begin) * 1000.0 /
+               static_cast<double>(display.framesShown() - shownBefore);
+    };
+    std::vector<double> without;
+    std::vector<double> with;
+    std::vector<double> ratio;
+    for (auto _ : state) {
+        for (int i = 0; i < overlayPairs; ++i) {
+            without.push_back(cpuMsPerFrame(false));
+            with.push_back(cpuMsPerFrame(true));
+            ratio.push_back(with.back() / without.back());
+        }
+    }
+    const auto& bars = window.overlays().frGrid().bars();
+    state.counters["gridBars"] = static_cast<double>(
+        std::count_if(bars.begin(), bars.end(), [](const BarFrame* bar) { return !bar->bar().isEmpty(); }));
+    state.counters["cpuMsWithout"] = median(without);
+    state.counters["cpuMsWith"] = median(with);
+    state.counters["ratio"] = median(ratio);
+}
+BENCHMARK(liveWithAllOverlays)
+    ->ArgName("pitch")
+    ->Arg(60)
+    ->Arg(8)
+    ->Iterations(1)
+    ->Unit(benchmark::kMillisecond);
 
 } // namespace
 

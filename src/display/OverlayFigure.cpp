@@ -106,14 +106,13 @@ OverlayFigure::OverlayFigure(QString name, QWidget* display)
     : m_name(std::move(name))
     , m_display(display) {}
 
-BarFrame* OverlayFigure::add() {
+BarFrame* OverlayFigure::add(const QString& name) {
     auto* bar = new BarFrame(m_display);
-    bar->setObjectName(m_name + QString::number(m_bars.size()));
+    bar->setObjectName(name);
     bar->setProperty("figure", m_name);
     // Below what was there before: a figure that grows must not cover the others.
     bar->lower();
     bar->hide();
-    m_bars.push_back(bar);
     return bar;
 }
 
@@ -124,19 +123,30 @@ void OverlayFigure::place(const std::vector<PixelRect>& bars, bool outlined) {
         rects.emplace_back(bar.left, bar.top, bar.width, bar.height);
     }
     const FigureRegions figure = figureRegions(rects, outlined);
+    const bool dense = rects.size() > mostSeparateBars;
+    if (dense && m_sheet == nullptr) {
+        m_sheet = add(m_name + QStringLiteral("Sheet"));
+    }
+    if (m_sheet != nullptr) {
+        m_sheet->place(dense ? figure.core.boundingRect() : QRect(), figure);
+    }
     while (m_bars.size() < rects.size()) {
-        add();
+        m_bars.push_back(add(m_name + QString::number(m_bars.size())));
     }
     for (std::size_t i = 0; i < m_bars.size(); ++i) {
-        m_bars[i]->place(i < rects.size() ? rects[i] : QRect(), figure);
+        m_bars[i]->place(i < rects.size() ? rects[i] : QRect(), dense ? FigureRegions{} : figure);
     }
     show(m_shown);
 }
 
 void OverlayFigure::show(bool on) {
     m_shown = on;
+    const bool dense = m_sheet != nullptr && !m_sheet->bar().isEmpty();
+    if (m_sheet != nullptr) {
+        m_sheet->setVisible(on && dense);
+    }
     for (BarFrame* bar : m_bars) {
-        bar->setVisible(on && !bar->bar().isEmpty());
+        bar->setVisible(on && !dense && !bar->bar().isEmpty());
     }
 }
 

@@ -89,12 +89,17 @@ public:
 
     const std::vector<BarFrame*>& bars() const { return m_bars; }
 
+    /// Figures of more bars are shown as one control across them, their bars only keep their places: laying
+    /// one large picture over each frame then costs less than many small ones.
+    static constexpr std::size_t mostSeparateBars = 24;
+
 private:
-    BarFrame* add();
+    BarFrame* add(const QString& name);
 
     QString m_name;
     QWidget* m_display;
     std::vector<BarFrame*> m_bars;
+    BarFrame* m_sheet = nullptr; // across all bars; an empty one while they are shown themselves
     bool m_shown = false;
 };
 

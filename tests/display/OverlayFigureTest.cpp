@@ -196,3 +196,35 @@ TEST_F(OnTheLiveImage, TheMarkersBarHasATickAtEachEnd) {
     EXPECT_EQ(frMicroMarker.width(), 384);
     EXPECT_LT(frMicroMarker.lbMicroMarker->geometry().bottom(), left.Y1);
 }
+
+TEST_F(OnTheLiveImage, AFigureOfManyBarsLooksTheSameAndIsOneControl) {
+    std::vector<PixelRect> bars;
+    QImage expected(384, 288, QImage::Format_RGB32);
+    expected.fill(0xff808080U);
+    {
+        std::vector<QRect> rects;
+        for (int x = 4; x < 384; x += 8) {
+            bars.push_back({x, 0, 1, 288});
+            rects.emplace_back(x, 0, 1, 288);
+        }
+        OverlayWidget colours(&display);
+        colours.setProperty("coreColour", QColor(0xd8, 0xec, 0xff));
+        colours.setProperty("outlineColour", QColor(0x10, 0x10, 0x10));
+        QPainter painter(&expected);
+        figureRegions(rects, true).paint(painter, colours);
+    }
+    ASSERT_GT(bars.size(), OverlayFigure::mostSeparateBars);
+    frGrid.place(bars);
+    frGrid.show(true);
+    EXPECT_EQ(over(0xff808080U).convertToFormat(QImage::Format_RGB32), expected);
+    int visible = 0;
+    for (const auto* child : display.findChildren<BarFrame*>()) {
+        visible += child->isVisible() ? 1 : 0;
+    }
+    EXPECT_EQ(visible, 1);
+
+    frGrid.place({{100, 0, 1, 288}, {200, 0, 1, 288}});
+    EXPECT_TRUE(frGrid.bars()[0]->isVisible());
+    EXPECT_EQ(over(0xff808080U).pixelColor(104, 20), QColor(0x80, 0x80, 0x80)) << "nothing is left of it";
+    EXPECT_EQ(over(0xff808080U).pixelColor(100, 20), QColor(0xd8, 0xec, 0xff));
+}
