@@ -27,8 +27,8 @@ const QSize rowIconSize(smallIconPx, smallIconPx);
 
 QString rowMimeType() { return QStringLiteral("application/x-ocuva-toolbar-row"); }
 
-QPushButton* pushButton(const char* name, const char* text) {
-    auto* const button = new QPushButton(QString::fromLatin1(text));
+QPushButton* pushButton(const char* name, const QString& text) {
+    auto* const button = new QPushButton(text);
     button->setObjectName(QString::fromLatin1(name));
     button->setAutoDefault(false);
     return button;
@@ -99,16 +99,16 @@ CustomizeToolbarDialog::CustomizeToolbarDialog(const ToolbarLayout& layout,
     : QDialog(parent)
     , lstAvailable(new ButtonList(QStringLiteral("lstAvailable")))
     , lstCurrent(new ButtonList(QStringLiteral("lstCurrent")))
-    , cmdAdd(pushButton("cmdAdd", "&Add ->"))
-    , cmdRemove(pushButton("cmdRemove", "<- &Remove"))
-    , cmdMoveUp(pushButton("cmdMoveUp", "Move &Up"))
-    , cmdMoveDown(pushButton("cmdMoveDown", "Move &Down"))
-    , cmdReset(pushButton("cmdReset", "R&eset"))
-    , cmdClose(pushButton("cmdClose", "&Close"))
+    , cmdAdd(pushButton("cmdAdd", tr("&Add ->")))
+    , cmdRemove(pushButton("cmdRemove", tr("<- &Remove")))
+    , cmdMoveUp(pushButton("cmdMoveUp", tr("Move &Up")))
+    , cmdMoveDown(pushButton("cmdMoveDown", tr("Move &Down")))
+    , cmdReset(pushButton("cmdReset", tr("R&eset")))
+    , cmdClose(pushButton("cmdClose", tr("&Close")))
     , m_layout(layout)
     , m_iconOf(std::move(iconOf)) {
     setObjectName(QStringLiteral("dlgCustomizeToolbar"));
-    setWindowTitle(QStringLiteral("Customize Toolbar"));
+    setWindowTitle(tr("Customize Toolbar"));
     arrange();
     connectControls();
     fillLists(0);
@@ -116,13 +116,13 @@ CustomizeToolbarDialog::CustomizeToolbarDialog(const ToolbarLayout& layout,
 }
 
 void CustomizeToolbarDialog::arrange() {
-    auto* const lblAvailable = new QLabel(QStringLiteral("A&vailable toolbar buttons:"));
-    auto* const lblCurrent = new QLabel(QStringLiteral("Curren&t toolbar buttons:"));
+    auto* const lblAvailable = new QLabel(tr("A&vailable toolbar buttons:"));
+    auto* const lblCurrent = new QLabel(tr("Curren&t toolbar buttons:"));
     lblAvailable->setBuddy(lstAvailable);
     lblCurrent->setBuddy(lstCurrent);
     // A list does not lend its label's name to screen readers.
-    lstAvailable->setAccessibleName(QStringLiteral("Available toolbar buttons"));
-    lstCurrent->setAccessibleName(QStringLiteral("Current toolbar buttons"));
+    lstAvailable->setAccessibleName(tr("Available toolbar buttons"));
+    lstCurrent->setAccessibleName(tr("Current toolbar buttons"));
 
     auto* const between = new QVBoxLayout;
     between->addStretch();
@@ -244,11 +244,12 @@ void CustomizeToolbarDialog::fillLists(int currentRow) {
 
 void CustomizeToolbarDialog::addRow(ButtonList& list, const QString& key) const {
     const ToolbarButton* const button = findButton(key);
-    auto* const row = new QListWidgetItem(button != nullptr ? button->text : separatorText);
+    auto* const row =
+        new QListWidgetItem(button != nullptr ? shownText(button->text) : shownText(separatorText));
     row->setData(Qt::UserRole, key);
     row->setIcon(m_iconOf(key));
     if (button != nullptr) {
-        row->setToolTip(button->tooltip);
+        row->setToolTip(shownText(button->tooltip));
     }
     row->setSizeHint({0, rowIconSize.height() + 4});
     list.addItem(row);

@@ -15,7 +15,7 @@ namespace ocuva {
 MainToolbar::MainToolbar(QWidget* parent)
     : QToolBar(parent) {
     setObjectName(QStringLiteral("tbMain"));
-    setAccessibleName(QStringLiteral("Main toolbar"));
+    setAccessibleName(tr("Main toolbar"));
     setMovable(false);
     setFloatable(false);
     setToolButtonStyle(Qt::ToolButtonIconOnly);
@@ -44,8 +44,8 @@ void MainToolbar::makeActions() {
             separator(key);
             continue;
         }
-        auto* const made = new QAction(QString(definition.text), this);
-        made->setToolTip(definition.tooltip);
+        auto* const made = new QAction(shownText(definition.text), this);
+        made->setToolTip(shownText(definition.tooltip));
         made->setCheckable(definition.style == ButtonStyle::Check);
         connect(made, &QAction::triggered, this, [this, key] { Q_EMIT buttonClicked(key); });
         m_actions.insert(key, made);
@@ -57,7 +57,7 @@ void MainToolbar::makeActions() {
 
 void MainToolbar::makeMenu(const QString& key) {
     QMenu* const menu = m_menus[key].menu();
-    menu->setTitle(findButton(key)->text + QStringLiteral(" list"));
+    menu->setTitle(tr("%1 list").arg(shownText(findButton(key)->text)));
     connect(menu, &QMenu::triggered, this, [this, key](const QAction* item) {
         const QString itemKey = item->data().toString();
         Q_EMIT buttonMenuClicked(key, itemKey);
@@ -194,8 +194,8 @@ void MainToolbar::dress(const QString& key, QWidget* item) {
     if (button == nullptr || definition == nullptr) {
         return;
     }
-    button->setAccessibleName(definition->text);
-    button->setAccessibleDescription(definition->tooltip);
+    button->setAccessibleName(shownText(definition->text));
+    button->setAccessibleDescription(shownText(definition->tooltip));
     button->setFocusPolicy(Qt::TabFocus);
     button->installEventFilter(this);
     if (ButtonMenus* const menus = buttonMenus(key); menus != nullptr) {
@@ -313,7 +313,7 @@ void MainToolbar::completeOverflowMenu() {
 void MainToolbar::dressChevron() {
     if (QToolButton* const overflow = chevron(); overflow != nullptr) {
         overflow->setFocusPolicy(Qt::TabFocus);
-        overflow->setAccessibleName(QStringLiteral("More buttons"));
+        overflow->setAccessibleName(tr("More buttons"));
         // Styles bring an image of their own, which some of them leave black on a dark bar.
         overflow->setIcon(vectorIcon(overflowIconKey, false, IconLook::Normal));
         overflow->installEventFilter(this);

@@ -1,5 +1,7 @@
 #include "app/toolbar/ToolbarButtons.h"
 
+#include <QCoreApplication>
+
 #include <algorithm>
 #include <array>
 
@@ -11,24 +13,36 @@ using S = ButtonStyle;
 using L = QLatin1StringView;
 
 constexpr std::array buttons{
-    ToolbarButton{L{"Save"}, L{"Save"}, L{"Save the current image to disk"}, S::Push},
-    ToolbarButton{L{"Acq"}, L{"Live"}, L{"Start/Stop continuous video"}, S::Check},
+    ToolbarButton{L{"Save"}, L{QT_TRANSLATE_NOOP("MainToolbar", "Save")},
+                  L{QT_TRANSLATE_NOOP("MainToolbar", "Save the current image to disk")}, S::Push},
+    ToolbarButton{L{"Acq"}, L{QT_TRANSLATE_NOOP("MainToolbar", "Live")},
+                  L{QT_TRANSLATE_NOOP("MainToolbar", "Start/Stop continuous video")}, S::Check},
     ToolbarButton{L{"Sep1"}, separatorText, L{}, S::Separator},
-    ToolbarButton{L{"Zoom"}, L{"Zoom"}, L{"Magnify image"}, S::Check},
-    ToolbarButton{L{"Cross"}, L{"Cross"}, L{"Show a cross at the center"}, S::Check},
-    ToolbarButton{L{"Grid"}, L{"Grid"}, L{"Show a grid on the image"}, S::Check},
+    ToolbarButton{L{"Zoom"}, L{QT_TRANSLATE_NOOP("MainToolbar", "Zoom")},
+                  L{QT_TRANSLATE_NOOP("MainToolbar", "Magnify image")}, S::Check},
+    ToolbarButton{L{"Cross"}, L{QT_TRANSLATE_NOOP("MainToolbar", "Cross")},
+                  L{QT_TRANSLATE_NOOP("MainToolbar", "Show a cross at the center")}, S::Check},
+    ToolbarButton{L{"Grid"}, L{QT_TRANSLATE_NOOP("MainToolbar", "Grid")},
+                  L{QT_TRANSLATE_NOOP("MainToolbar", "Show a grid on the image")}, S::Check},
     ToolbarButton{L{"Sep2"}, separatorText, L{}, S::Separator},
-    ToolbarButton{L{"Stage"}, L{"Stage"}, L{"Enter a stage position"}, S::Dropdown},
-    ToolbarButton{L{"Standard"}, L{"Standard"}, L{}, S::Push},
-    ToolbarButton{L{"Focus"}, L{"Autofocus"}, L{"Compute and apply the autofocus"}, S::Push},
+    ToolbarButton{L{"Stage"}, L{QT_TRANSLATE_NOOP("MainToolbar", "Stage")},
+                  L{QT_TRANSLATE_NOOP("MainToolbar", "Enter a stage position")}, S::Dropdown},
+    ToolbarButton{L{"Standard"}, L{QT_TRANSLATE_NOOP("MainToolbar", "Standard")}, L{}, S::Push},
+    ToolbarButton{L{"Focus"}, L{QT_TRANSLATE_NOOP("MainToolbar", "Autofocus")},
+                  L{QT_TRANSLATE_NOOP("MainToolbar", "Compute and apply the autofocus")}, S::Push},
     ToolbarButton{L{"Sep3"}, separatorText, L{}, S::Separator},
-    ToolbarButton{L{"Setup"}, L{"Setup"}, L{"Popup the setup window"}, S::Push},
+    ToolbarButton{L{"Setup"}, L{QT_TRANSLATE_NOOP("MainToolbar", "Setup")},
+                  L{QT_TRANSLATE_NOOP("MainToolbar", "Popup the setup window")}, S::Push},
     ToolbarButton{L{"Sep4"}, separatorText, L{}, S::Separator},
 };
 
 constexpr L separatorPrefix{"Sep"};
 
 } // namespace
+
+QString shownText(QLatin1StringView text) {
+    return text.isEmpty() ? QString() : QCoreApplication::translate("MainToolbar", text.data());
+}
 
 std::span<const ToolbarButton> designButtons() { return buttons; }
 

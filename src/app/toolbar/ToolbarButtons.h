@@ -22,6 +22,9 @@ struct ToolbarButton {
     ButtonStyle style;
 };
 
+/// A text of the table in the user's language.
+QString shownText(QLatin1StringView text);
+
 /// Every button and separator, in design order.
 std::span<const ToolbarButton> designButtons();
 
@@ -32,7 +35,7 @@ const ToolbarButton* findButton(const QString& key);
 bool isSeparatorKey(const QString& key);
 
 /// What a separator is called in lists.
-inline constexpr QLatin1StringView separatorText{"Separator"};
+inline constexpr QLatin1StringView separatorText{QT_TRANSLATE_NOOP("MainToolbar", "Separator")};
 
 /// Separators are numbered from 1 to this.
 inline constexpr int maxSeparators = 99;
