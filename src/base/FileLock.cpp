@@ -4,7 +4,6 @@
 #include <thread>
 
 #ifdef _WIN32
-#define NOMINMAX
 #include <windows.h>
 #else
 #include <cerrno>
