@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
+#include <QLockFile>
 #include <QStandardPaths>
 
 #include <chrono>
@@ -36,6 +37,13 @@ bool belongsToLivingProcess(const QString& path) {
 
 } // namespace
 
+struct RunningCopies::Entry {
+    explicit Entry(const QString& path)
+        : file(path) {}
+
+    QLockFile file;
+};
+
 RunningCopies::RunningCopies(const QString& scope) {
     const QString folder = entriesFolder(scope);
     QDir().mkpath(folder);
@@ -46,10 +54,12 @@ RunningCopies::RunningCopies(const QString& scope) {
     for (const QString& entry : entries) {
         m_anotherWasRunning = belongsToLivingProcess(folder + u'/' + entry) || m_anotherWasRunning;
     }
-    m_ownEntry = std::make_unique<QLockFile>(
-        folder + QStringLiteral("/copy-%1").arg(QCoreApplication::applicationPid()));
-    m_ownEntry->setStaleLockTime(0ms);
-    m_ownEntry->tryLock(0ms);
+    m_ownEntry =
+        std::make_unique<Entry>(folder + QStringLiteral("/copy-%1").arg(QCoreApplication::applicationPid()));
+    m_ownEntry->file.setStaleLockTime(0ms);
+    m_ownEntry->file.tryLock(0ms);
 }
+
+RunningCopies::~RunningCopies() = default;
 
 } // namespace ocuva

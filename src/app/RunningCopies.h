@@ -1,7 +1,6 @@
 #pragma once
 // Which copies of the program run for this user on the same data folder.
 
-#include <QLockFile>
 #include <QString>
 
 #include <memory>
@@ -15,12 +14,16 @@ class RunningCopies {
 public:
     /// `scope` tells apart what may run side by side: the data folder that the copies work on.
     explicit RunningCopies(const QString& scope);
+    ~RunningCopies();
+    RunningCopies(const RunningCopies&) = delete;
+    RunningCopies& operator=(const RunningCopies&) = delete;
 
     /// Whether another copy was running when this one began.
     bool anotherWasRunning() const { return m_anotherWasRunning; }
 
 private:
-    std::unique_ptr<QLockFile> m_ownEntry;
+    struct Entry; // a lock file, and on Windows a named mutex of the logon
+    std::unique_ptr<Entry> m_ownEntry;
     bool m_anotherWasRunning = false;
 };
 

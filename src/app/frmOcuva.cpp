@@ -7,6 +7,7 @@
 #include "base/Product.h"
 #include "controls/WindowPlace.h"
 #include "display/TwipsGeometry.h"
+#include "platform/Desktop.h"
 #include "setup/frmSetup.h"
 
 #include <QCloseEvent>
@@ -162,6 +163,7 @@ void frmOcuva::showStartState() {
 }
 
 void frmOcuva::setUpToolbar() {
+    const FrozenDrawing frozen(*tbMain);
     restoreToolbarLayout();
     for (const ToolbarCommand& row : toolbarCommands) {
         tbMain->setEnabled(row.key, MainMenu::isAvailable(row.command));

@@ -3,6 +3,7 @@
 #include "app/frmOcuva.h"
 #include "controls/HostMessageBox.h"
 #include "display/TwipsGeometry.h"
+#include "platform/Desktop.h"
 #include "setup/frmSetup.h"
 
 #include <QApplication>
@@ -203,6 +204,7 @@ LogLineSurroundings frmOcuva::logLineSurroundings() {
     LogLineSurroundings surroundings;
     surroundings.journal = m_context.journal;
     surroundings.anyWindowIsLoaded = [this] { return m_loaded && !m_exiting; };
+    surroundings.isDevelopmentEnvironment = [this] { return runsInDevelopmentEnvironment(internalWinId()); };
     surroundings.showMessage = [this](const char* text, const char* title, TarnLong style) {
         if (m_context.flags.serverMode || m_context.flags.sleeping) {
             logError(QString::fromLatin1(text));

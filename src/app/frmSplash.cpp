@@ -2,6 +2,7 @@
 
 #include "app/toolbar/IconArt.h"
 #include "base/Product.h"
+#include "platform/Desktop.h"
 
 #include <QCoreApplication>
 #include <QHBoxLayout>
@@ -83,7 +84,7 @@ void frmSplash::showModal(QWidget* owner) {
 
 void frmSplash::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    raise();
+    bringWindowToTop(*this);
     activateWindow();
 }
 

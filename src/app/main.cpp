@@ -9,6 +9,7 @@
 #include "hostlink/LibraryHost.h"
 #include "hostlink/TracingHost.h"
 #include "journal/Journal.h"
+#include "platform/SystemAutomation.h"
 #include "simhost/SimulatedHost.h"
 #include "simhost/bus/MessageBus.h"
 #include "simhost/services/DataFolder.h"
@@ -113,14 +114,14 @@ std::string timeNow() {
 }
 
 int runOn(Host& host, DisplayWindows& windows, const std::string& commandLine, const ChosenHost& chosen) {
-    NoAutomation automation;
+    const std::unique_ptr<Automation> automation = systemAutomation();
     std::optional<RunningCopies> copies;
     const auto anotherCopyIsRunning = [&] { return copies.emplace(chosen.dataFolder).anotherWasRunning(); };
     Journal journal(std::filesystem::path(chosen.dataFolder.toStdU16String()) / "journal.csv", timeNow,
                     [&host](const std::string& trouble) {
                         host.tn_log().TarnPrintfVB(("The journal " + trouble + ".\n").c_str());
                     });
-    modInter inter({host, windows, automation, commandLine, anotherCopyIsRunning, chosen.title,
+    modInter inter({host, windows, *automation, commandLine, anotherCopyIsRunning, chosen.title,
                     [] { QCoreApplication::exit(EXIT_SUCCESS); }, chosen.minuteMs,
                     [&journal](const JournalEntry& entry) { journal.write(entry); }});
     return inter.Main() ? QApplication::exec() : EXIT_SUCCESS;

@@ -1,6 +1,7 @@
 #include "standards/frmStdList.h"
 
 #include "controls/WindowPlace.h"
+#include "platform/Desktop.h"
 
 #include <QDragMoveEvent>
 #include <QGridLayout>
@@ -202,13 +203,12 @@ void frmStdList::showRows() {
         }
         items.append(item);
     }
-    lvwStdEntries->setUpdatesEnabled(false);
+    const FrozenDrawing frozen(*lvwStdEntries);
     lvwStdEntries->clear();
     lvwStdEntries->addTopLevelItems(items);
     for (int i = 1; i <= m_rows.count(); ++i) {
         lvwStdEntries->topLevelItem(i - 1)->setSelected(m_rows.row(i).selected);
     }
-    lvwStdEntries->setUpdatesEnabled(true);
 }
 
 void frmStdList::edit(void (StandardRows::*operation)()) {

@@ -35,7 +35,12 @@ QString keysPage(const std::vector<KeyRow>& keys) {
 }
 
 QDir manualFolder(const QString& programFolder) {
-    return QDir(QDir::cleanPath(programFolder + QStringLiteral("/../share/ocuva/manual")));
+#ifdef Q_OS_WIN
+    const QString place = QStringLiteral("/manual");
+#else
+    const QString place = QStringLiteral("/../share/ocuva/manual");
+#endif
+    return QDir(QDir::cleanPath(programFolder + place));
 }
 
 QString helpText(const QDir& folder, const std::vector<KeyRow>& keys) {

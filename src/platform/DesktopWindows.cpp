@@ -1,0 +1,51 @@
+#include "platform/Desktop.h"
+
+#include <QGuiApplication>
+#include <QWidget>
+
+#include <windows.h>
+
+namespace ocuva {
+
+namespace {
+
+/// Null for a window that the system does not know: not made yet, or on a platform without real windows.
+HWND systemWindow(WId id) {
+    const auto window = reinterpret_cast<HWND>(id);
+    return IsWindow(window) != FALSE ? window : nullptr;
+}
+
+LONG_PTR moduleInstance(HWND window) { return GetWindowLongPtrA(window, GWLP_HINSTANCE); }
+
+} // namespace
+
+void bringWindowToTop(QWidget& window) {
+    window.raise();
+    if (const HWND handle = systemWindow(window.internalWinId()); handle != nullptr) {
+        BringWindowToTop(handle);
+    }
+}
+
+bool runsInDevelopmentEnvironment(quintptr window) {
+    const HWND first = systemWindow(window);
+    const HWND environment = FindWindowA("ThunderMain", nullptr);
+    return first != nullptr && environment != nullptr && moduleInstance(environment) == moduleInstance(first);
+}
+
+FrozenDrawing::FrozenDrawing(QWidget& widget)
+    : m_widget(widget) {
+    m_widget.setUpdatesEnabled(false);
+    // One window can be locked at a time; another program's lock is not waited for.
+    const HWND handle = systemWindow(m_widget.window()->internalWinId());
+    m_systemIsLocked =
+        handle != nullptr && IsWindowVisible(handle) != FALSE && LockWindowUpdate(handle) != FALSE;
+}
+
+FrozenDrawing::~FrozenDrawing() {
+    if (m_systemIsLocked) {
+        LockWindowUpdate(nullptr);
+    }
+    m_widget.setUpdatesEnabled(true);
+}
+
+} // namespace ocuva
