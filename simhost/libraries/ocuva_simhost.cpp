@@ -1,5 +1,5 @@
-#include "controls/HostMessageBox.h"
 #include "simhost/SimulatedHost.h"
+#include "simhost/libraries/HostBox.h"
 #include "simhost/libraries/ProcessHost.h"
 #include "simhost/libraries/WindowPainter.h"
 
@@ -31,7 +31,10 @@ struct ProcessWide {
 
 // Never destroyed: threads of the board must not be waited for while the system takes libraries down.
 ProcessWide& processWide() {
-    static auto* const wide = new ProcessWide;
+    static auto* const wide = [] {
+        stayLoaded();
+        return new ProcessWide;
+    }();
     return *wide;
 }
 
@@ -41,7 +44,7 @@ ocuva::Host* processHost() {
     ProcessWide& wide = processWide();
     if (!wide.host && !wide.failed) {
         SimulatedHostOptions options;
-        options.showMessage = ocuva::showHostMessageBox;
+        options.showMessage = showBox;
         options.windows = &wide.windows;
         wide.start(std::move(options));
     }
