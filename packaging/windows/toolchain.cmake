@@ -17,7 +17,16 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
+# The tools of Qt's build run on the machine that compiles, in the version of the libraries.
+set(QT_HOST_PATH /usr CACHE PATH "Where the host's Qt is")
+file(GLOB host_qt /usr/lib/*/cmake/Qt6HostInfo)
+cmake_path(GET host_qt PARENT_PATH host_cmake)
+set(QT_HOST_PATH_CMAKE_DIR ${host_cmake} CACHE PATH "Where the host's Qt describes itself")
+
 # One program that needs nothing beside it.
 set(ZLIB_USE_STATIC_LIBS ON)
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static")
+# Without names of functions it is a third of the size.
+set(CMAKE_EXE_LINKER_FLAGS_RELEASE_INIT "-s")
+set(CMAKE_SHARED_LINKER_FLAGS_RELEASE_INIT "-s")

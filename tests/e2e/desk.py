@@ -1,5 +1,6 @@
 """A desk of its own for the program: a virtual display with a window manager, a fresh folder for all its data, the
-trace of its host calls, and hands that press real keys and move a real pointer."""
+trace of its host calls, and hands that press real keys and move a real pointer. A Windows program (.exe) works at the same
+desk, under Wine."""
 
 import json
 import os
@@ -96,7 +97,11 @@ class Trace:
 class Desk:
     """Used as `with Desk() as desk`; at the end every process that was started here has ended."""
 
-    def __init__(self):
+    def __init__(self, program=None):
+        """Needs to know the program when it can be one of Windows."""
+        self._wine = program is not None and program.suffix == ".exe"
+        self._places = program.with_name("window_places.exe") if self._wine else None
+        self._place_asker = None
         self.folder = Path(tempfile.mkdtemp(prefix="ocuva-tour-"))
         self._processes = []
         self._env = None
@@ -110,6 +115,8 @@ class Desk:
         return self
 
     def __exit__(self, *_):
+        if self._wine and self._env:
+            self._try("wineserver", "-k")
         for process in reversed(self._processes):
             if process.poll() is None:
                 process.terminate()
@@ -136,7 +143,7 @@ class Desk:
                 if not key.startswith(("QT_", "OCUVA_", "XDG_", "WAYLAND_", "DBUS_"))}
         self._env = kept | {
             "DISPLAY": f":{number}",
-            "QT_QPA_PLATFORM": "xcb",
+            "QT_QPA_PLATFORM": "windows" if self._wine else "xcb",
             "LC_ALL": "C.UTF-8",
             "OCUVA_DATA": str(self.folder / "data"),
             "XDG_CONFIG_HOME": str(self.folder / "config"),
@@ -145,18 +152,37 @@ class Desk:
         }
         self._start("openbox", "--sm-disable", log="openbox.log")
         wait_until(lambda: self._try("xdotool", "get_num_desktops"), "The window manager did not come up")
+        if self._wine:
+            # A Wine stays with the display that it was started on, so this desk has one of its own.
+            made = Path(os.environ["WINEPREFIX"])
+            shutil.copytree(made, self.folder / "wine", symlinks=True, ignore=shutil.ignore_patterns("windows"))
+            (self.folder / "wine" / "drive_c" / "windows").symlink_to(made / "drive_c" / "windows")
+            self._env["WINEPREFIX"] = str(self.folder / "wine")
+            self._place_asker = self._start(str(self._places), log="places.log", stdin=subprocess.PIPE,
+                                            stdout=subprocess.PIPE, text=True)
 
-    def _start(self, *command, log, pass_fds=(), **extra_env):
+    def _start(self, *command, log, pass_fds=(), stdin=subprocess.DEVNULL, stdout=None, text=False, **extra_env):
         env = (self._env or dict(os.environ)) | extra_env
         with open(self.folder / log, "wb") as output:
-            process = subprocess.Popen(command, env=env, stdin=subprocess.DEVNULL, stdout=output,
-                                       stderr=subprocess.STDOUT, pass_fds=pass_fds)
+            process = subprocess.Popen(self._runnable(command), env=self._named_environment(env), stdin=stdin,
+                                       stdout=stdout or output, stderr=output, pass_fds=pass_fds, text=text)
         self._processes.append(process)
         return process
 
+    def _runnable(self, command):
+        return ("wine", *command) if command[0].endswith(".exe") else command
+
+    def _named_environment(self, env):
+        return {key: self.named(value) if key.startswith("OCUVA_") else value for key, value in env.items()}
+
+    def named(self, path):
+        """A path as the program calls it."""
+        text = str(path)
+        return "Z:" + text.replace("/", "\\") if self._wine and text.startswith("/") else text
+
     def _try(self, *command):
         """The command's output, or None when it fails."""
-        done = subprocess.run(command, env=self._env, stdin=subprocess.DEVNULL, capture_output=True, text=True,
+        done = subprocess.run(self._runnable(command), env=self._env, stdin=subprocess.DEVNULL, capture_output=True, text=True,
                               timeout=PATIENCE_S)
         return done.stdout if done.returncode == 0 else None
 
@@ -207,6 +233,17 @@ class Desk:
         left, top, width, height = (int(re.search(rf"{key}: +(-?\d+)", told).group(1))
                                     for key in ("Absolute upper-left X", "Absolute upper-left Y", "Width", "Height"))
         return Area(left, top, width, height)
+
+    def place(self, handle):
+        """The same of a window or control of which only the program's handle is known."""
+        if not self._wine:
+            return self.area(str(handle))
+        self._place_asker.stdin.write(f"{handle}\n")
+        self._place_asker.stdin.flush()
+        answer = self._place_asker.stdout.readline().split()
+        if len(answer) != 4:
+            raise Failure(f"There is no window with the handle {handle}")
+        return Area(*map(int, answer))
 
     def resize(self, window, width, height):
         self._do("xdotool", "windowsize", window, str(width), str(height))
