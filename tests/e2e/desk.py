@@ -215,7 +215,12 @@ class Desk:
     def windows(self, process):
         """Ids of the visible titled windows of a process, dialogs included."""
         found = self._try("xdotool", "search", "--all", "--onlyvisible", "--pid", str(process.pid), "--name", ".")
-        return found.split() if found else []
+        windows = found.split() if found else []
+        return [window for window in windows if self._is_managed(window)] if self._wine else windows
+
+    def _is_managed(self, window):
+        """Not a tooltip or a menu; under Wine they have titles too."""
+        return "Override Redirect State: no" in (self._try("xwininfo", "-id", window) or "")
 
     def title(self, window):
         return self._do("xdotool", "getwindowname", window).strip()
