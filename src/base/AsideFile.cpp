@@ -21,4 +21,33 @@ std::error_code AsideFile::moveIntoPlace() {
     return error;
 }
 
+FormerFile::FormerFile(std::filesystem::path target)
+    : m_target(std::move(target))
+    , m_path(m_target) {
+    m_path += ".former";
+}
+
+FormerFile::~FormerFile() {
+    if (m_movedAway) {
+        std::error_code ignored;
+        std::filesystem::rename(m_path, m_target, ignored);
+    }
+}
+
+std::error_code FormerFile::moveAway() {
+    std::error_code error;
+    if (std::filesystem::is_directory(m_target, error)) {
+        return {};
+    }
+    std::filesystem::rename(m_target, m_path, error);
+    m_movedAway = !error;
+    return error == std::errc::no_such_file_or_directory ? std::error_code() : error;
+}
+
+void FormerFile::drop() {
+    m_movedAway = false;
+    std::error_code ignored;
+    std::filesystem::remove(m_path, ignored);
+}
+
 } // namespace ocuva

@@ -1,6 +1,6 @@
 #pragma once
 // A file that is prepared beside its place and moved there when it is complete, so that what stood there
-// before stays whole until then.
+// before stays whole until then; and the other way round, a file that is taken out of the way for a while.
 
 #include <filesystem>
 #include <system_error>
@@ -26,6 +26,27 @@ public:
 private:
     std::filesystem::path m_target;
     std::filesystem::path m_path;
+};
+
+/// What stands at a target, out of the way under the name "target.former": put back at the end, unless it was
+/// dropped. A folder stays where it is. One thread.
+class FormerFile {
+public:
+    explicit FormerFile(std::filesystem::path target);
+    ~FormerFile();
+    FormerFile(const FormerFile&) = delete;
+    FormerFile& operator=(const FormerFile&) = delete;
+
+    /// No error where nothing stands. On an error nothing has changed.
+    [[nodiscard]] std::error_code moveAway();
+
+    /// Removes it for good, and one that an earlier run left.
+    void drop();
+
+private:
+    std::filesystem::path m_target;
+    std::filesystem::path m_path;
+    bool m_movedAway = false;
 };
 
 } // namespace ocuva

@@ -66,16 +66,6 @@ void checkTarget(const std::filesystem::path& name, const QImage& image) {
     }
 }
 
-[[noreturn]] void leaveWithoutDescription(const std::filesystem::path& description, const QString& reason) {
-    std::error_code ignored;
-    if (!std::filesystem::is_directory(description, ignored)) {
-        // It would give the stage positions of another picture for this one.
-        std::filesystem::remove(description, ignored);
-    }
-    throw DescriptionNotSaved(QStringLiteral("The picture is saved, but its description \"%1\" is not: %2")
-                                  .arg(nameOf(description), reason));
-}
-
 } // namespace
 
 void savePicture(const std::filesystem::path& name, const Picture& picture, const CalibrationPoints& points) {
@@ -89,11 +79,20 @@ void savePicture(const std::filesystem::path& name, const Picture& picture, cons
     } catch (const std::exception& error) {
         fail(name, text(error));
     }
+    // The former description would give the stage positions of another picture: it goes first, so that
+    // whatever happens between the steps never leaves it beside the new one.
+    FormerFile former(description.target());
+    if (const std::error_code error = former.moveAway()) {
+        fail(name, text(error));
+    }
     if (const std::error_code error = file.moveIntoPlace()) {
         fail(name, text(error));
     }
+    former.drop();
     if (const std::error_code error = description.moveIntoPlace()) {
-        leaveWithoutDescription(description.target(), text(error));
+        throw DescriptionNotSaved(
+            QStringLiteral("The picture is saved, but its description \"%1\" is not: %2")
+                .arg(nameOf(description.target()), text(error)));
     }
 }
 

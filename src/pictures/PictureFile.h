@@ -16,9 +16,10 @@ public:
 };
 
 /// Saves as BMP under a name that ends in ".bmp", and as TIFF under one that ends in ".tif" or ".tiff", in
-/// any letter case; refuses every other name. Picture and description are both written aside first, then the
-/// picture takes its place and after it the description. Throws PictureFileError when the picture was not
-/// saved: what stood there is whole then, description included, and nothing is left behind.
+/// any letter case; refuses every other name. Picture and description are both written aside first; then the
+/// former description is taken away, the picture takes its place and after it the description, so that at no
+/// moment a description stands beside a picture that it does not belong to. Throws PictureFileError when the
+/// picture was not saved: what stood there is whole then, description included, and nothing is left behind.
 void savePicture(const std::filesystem::path& name, const Picture& picture, const CalibrationPoints& points);
 
 /// Opens a TIFF or BMP; which of them, the file's first bytes tell. Throws PictureFileError.
