@@ -291,6 +291,7 @@ void frmOcuva::cxsStage_MoveEnd(Integer /*ErrCode*/) { m_watch.moveEnded(); }
 
 void frmOcuva::DoFocus() {
     guardedForHost([this] { doFocus(m_stage, m_watch, *m_board, *m_image); });
+    showInformation(); // grey levels of the image before the focus are not those of this one
 }
 
 void frmOcuva::Shutdown() { m_board->Shutdown(); }

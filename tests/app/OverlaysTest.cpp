@@ -257,6 +257,16 @@ TEST_F(InformationPanel, AClickMeasuresTheGreyLevelsAndReadsTheStage) {
     EXPECT_EQ(panel("Info"), "Still   1:1   400x");
 }
 
+TEST_F(InformationPanel, GreyLevelsThatWereMeasuredGoAwayWithAnAutofocusFromTheMenuAndFromTheHost) {
+    for (const auto& focus : {std::function<void()>([this] { action("mnuFocus")->trigger(); }),
+                              std::function<void()>([this] { window().DoFocus(); })}) {
+        QTest::mouseClick(window().sbMain->panel(QStringLiteral("Info")), Qt::LeftButton);
+        EXPECT_THAT(panel("Info"), HasSubstr("mean"));
+        focus();
+        EXPECT_EQ(panel("Info"), "Still   1:2   400x");
+    }
+}
+
 TEST_F(InformationPanel, AClickOnAPositionPanelMeasuresNoGreyLevels) {
     QTest::mouseClick(window().sbMain->panel(QStringLiteral("X")), Qt::LeftButton);
     EXPECT_THAT(host.callsOf("TarnVideoBufferComputeStatistics"), IsEmpty());
