@@ -34,6 +34,9 @@ public:
     /// Opens the calibration dialog beside the window.
     void openDialog();
 
+    /// The calibration was changed by something else than the dialog, which shows its points if it is open.
+    void calibrationChanged() { m_frmSetupStage->showPoints(); }
+
     /// Shows the stage position of a place of the picture in the position panels. Where it cannot be computed
     /// they show a dash, and the first failure of a run of them is logged: it happens with every move of the
     /// mouse.

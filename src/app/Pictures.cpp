@@ -83,6 +83,7 @@ bool Pictures::takeCalibration(const QString& name) {
         read.ComputeStagePlan();
         read.ComputePicturePlan();
         m_context.calibration().assign(read);
+        m_context.calibrationRead();
         return true;
     } catch (const std::exception& problem) {
         m_context.report(QObject::tr("\"%1\" is shown without calibration. %2")

@@ -26,6 +26,8 @@ struct PicturesContext {
     const MagnificationStore& magnification;
     /// The calibration, taken up from where it was kept at its first use.
     std::function<Calibration&()> calibration;
+    /// The calibration has been replaced by that of a picture.
+    std::function<void()> calibrationRead;
     const MonitorPanels& panels;
     ImageInformation& information;
     /// Each asks for a file, beginning in a folder; empty when the operator cancels.

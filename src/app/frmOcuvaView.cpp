@@ -101,7 +101,8 @@ void frmOcuva::makePictures() {
     choosePictureToSave = [this](const QString& folder) { return ocuva::choosePictureToSave(*this, folder); };
     m_pictures = std::make_unique<Pictures>(PicturesContext{
         m_context.host.tn_log(), *m_board, *m_image, m_stage, m_magnification,
-        [this]() -> Calibration& { return calibration(); }, *m_panels, *m_information,
+        [this]() -> Calibration& { return calibration(); },
+        [this] { m_pictureOnStage->calibrationChanged(); }, *m_panels, *m_information,
         [this](const QString& folder) { return choosePictureToOpen(folder); },
         [this](const QString& folder) { return choosePictureToSave(folder); },
         [this](const QString& text) { reportError(text); }, [this] { imageChanged(); },

@@ -3,6 +3,7 @@
 #include <QGridLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace ocuva {
 
@@ -153,8 +154,19 @@ void PointRows::setTwoPoints(bool twoPoints) {
 }
 
 void PointRows::setBusy(bool busy) {
+    if (busy == m_busy) {
+        return;
+    }
     m_busy = busy;
+    const QWidget* const meanwhile = std::exchange(m_focusMeanwhile, nullptr);
+    QWidget* const before = window()->focusWidget();
     enableRows();
+    if (busy) {
+        m_focusBefore = before;
+        m_focusMeanwhile = window()->focusWidget();
+    } else if (m_focusBefore != nullptr && before == meanwhile) {
+        m_focusBefore->setFocus(); // unless the operator has chosen another place
+    }
 }
 
 void PointRows::enableRows() {

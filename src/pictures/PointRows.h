@@ -7,6 +7,7 @@
 
 #include <QFrame>
 #include <QLabel>
+#include <QPointer>
 #include <QPushButton>
 
 #include <optional>
@@ -41,7 +42,8 @@ public:
 
     /// Which rows can be used at all.
     void setTwoPoints(bool twoPoints);
-    /// While the stage moves, nothing can be picked or read.
+    /// While the stage moves, nothing can be picked or read. A button that had the keyboard focus gets it
+    /// back afterwards.
     void setBusy(bool busy);
     void showSelected(std::optional<std::size_t> point);
     void showResiduals(const CalibrationQuality& quality);
@@ -60,6 +62,8 @@ private:
     std::array<Row, 3> m_rows;
     bool m_twoPoints = false;
     bool m_busy = false;
+    QPointer<QWidget> m_focusBefore; // of the window, when it became busy
+    QPointer<QWidget> m_focusMeanwhile;
 };
 
 } // namespace ocuva

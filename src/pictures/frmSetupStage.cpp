@@ -141,6 +141,12 @@ void frmSetupStage::openModeless() {
     activateWindow();
 }
 
+void frmSetupStage::showPoints() {
+    if (isVisible()) {
+        fill(m_context.calibration.points);
+        hint(tr("These are the points of the picture that was opened. They are in use already."));
+    }
+}
 void frmSetupStage::fill(const CalibrationPoints& points) {
     optTwoPoints->setChecked(points.twoPoints);
     optThreePoints->setChecked(!points.twoPoints);

@@ -38,6 +38,9 @@ public:
     /// Shows the dialog with the calibration's points.
     void openModeless();
 
+    /// Shows the calibration's points, which were changed from elsewhere, if the dialog is open.
+    void showPoints();
+
     /// Whether the next click on the image is the point that is being selected.
     bool isSelecting() const { return m_selected.has_value(); }
 

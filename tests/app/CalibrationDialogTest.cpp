@@ -400,6 +400,28 @@ TEST_F(MoveToTheCursor, WaitsWithoutHoldingTheWindowUpAndNeitherPicksNorReadsNor
     EXPECT_TRUE(dialog().FramePoint->row(0).ButI->isEnabled());
 }
 
+TEST_F(MoveToTheCursor, GivesTheKeyboardFocusBackToTheButtonThatHadItUnlessTheOperatorMovedIt) {
+    startInVgaMode();
+    calibrate();
+    open();
+    for (const bool movesIt : {false, true}) {
+        for (QPushButton* button :
+             {dialog().FramePoint->row(1).ButI, dialog().FramePoint->row(0).ButX, dialog().OKPicture}) {
+            button->setFocus();
+            host.status[axisX].assign(1000, 1);
+            answer(QMessageBox::Yes, [this] { clickTheMiddle(); });
+            ASSERT_TRUE(dialog().tMoveWait->isActive());
+            if (movesIt) {
+                dialog().CancelPicture->setFocus();
+            }
+            host.status[axisX].clear();
+            Q_EMIT dialog().tMoveWait->timeout({});
+            EXPECT_EQ(dialog().focusWidget(), movesIt ? dialog().CancelPicture : button)
+                << button->objectName().toStdString();
+        }
+    }
+}
+
 TEST_F(MoveToTheCursor, GivesAStalledStageUpAndSaysSo) {
     startInVgaMode();
     calibrate();

@@ -255,6 +255,31 @@ TEST_F(OpeningAPicture, PutsThePointsOfItsDescriptionIntoTheCalibrationWhereThey
     EXPECT_EQ(window().calibration().points, storedPoints);
 }
 
+TEST_F(OpeningAPicture, ShowsThePointsThatWereReadInTheCalibrationDialogThatIsOpen) {
+    frmSetupStage& dialog = window().pictureOnStage().dialog();
+    const auto shown = [&dialog](std::size_t point, PointField field) {
+        return dialog.FramePoint->box(point, field)->text().toStdString();
+    };
+    action("Picture")->trigger();
+    dialog.optThreePoints->setChecked(true);
+    EXPECT_EQ(shown(0, PointField::XS), "100");
+    store("Stored.tif");
+    open("Stored.tif");
+    EXPECT_EQ(shown(0, PointField::XS), "-320");
+    EXPECT_EQ(shown(1, PointField::YS), "-240");
+    EXPECT_TRUE(dialog.optTwoPoints->isChecked());
+    EXPECT_THAT(dialog.LabelHint->text().toStdString(), HasSubstr("points of the picture"));
+}
+
+TEST_F(OpeningAPicture, WithoutUsablePointsLeavesTheOpenCalibrationDialogAsItIs) {
+    frmSetupStage& dialog = window().pictureOnStage().dialog();
+    action("Picture")->trigger();
+    dialog.FramePoint->box(0, PointField::XS)->setText(QStringLiteral("typed"));
+    store("Stored.tif", {});
+    open("Stored.tif");
+    EXPECT_EQ(dialog.FramePoint->box(0, PointField::XS)->text(), QStringLiteral("typed"));
+}
+
 TEST_F(OpeningAPicture, WithADescriptionThatDoesNotParseNamesTheLineAndKeepsTheCalibration) {
     store("Stored.tif");
     QFile description(path("Stored.pic"));
