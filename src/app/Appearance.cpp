@@ -9,14 +9,15 @@ namespace ocuva {
 namespace {
 
 QPalette darkPalette() {
-    const QColor window(45, 47, 50);
+    const QColor window(54, 57, 60);
     const QColor text(224, 226, 228);
-    const QColor dimmed(128, 131, 135);
+    const QColor dimmed(142, 145, 149);
     const QColor accent(66, 133, 190);
-    QPalette palette(QColor(58, 61, 65), window);
+    QPalette palette(QColor(70, 73, 77), window);
     palette.setColor(QPalette::WindowText, text);
-    palette.setColor(QPalette::Base, QColor(32, 34, 36));
-    palette.setColor(QPalette::AlternateBase, QColor(39, 41, 44));
+    // Far darker than the window: boxes have no other edge that is to be seen.
+    palette.setColor(QPalette::Base, QColor(24, 26, 28));
+    palette.setColor(QPalette::AlternateBase, QColor(31, 33, 36));
     palette.setColor(QPalette::Text, text);
     palette.setColor(QPalette::ButtonText, text);
     palette.setColor(QPalette::BrightText, Qt::white);

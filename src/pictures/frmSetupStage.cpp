@@ -147,6 +147,7 @@ void frmSetupStage::showPoints() {
         hint(tr("These are the points of the picture that was opened. They are in use already."));
     }
 }
+
 void frmSetupStage::fill(const CalibrationPoints& points) {
     optTwoPoints->setChecked(points.twoPoints);
     optThreePoints->setChecked(!points.twoPoints);

@@ -40,6 +40,7 @@ SetupMonitorPage::SetupMonitorPage(const char* name, const SetupContext& context
     , m_overlays(context.settings, context.magnification, context.conversion, context.mainWindow) {
     makeGrid();
     makeCross();
+    lineUp({frSetupGrid, frSetupCross});
     makeStartup();
     endFrames();
 

@@ -2,12 +2,17 @@
 
 #include <QAbstractButton>
 
+#include <algorithm>
 #include <utility>
 
 namespace ocuva {
 
 namespace {
 constexpr int digitsOfABox = 8;
+constexpr int captionColumn = 0;
+constexpr int controlColumn = 1;
+constexpr int unitColumn = 2;
+constexpr int freeColumn = 3;
 } // namespace
 
 SetupPage::SetupPage(const char* name, Report report, QWidget* parent)
@@ -46,13 +51,28 @@ void SetupPage::addRow(QGridLayout& grid, const QString& caption, QWidget* contr
     const int row = grid.rowCount();
     auto* label = new QLabel(caption);
     label->setBuddy(control);
-    grid.addWidget(label, row, 0);
-    grid.addWidget(control, row, 1);
+    grid.addWidget(label, row, captionColumn);
+    grid.addWidget(control, row, controlColumn);
     if (!unit.isEmpty()) {
-        grid.addWidget(new QLabel(unit), row, 2);
+        grid.addWidget(new QLabel(unit), row, unitColumn);
     }
-    constexpr int freeColumn = 3;
     grid.setColumnStretch(freeColumn, 1);
+}
+
+void SetupPage::lineUp(std::initializer_list<const QGroupBox*> frames) {
+    for (const int column : {captionColumn, controlColumn}) {
+        int widest = 0;
+        for (const QGroupBox* frame : frames) {
+            const auto& grid = dynamic_cast<const QGridLayout&>(*frame->layout());
+            for (int row = 0; row < grid.rowCount(); ++row) {
+                const QLayoutItem* item = grid.itemAtPosition(row, column);
+                widest = std::max(widest, item != nullptr ? item->sizeHint().width() : 0);
+            }
+        }
+        for (const QGroupBox* frame : frames) {
+            dynamic_cast<QGridLayout&>(*frame->layout()).setColumnMinimumWidth(column, widest);
+        }
+    }
 }
 
 void SetupPage::whenLeft(TextBox* box, const std::function<void()>& handler) {

@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <functional>
+#include <initializer_list>
 
 namespace ocuva {
 
@@ -45,6 +46,9 @@ protected:
     /// Places caption (the label of the control, with its access letter), control and unit side by side.
     static void addRow(QGridLayout& grid, const QString& caption, QWidget* control,
                        const QString& unit = QString());
+
+    /// Captions, controls and units of these frames stand in the same columns.
+    static void lineUp(std::initializer_list<const QGroupBox*> frames);
 
     /// Runs the handler when the operator has changed the box's text and leaves it, or presses Enter. What he
     /// only looked at is not written back: the host may have changed it meanwhile.

@@ -7,6 +7,7 @@
 #include <QGridLayout>
 #include <QHeaderView>
 #include <QPainter>
+#include <QScrollBar>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -203,11 +204,20 @@ void frmStdList::showRows() {
         }
         items.append(item);
     }
-    const FrozenDrawing frozen(*lvwStdEntries);
-    lvwStdEntries->clear();
-    lvwStdEntries->addTopLevelItems(items);
-    for (int i = 1; i <= m_rows.count(); ++i) {
-        lvwStdEntries->topLevelItem(i - 1)->setSelected(m_rows.row(i).selected);
+    const int scrolledTo = lvwStdEntries->verticalScrollBar()->value();
+    {
+        const FrozenDrawing frozen(*lvwStdEntries);
+        lvwStdEntries->clear();
+        lvwStdEntries->addTopLevelItems(items);
+        for (int i = 1; i <= m_rows.count(); ++i) {
+            lvwStdEntries->topLevelItem(i - 1)->setSelected(m_rows.row(i).selected);
+        }
+    }
+    lvwStdEntries->verticalScrollBar()->setValue(scrolledTo);
+    if (const int first = m_rows.firstSelected(); first > 0) {
+        QTreeWidgetItem* const item = lvwStdEntries->topLevelItem(first - 1);
+        lvwStdEntries->setCurrentItem(item, 0, QItemSelectionModel::NoUpdate); // the keys go on from here
+        lvwStdEntries->scrollToItem(item);
     }
 }
 

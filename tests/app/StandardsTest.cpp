@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QScreen>
+#include <QScrollBar>
 #include <QTimer>
 
 #include <limits>
@@ -354,6 +355,25 @@ TEST_F(StandardListDialog, MovesDeletesAndSavesAtOnce) {
     QTest::mouseClick(dialog->cmdDelete, Qt::LeftButton);
     EXPECT_THAT(storedNames(), ElementsAre("/elsewhere/Gold.std", "/std/Quartz.std"));
     EXPECT_THAT(selected(), ElementsAre(2));
+}
+
+TEST_F(StandardListDialog, KeepsThePartInViewThroughAnEditAndTheKeysGoOnFromTheSelectedRow) {
+    std::vector<std::string> names;
+    for (int i = 1; i <= 100; ++i) {
+        names.push_back("/std/" + std::to_string(i) + ".std");
+        host.dbObjects[names.back()] = {i, i, i};
+    }
+    store(names);
+    open();
+    select({60});
+    dialog->lvwStdEntries->scrollToItem(dialog->lvwStdEntries->topLevelItem(59),
+                                        QAbstractItemView::PositionAtCenter);
+    const int scrolledTo = dialog->lvwStdEntries->verticalScrollBar()->value();
+    ASSERT_GT(scrolledTo, 0);
+    dialog->cmdDown->click();
+    EXPECT_EQ(dialog->lvwStdEntries->verticalScrollBar()->value(), scrolledTo);
+    EXPECT_EQ(dialog->lvwStdEntries->currentItem(), dialog->lvwStdEntries->topLevelItem(60));
+    EXPECT_THAT(selected(), ElementsAre(61));
 }
 
 TEST_F(StandardListDialog, WithAnEmptyListDeleteStillSavesAnEmptyList) {

@@ -55,6 +55,19 @@ struct SetupLayout : DialogRig {
 
 } // namespace
 
+TEST_F(SetupLayout, LinesTheBoxesOfGridAndCrossUp) {
+    open();
+    const QWidget* shown = page(SetupTab::Monitor);
+    const auto column = [shown](const char* name) {
+        const auto* box = shown->findChild<QWidget*>(QString::fromLatin1(name));
+        const int left = box->mapTo(shown, QPoint()).x();
+        return std::pair(left, left + box->width());
+    };
+    for (const char* name : {"txtGridHeight", "udCrossSize", "udCrossThick"}) {
+        EXPECT_EQ(column(name), column("txtGridWidth")) << name;
+    }
+}
+
 TEST_F(SetupLayout, CutsNothingOff) {
     open();
     EXPECT_THAT(cutOff(), IsEmpty());
