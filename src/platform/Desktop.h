@@ -26,7 +26,7 @@ public:
 
 private:
     QWidget& m_widget;
-    bool m_systemIsLocked = false;
+    [[maybe_unused]] bool m_systemIsLocked = false; // on Windows
 };
 
 } // namespace ocuva
