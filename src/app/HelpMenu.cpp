@@ -8,9 +8,10 @@
 
 namespace ocuva {
 
-HelpMenu::HelpMenu(QWidget& window, QDir manual)
-    : m_window(window)
-    , m_manual(std::move(manual)) {}
+HelpMenu::HelpMenu(QDir manual, PackReportContext report)
+    : m_window(report.window)
+    , m_manual(std::move(manual))
+    , m_report(std::move(report)) {}
 
 void HelpMenu::run(Command command) {
     switch (command) {
@@ -23,6 +24,9 @@ void HelpMenu::run(Command command) {
         break;
     case Command::WhatsThis:
         explain();
+        break;
+    case Command::PackReport:
+        m_report.run();
         break;
     default:
         break;

@@ -2,6 +2,7 @@
 // What the commands of the Help menu do.
 
 #include "app/MainMenu.h"
+#include "app/PackReport.h"
 #include "app/help/HelpWindow.h"
 
 #include <QDir>
@@ -13,11 +14,11 @@ namespace ocuva {
 
 class HelpMenu {
 public:
-    /// `window` is the one whose controls are explained; it outlives this. The manual is looked for in the
+    /// The controls of the report's window are explained; it outlives this. The manual is looked for in the
     /// folder given.
-    explicit HelpMenu(QWidget& window, QDir manual);
+    HelpMenu(QDir manual, PackReportContext report);
 
-    /// Commands of other menus do nothing here.
+    /// Commands of other menus do nothing here. Throws ReportError where a report cannot be packed.
     void run(Command command);
 
     /// Closes what was opened.
@@ -32,6 +33,7 @@ private:
 
     QWidget& m_window;
     QDir m_manual;
+    PackReport m_report;
     std::unique_ptr<HelpWindow> m_manualWindow;
 };
 

@@ -1,8 +1,8 @@
 #include "app/MainMenu.h"
 
-#include <QCoreApplication>
+#include "report/Report.h"
 
-#include <algorithm>
+#include <QCoreApplication>
 
 namespace ocuva {
 
@@ -49,9 +49,6 @@ constexpr std::array<Row, 26> rows{{
     {Kind::Item, "mnuPackReport", QT_TRANSLATE_NOOP("MainMenu", "&Pack Report..."), "", Command::PackReport},
 }};
 
-// Commands whose windows or functions are not part of this version yet.
-constexpr std::array unavailable{Command::PackReport};
-
 QAction* addItem(QMenuBar& bar, QMenu* menu, Kind kind, const QString& caption) {
     if (menu == nullptr || kind == Kind::BarItem) {
         return bar.addAction(caption);
@@ -61,9 +58,7 @@ QAction* addItem(QMenuBar& bar, QMenu* menu, Kind kind, const QString& caption) 
 
 } // namespace
 
-bool MainMenu::isAvailable(Command command) {
-    return std::find(unavailable.begin(), unavailable.end(), command) == unavailable.end();
-}
+bool MainMenu::isAvailable(Command command) { return command != Command::PackReport || canPackReports(); }
 
 MainMenu::MainMenu(QMenuBar& bar, const std::function<void(Command)>& run) {
     QMenu* menu = nullptr;

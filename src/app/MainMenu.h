@@ -44,7 +44,7 @@ public:
     MainMenu(QMenuBar& bar, const std::function<void(Command)>& run);
 
     QAction* action(std::string_view name) const;
-    /// Whether the command can be run in this version of the program, wherever it is reached from.
+    /// Whether the command can be run in this build of the program, wherever it is reached from.
     static bool isAvailable(Command command);
     /// The commands that have a key, in the order of the menus.
     static std::vector<KeyRow> keys();

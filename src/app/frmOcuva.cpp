@@ -47,7 +47,11 @@ frmOcuva::frmOcuva(const MainWindowContext& context)
     , m_stage(context.host.tn_lib_proxy(), context.host.tn_micro_proxy())
     , m_calibration(context.host.tn_lib_proxy())
     , m_watch(m_stage, *this, context.journal)
-    , m_sizing(context.host.tn_video(), context.host.tn_log(), m_settings, *this) {
+    , m_sizing(context.host.tn_video(), context.host.tn_log(), m_settings, *this)
+    , m_help(manualFolder(QCoreApplication::applicationDirPath()),
+             {*this, context.report, [this](const QString& suggested) { return chooseReport(suggested); },
+              [this](const QString& line) { log(line); },
+              [this](const QString& note) { m_information->showNote(note); }}) {
     setObjectName(QStringLiteral("frmOcuva"));
     setWindowTitle(context.windowTitle);
     setWindowIcon(applicationIcon());
@@ -74,6 +78,7 @@ void frmOcuva::makeControls() {
         *m_panels, *m_menu, *tbMain, m_sizing.fields(), [this] { return shownMagnification(); }, m_conversion,
         m_settings, [this] { m_layoutStore.save(tbMain->layoutText()); }});
 
+    chooseReport = [this](const QString& suggested) { return chooseReportFile(*this, suggested); };
     chooseStandard = [this](const QString& folder) { return chooseStandardFile(*frontWindow(), folder); };
     m_standards = std::make_unique<Standards>(
         StandardsContext{m_context.host.tn_reg(), m_context.host.tn_lib_proxy(), *tbMain, *this, *this,
@@ -360,8 +365,9 @@ void frmOcuva::guardedForHost(const std::function<void()>& handler) {
     }
 }
 
-void frmOcuva::logError(const QString& text) {
-    const QString line = tr("Error: %1").arg(text);
+void frmOcuva::logError(const QString& text) { log(tr("Error: %1").arg(text)); }
+
+void frmOcuva::log(const QString& line) {
     m_context.host.tn_log().TarnPrintfVB((line + u'\n').toLocal8Bit().constData());
 }
 

@@ -53,6 +53,7 @@ struct MainWindowContext {
     std::function<void()> endProcess;     ///< the last step of the exit operation
     int minuteMs = modServer::idleTickMs; ///< a minute of the idle clock, in milliseconds on the wall
     JournalSink journal = {};             ///< told what is done to the instrument
+    ReportSurroundings report = {};       ///< what a packed report tells of the start
 };
 
 class frmOcuva final : public QMainWindow,
@@ -118,6 +119,8 @@ public:
     /// Ask for the file of a picture; the common dialogs unless set otherwise.
     std::function<QString(const QString& folder)> choosePictureToOpen;
     std::function<QString(const QString& folder)> choosePictureToSave;
+    /// Asks for the file of a report, suggesting one; the common save dialog unless set otherwise.
+    std::function<QString(const QString& suggested)> chooseReport;
 
     MainToolbar* tbMain = nullptr;
     StatusBar* sbMain = nullptr;
@@ -169,6 +172,7 @@ private:
     /// As guarded, for what the host asks for: an error goes to the log alone. Nobody may be there to answer
     /// a box, and the host's next message must not wait for one.
     void guardedForHost(const std::function<void()>& handler);
+    void log(const QString& line);
     void logError(const QString& text);
     void reportError(const QString& text);
     /// Where a box belongs that answers what the operator just did: over the dialog in use, if there is one.
@@ -228,7 +232,7 @@ private:
     std::unique_ptr<Notifier> m_notifier;
     std::optional<modServer> m_server;
     ToolbarLayoutStore m_layoutStore;
-    HelpMenu m_help{*this, manualFolder(QCoreApplication::applicationDirPath())};
+    HelpMenu m_help;
 
     QWidget* m_client = nullptr;
     std::unique_ptr<MainMenu> m_menu;

@@ -68,6 +68,8 @@ struct ChosenHost {
     QString title;
     QString dataFolder; ///< for the program's own files; copies with the same one are copies of each other
     int minuteMs = modServer::idleTickMs;
+    Keeper keeper = Keeper::program; ///< of log and settings
+    QString description;             ///< for a report
 };
 
 std::optional<std::string> environment(const char* name) {
@@ -86,7 +88,10 @@ ChosenHost simulatedHost(DisplayWindows& windows) {
     return {std::move(host),
             QCoreApplication::translate("main", "%1 (simulated instrument)")
                 .arg(QString::fromLatin1(productTitle)),
-            dataFolder, minuteMs};
+            dataFolder,
+            minuteMs,
+            Keeper::program,
+            QStringLiteral("simulated")};
 }
 
 /// The host's own notifier is a component that its libraries do not export; ours takes its place, between the
@@ -96,7 +101,13 @@ ChosenHost libraryHost(const std::filesystem::path& folder) {
     std::filesystem::create_directories(meeting);
     auto bus = std::make_shared<simhost::MessageBus>(meeting, [](const std::string& /*line*/) {});
     return {std::make_unique<LibraryHost>(folder, [bus] { return bus->createNotifier(); }),
-            QString::fromLatin1(productTitle), QString::fromStdString(meeting.string())};
+            QString::fromLatin1(productTitle),
+            QString::fromStdString(meeting.string()),
+            modServer::idleTickMs,
+            Keeper::hostLibraries,
+            QStringLiteral("libraries from %1")
+                .arg(folder.empty() ? QStringLiteral("where the system looks for them")
+                                    : QString::fromStdU16String(folder.u16string()))};
 }
 
 ChosenHost chosenHost(std::optional<DisplayWindows>& windows) {
@@ -113,7 +124,8 @@ std::string timeNow() {
     return now.toOffsetFromUtc(now.offsetFromUtc()).toString(Qt::ISODateWithMs).toStdString();
 }
 
-int runOn(Host& host, DisplayWindows& windows, const std::string& commandLine, const ChosenHost& chosen) {
+int runOn(Host& host, DisplayWindows& windows, const std::string& commandLine, const ChosenHost& chosen,
+          const QString& traceFile) {
     const std::unique_ptr<Automation> automation = systemAutomation();
     std::optional<RunningCopies> copies;
     const auto anotherCopyIsRunning = [&] { return copies.emplace(chosen.dataFolder).anotherWasRunning(); };
@@ -121,9 +133,11 @@ int runOn(Host& host, DisplayWindows& windows, const std::string& commandLine, c
                     [&host](const std::string& trouble) {
                         host.tn_log().TarnPrintfVB(("The journal " + trouble + ".\n").c_str());
                     });
+    const ReportSurroundings report{chosen.dataFolder.toStdU16String(), chosen.keeper, chosen.description,
+                                    commandLine, traceFile.toStdU16String()};
     modInter inter({host, windows, *automation, commandLine, anotherCopyIsRunning, chosen.title,
                     [] { QCoreApplication::exit(EXIT_SUCCESS); }, chosen.minuteMs,
-                    [&journal](const JournalEntry& entry) { journal.write(entry); }});
+                    [&journal](const JournalEntry& entry) { journal.write(entry); }, report});
     return inter.Main() ? QApplication::exec() : EXIT_SUCCESS;
 }
 
@@ -155,8 +169,8 @@ int main(int argc, char** argv) {
 
     const QString traceFile = qEnvironmentVariable("OCUVA_TRACE");
     if (traceFile.isEmpty()) {
-        return runOn(*chosen.host, *windows, commandLine, chosen);
+        return runOn(*chosen.host, *windows, commandLine, chosen, traceFile);
     }
     TracingHost tracingHost(*chosen.host, traceFile.toStdU16String());
-    return runOn(tracingHost, *windows, commandLine, chosen);
+    return runOn(tracingHost, *windows, commandLine, chosen, traceFile);
 }

@@ -22,9 +22,10 @@ bool modInter::Main() {
     m_flags.startupFinished = false;
     const ViewOptions view = Settings(m_context.host.tn_reg()).readView();
 
-    m_frmOcuva = std::make_unique<frmOcuva>(MainWindowContext{
-        m_context.host, m_context.displayWindows, m_context.automation, m_flags, *m_frmSplash,
-        m_context.windowTitle, m_context.endProcess, m_context.minuteMs, m_context.journal});
+    m_frmOcuva = std::make_unique<frmOcuva>(
+        MainWindowContext{m_context.host, m_context.displayWindows, m_context.automation, m_flags,
+                          *m_frmSplash, m_context.windowTitle, m_context.endProcess, m_context.minuteMs,
+                          m_context.journal, m_context.report});
     const ToolbarImageLists& lists = m_frmOcuva->imageLists;
     const std::size_t item = imageListItem(view.LargeIcons);
     m_frmOcuva->tbMain->setImageLists(lists.ilTbImage[item], lists.ilTbHot[item], lists.ilTbDisabled[item]);

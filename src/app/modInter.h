@@ -21,6 +21,7 @@ struct StartContext {
     std::function<void()> endProcess;
     int minuteMs = modServer::idleTickMs; ///< a minute of the idle clock, in milliseconds on the wall
     JournalSink journal = {};             ///< told what is done to the instrument
+    ReportSurroundings report = {};       ///< what a packed report tells of the start
 };
 
 class modInter {

@@ -1,4 +1,5 @@
 #include "app/help/WhatsThis.h"
+#include "report/Report.h"
 #include "tests/app/WindowRig.h"
 
 #include <QWhatsThis>
@@ -63,6 +64,10 @@ TEST_F(HelpMenuOfTheWindow, ExplainsEveryCommandAndEveryButton) {
         ASSERT_NE(child<QWidget>(name), nullptr) << name;
         EXPECT_FALSE(child<QWidget>(name)->whatsThis().isEmpty()) << name;
     }
+}
+
+TEST_F(HelpMenuOfTheWindow, OffersAReportWhereTheProgramCanPackOne) {
+    EXPECT_EQ(action("mnuPackReport")->isEnabled(), canPackReports());
 }
 
 } // namespace ocuva

@@ -170,10 +170,6 @@ TEST_F(MainMenuBar, AutofocusDoesNothingAtAllInVgaMode) {
     EXPECT_THAT(host.calls, ElementsAre("TarnRegisterGetInt(\"tn_video\", \"VGAMode\", 0, \"TARN\")"));
 }
 
-TEST_F(MainMenuBar, CommandsThatAreNotThereYetAreDisabledEverywhere) {
-    EXPECT_FALSE(action("mnuPackReport")->isEnabled());
-}
-
 TEST_F(ClickOnTheImage, BringsThePointToTheCentreByTwoRelativeMovesAndAWatchOnAllAxes) {
     // 384 x 288 pixels show 640 x 480 units.
     click({192 + 96, 144 + 72});

@@ -19,6 +19,7 @@ struct WindowRig : testing::Test {
     NoAutomation automation;
     int processEnds = 0;
     std::vector<JournalEntry> journal;
+    ReportSurroundings report;
     bool anotherCopy = false;
     std::unique_ptr<modInter> inter;
 
@@ -28,7 +29,7 @@ struct WindowRig : testing::Test {
         inter = std::make_unique<modInter>(
             StartContext{host, windows, automation, commandLine, [this] { return anotherCopy; },
                          QStringLiteral("Ocuva (test)"), [this] { ++processEnds; }, modServer::idleTickMs,
-                         [this](const JournalEntry& entry) { journal.push_back(entry); }});
+                         [this](const JournalEntry& entry) { journal.push_back(entry); }, report});
         return inter->Main();
     }
     frmOcuva& window() { return inter->mainWindow(); }

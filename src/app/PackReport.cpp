@@ -1,0 +1,155 @@
+#include "app/PackReport.h"
+
+#include "base/Product.h"
+#include "report/Report.h"
+
+#include <QApplication>
+#include <QDateTime>
+#include <QDir>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QProcessEnvironment>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QStyle>
+#include <QSysInfo>
+
+#include <array>
+#include <utility>
+
+namespace ocuva {
+
+namespace {
+
+struct ReportType {
+    const char* filter;
+    const char* extension;
+};
+constexpr std::array<ReportType, 2> types{{{"tar.gz (*.tar.gz)", "tar.gz"}, {"Zip (*.zip)", "zip"}}};
+
+/// The pointer of a program that is busy, for as long as this lives.
+struct BusyPointer {
+    BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
+    ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
+    BusyPointer(const BusyPointer&) = delete;
+    BusyPointer& operator=(const BusyPointer&) = delete;
+};
+
+QString firstFolder() {
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
+}
+
+QString screenText(const QScreen& screen) {
+    const QSize size = screen.geometry().size();
+    return QStringLiteral("%1, %2 x %3, %4 dots/inch, scale %5")
+        .arg(screen.name())
+        .arg(size.width())
+        .arg(size.height())
+        .arg(screen.logicalDotsPerInch())
+        .arg(screen.devicePixelRatio());
+}
+
+QString paletteText(const QWidget& window) {
+    const bool dark =
+        window.palette().window().color().lightness() < window.palette().windowText().color().lightness();
+    return QStringLiteral("%1, style %2")
+        .arg(dark ? QStringLiteral("dark") : QStringLiteral("light"), QApplication::style()->name());
+}
+
+QString textOf(const std::filesystem::path& path) { return QString::fromStdU16String(path.u16string()); }
+
+} // namespace
+
+std::string versionsText(const QWidget& window, const ReportSurroundings& surroundings) {
+    const bool hostKeeps = surroundings.keeper == Keeper::hostLibraries;
+    std::vector<std::pair<const char*, QString>> rows{
+        {"program",
+         QStringLiteral("%1 %2").arg(QString::fromLatin1(productTitle), QString::fromLatin1(productVersion))},
+        {"time", QDateTime::currentDateTime()
+                     .toOffsetFromUtc(QDateTime::currentDateTime().offsetFromUtc())
+                     .toString(Qt::ISODate)},
+        {"Qt", QStringLiteral("%1, built with %2")
+                   .arg(QString::fromLatin1(qVersion()), QStringLiteral(QT_VERSION_STR))},
+        {"system", QStringLiteral("%1, %2 %3, %4")
+                       .arg(QSysInfo::prettyProductName(), QSysInfo::kernelType(), QSysInfo::kernelVersion(),
+                            QSysInfo::buildAbi())},
+        {"host", surroundings.host},
+        {"log and settings", hostKeeps ? QStringLiteral("kept by the host's libraries, not in this report")
+                                       : QStringLiteral("in this report")},
+        {"data folder", textOf(surroundings.dataFolder)},
+        {"trace",
+         surroundings.trace.empty() ? QStringLiteral("none is written") : textOf(surroundings.trace)},
+        {"window system", QGuiApplication::platformName()},
+        {"palette", paletteText(window)},
+        {"locale", QLocale().name()},
+        {"command line", QString::fromLocal8Bit(surroundings.commandLine)},
+    };
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        rows.emplace_back(screen == window.screen() ? "screen in use" : "screen", screenText(*screen));
+    }
+    QString text;
+    for (const auto& [name, value] : rows) {
+        text += QStringLiteral("%1: %2\n").arg(QString::fromLatin1(name), value);
+    }
+    const QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    QStringList names = environment.keys();
+    names.sort();
+    for (const QString& name : std::as_const(names)) {
+        if (name.startsWith(QStringLiteral("OCUVA_"))) {
+            text += QStringLiteral("%1: %2\n").arg(name, environment.value(name));
+        }
+    }
+    return text.toStdString();
+}
+
+QString chooseReportFile(QWidget& owner, const QString& suggested) {
+    QFileDialog dialog(&owner, QObject::tr("Pack Report"), QFileInfo(suggested).path());
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setFileMode(QFileDialog::AnyFile);
+    QStringList filters;
+    for (const ReportType& type : types) {
+        filters.append(QString::fromLatin1(type.filter));
+    }
+    dialog.setNameFilters(filters);
+    dialog.setDefaultSuffix(QString::fromLatin1(types.front().extension));
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
+        for (const ReportType& type : types) {
+            if (filter == QLatin1StringView(type.filter)) {
+                dialog.setDefaultSuffix(QString::fromLatin1(type.extension));
+            }
+        }
+    });
+    // Without its extension, so that it gets that of the type chosen.
+    dialog.selectFile(QFileInfo(suggested).fileName());
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        return {};
+    }
+    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
+}
+
+PackReport::PackReport(PackReportContext context)
+    : m_context(std::move(context)) {}
+
+void PackReport::run() {
+    const QString stem = QStringLiteral("ocuva-report-") +
+                         QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmm"));
+    const QString folder = QFileInfo(m_folder).isDir() ? m_folder : firstFolder();
+    const QString name = m_context.choose(QDir(folder).filePath(stem));
+    if (name.isEmpty()) {
+        return;
+    }
+    m_folder = QFileInfo(name).absolutePath();
+    m_context.log(QObject::tr("Pack report: '%1'").arg(name));
+    const BusyPointer busy;
+    const ReportSurroundings& surroundings = m_context.surroundings;
+    ReportContents contents{stem.toStdString(), dataFiles(surroundings.dataFolder, surroundings.keeper),
+                            versionsText(m_context.window, surroundings)};
+    for (ReportFile& file : traceFiles(surroundings.trace)) {
+        contents.files.push_back(std::move(file));
+    }
+    packReport(name.toStdU16String(), contents);
+    m_context.note(QObject::tr("Report saved: '%1'").arg(name));
+}
+
+} // namespace ocuva

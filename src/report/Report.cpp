@@ -1,0 +1,193 @@
+#include "report/Report.h"
+
+#include "base/AsideFile.h"
+
+#include <algorithm>
+#include <archive.h>
+#include <archive_entry.h>
+#include <array>
+#include <cctype>
+#include <cerrno>
+#include <chrono>
+#include <fstream>
+#include <memory>
+#include <string_view>
+#include <system_error>
+
+namespace ocuva {
+
+namespace {
+
+using ArchivePtr = std::unique_ptr<archive, decltype(&archive_write_free)>;
+using EntryPtr = std::unique_ptr<archive_entry, decltype(&archive_entry_free)>;
+
+struct Kind {
+    std::string_view extension;
+    int (*setFormat)(archive*);
+    int (*addFilter)(archive*);
+};
+constexpr std::array<Kind, 2> kinds{{
+    {".tar.gz", archive_write_set_format_pax_restricted, archive_write_add_filter_gzip},
+    {".zip", archive_write_set_format_zip, archive_write_add_filter_none},
+}};
+
+[[noreturn]] void fail(const std::filesystem::path& target, const std::string& reason) {
+    throw ReportError("\"" + target.string() + "\" could not be saved: " + reason);
+}
+
+const Kind& kindOf(const std::filesystem::path& target) {
+    std::string name = target.filename().string();
+    std::transform(name.begin(), name.end(), name.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    for (const Kind& kind : kinds) {
+        const std::size_t length = kind.extension.size();
+        if (name.size() > length && name.compare(name.size() - length, length, kind.extension) == 0) {
+            return kind;
+        }
+    }
+    fail(target, "its name must end in .tar.gz or .zip");
+}
+
+/// The archive under way. An error of its own ends it; an error of a packed file does not.
+class ArchiveFile {
+public:
+    ArchiveFile(const std::filesystem::path& file, const std::filesystem::path& target)
+        : m_target(target)
+        , m_archive(archive_write_new(), archive_write_free) {
+        const Kind& kind = kindOf(target);
+        check(kind.setFormat(m_archive.get()));
+        check(kind.addFilter(m_archive.get()));
+#ifdef _WIN32
+        check(archive_write_open_filename_w(m_archive.get(), file.c_str()));
+#else
+        check(archive_write_open_filename(m_archive.get(), file.c_str()));
+#endif
+    }
+
+    void begin(const std::string& name, std::uintmax_t bytes, std::chrono::system_clock::time_point changed) {
+        constexpr int readableByAll = 0644;
+        const EntryPtr entry(archive_entry_new(), archive_entry_free);
+        archive_entry_set_pathname(entry.get(), name.c_str());
+        archive_entry_set_filetype(entry.get(), AE_IFREG);
+        archive_entry_set_perm(entry.get(), readableByAll);
+        archive_entry_set_size(entry.get(), static_cast<la_int64_t>(bytes));
+        archive_entry_set_mtime(entry.get(), std::chrono::system_clock::to_time_t(changed), 0);
+        check(archive_write_header(m_archive.get(), entry.get()));
+    }
+
+    void write(std::string_view bytes) {
+        if (archive_write_data(m_archive.get(), bytes.data(), bytes.size()) !=
+            static_cast<la_ssize_t>(bytes.size())) {
+            failHere();
+        }
+    }
+
+    void end() { check(archive_write_finish_entry(m_archive.get())); }
+    void close() { check(archive_write_close(m_archive.get())); }
+
+private:
+    void check(int result) {
+        if (result < ARCHIVE_WARN) {
+            failHere();
+        }
+    }
+
+    [[noreturn]] void failHere() {
+        // The library names the file aside, which the operator does not know, so the system's words come
+        // first.
+        const int number = archive_errno(m_archive.get());
+        const char* words = archive_error_string(m_archive.get());
+        fail(m_target, number > 0         ? std::generic_category().message(number)
+                       : words != nullptr ? words
+                                          : "the archive cannot be written");
+    }
+
+    const std::filesystem::path& m_target;
+    ArchivePtr m_archive;
+};
+
+std::chrono::system_clock::time_point lastChange(const std::filesystem::path& file) {
+    std::error_code error;
+    const auto changed = std::filesystem::last_write_time(file, error);
+    if (error) {
+        return std::chrono::system_clock::now();
+    }
+    return std::chrono::time_point_cast<std::chrono::system_clock::duration>(
+        std::filesystem::file_time_type::clock::to_sys(changed));
+}
+
+/// Sends a text of so many zeros in place of what the file no longer has.
+void fillUp(ArchiveFile& archive, std::uintmax_t bytes) {
+    static constexpr std::array<char, 4096> zeros{};
+    for (; bytes > 0; bytes -= std::min<std::uintmax_t>(bytes, zeros.size())) {
+        archive.write(
+            {zeros.data(), static_cast<std::size_t>(std::min<std::uintmax_t>(bytes, zeros.size()))});
+    }
+}
+
+std::string packOpened(ArchiveFile& archive, std::ifstream& stream, std::uintmax_t bytes) {
+    std::array<char, 65536> block{};
+    std::uintmax_t left = bytes;
+    while (left > 0) {
+        stream.read(block.data(), static_cast<std::streamsize>(std::min<std::uintmax_t>(left, block.size())));
+        const auto got = static_cast<std::size_t>(stream.gcount());
+        if (got == 0) {
+            fillUp(archive, left);
+            return "could be read up to byte " + std::to_string(bytes - left) + " only; zeros follow";
+        }
+        archive.write({block.data(), got});
+        left -= got;
+    }
+    return {};
+}
+
+/// What is wrong with the file, as a clause; empty when it is packed whole.
+std::string pack(ArchiveFile& archive, const ReportFile& file, const std::string& nameInArchive) {
+    std::error_code error;
+    const std::filesystem::file_status status = std::filesystem::symlink_status(file.path, error);
+    if (status.type() == std::filesystem::file_type::not_found) {
+        return "is not there";
+    }
+    // A pipe would hold us up.
+    if (status.type() != std::filesystem::file_type::regular) {
+        return error ? "cannot be read: " + error.message() : "is no regular file";
+    }
+    errno = 0;
+    std::ifstream stream(file.path, std::ios::binary);
+    const std::uintmax_t bytes = std::filesystem::file_size(file.path, error);
+    if (!stream || error) {
+        return "cannot be read: " +
+               (error ? error : std::error_code(errno, std::generic_category())).message();
+    }
+    archive.begin(nameInArchive, bytes, lastChange(file.path));
+    const std::string trouble = packOpened(archive, stream, bytes);
+    archive.end();
+    return trouble;
+}
+
+} // namespace
+
+bool canPackReports() { return true; }
+
+void packReport(const std::filesystem::path& target, const ReportContents& contents) {
+    AsideFile file(target);
+    ArchiveFile archive(file.path(), file.target());
+    std::string versions = contents.versions + "\nFiles:\n";
+    for (const ReportFile& source : contents.files) {
+        const std::string trouble = pack(archive, source, contents.folder + "/" + source.name);
+        versions.append("  ")
+            .append(source.name)
+            .append(trouble.empty() ? "" : " ")
+            .append(trouble)
+            .append("\n");
+    }
+    archive.begin(contents.folder + "/versions.txt", versions.size(), std::chrono::system_clock::now());
+    archive.write(versions);
+    archive.end();
+    archive.close();
+    if (const std::error_code error = file.moveIntoPlace()) {
+        fail(target, error.message());
+    }
+}
+
+} // namespace ocuva
