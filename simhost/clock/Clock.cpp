@@ -20,8 +20,10 @@ RealClock::RealClock(double timeFactor)
 double RealClock::nowMs() const { return (monotonicSeconds() - m_startSeconds) * 1000.0 * m_timeFactor; }
 
 void RealClock::spend(double ms) {
-    if (ms > 0.0) {
-        std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(wallMs(ms)));
+    // A system may cut a sleep down to whole milliseconds.
+    const double endMs = nowMs() + ms;
+    for (double leftMs = ms; leftMs > 0.0; leftMs = endMs - nowMs()) {
+        std::this_thread::sleep_for(std::chrono::duration<double, std::milli>(wallMs(leftMs)));
     }
 }
 

@@ -5,10 +5,6 @@
 #include <cmath>
 #include <cstdint>
 
-#ifdef _WIN32
-#include <windows.h>
-#endif
-
 namespace ocuva {
 
 namespace {
@@ -99,21 +95,6 @@ void appendUtf8(std::string& json, std::string_view text) {
     json += '"';
 }
 
-#ifdef _WIN32
-std::string utf8OfSeamText(std::string_view text) {
-    const int size = static_cast<int>(text.size());
-    std::wstring wide(text.size(), L'\0'); // a code page never needs more UTF-16 units than it has bytes
-    const int units = MultiByteToWideChar(CP_ACP, 0, text.data(), size, wide.data(), size);
-    std::string utf8(static_cast<std::size_t>(units) * 3, '\0');
-    const int bytes = WideCharToMultiByte(CP_UTF8, 0, wide.data(), units, utf8.data(),
-                                          static_cast<int>(utf8.size()), nullptr, nullptr);
-    utf8.resize(static_cast<std::size_t>(bytes));
-    return utf8;
-}
-#else
-std::string_view utf8OfSeamText(std::string_view text) { return text; }
-#endif
-
 } // namespace
 
 void appendJson(std::string& json, std::nullptr_t) { json += "null"; }
@@ -124,7 +105,7 @@ void appendJson(std::string& json, TarnSingle value) { appendFloat(json, value);
 
 void appendJson(std::string& json, TarnDouble value) { appendFloat(json, value); }
 
-void appendJson(std::string& json, std::string_view text) { appendUtf8(json, utf8OfSeamText(text)); }
+void appendJson(std::string& json, std::string_view text) { appendUtf8(json, text); }
 
 void appendJson(std::string& json, const char* text) {
     if (text == nullptr) {

@@ -57,8 +57,8 @@ TEST(LibraryHost, AMissingLibraryIsNamed) {
 
 TEST(LibraryHost, AMissingFunctionIsNamedWithItsLibrary) {
     const HostFolder folder;
-    std::filesystem::copy(folder.path() / fileOf("tn_log"), folder.path() / fileOf("tn_vduti"),
-                          std::filesystem::copy_options::overwrite_existing);
+    std::filesystem::remove(folder.path() / fileOf("tn_vduti"));
+    std::filesystem::copy(folder.path() / fileOf("tn_log"), folder.path() / fileOf("tn_vduti"));
     EXPECT_THAT(folder.whyNot(),
                 HasSubstr(fileOf("tn_vduti") + " has no function TarnVideoBufferComputeStatistics"));
 }
