@@ -11,6 +11,7 @@ namespace ocuva {
 /// unless it was moved into place. One thread.
 class AsideFile {
 public:
+    /// Makes nothing yet. The target's folder has to be there when the file is written.
     explicit AsideFile(std::filesystem::path target);
     ~AsideFile();
     AsideFile(const AsideFile&) = delete;
@@ -18,6 +19,7 @@ public:
 
     /// Where the file is to be written; closed before it is moved.
     const std::filesystem::path& path() const { return m_path; }
+    /// Where the file goes in the end, as it was given.
     const std::filesystem::path& target() const { return m_target; }
 
     /// Replaces what stands at the target by the file. On an error nothing has changed.
@@ -32,6 +34,7 @@ private:
 /// dropped. A folder stays where it is. One thread.
 class FormerFile {
 public:
+    /// Moves nothing yet.
     explicit FormerFile(std::filesystem::path target);
     ~FormerFile();
     FormerFile(const FormerFile&) = delete;

@@ -18,6 +18,7 @@ public:
     FileLock(const FileLock&) = delete;
     FileLock& operator=(const FileLock&) = delete;
 
+    /// For as long as the object lives, once it is.
     bool held() const { return m_problem.empty(); }
 
     /// Why it is not held, one clause; empty when it is.

@@ -7,10 +7,10 @@
 namespace ocuva {
 
 /// How much is kept: a file of maxBytes, and behind it the `kept` files before it, named file.1 (the newest)
-/// to file.<kept>.
+/// to file.3 where kept is 3.
 struct FileLimit {
-    std::uintmax_t maxBytes = 8u * 1024u * 1024u;
-    int kept = 3;
+    std::uintmax_t maxBytes = 8u * 1024u * 1024u; ///< of one file; more only by a line that alone is longer
+    int kept = 3;                                 ///< 1 or more
 };
 
 /// Asked before so many bytes are appended: whether they would lead beyond the limit. A file with nothing in

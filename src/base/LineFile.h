@@ -29,6 +29,7 @@ public:
     LineFile(const LineFile&) = delete;
     LineFile& operator=(const LineFile&) = delete;
 
+    /// Whether the next line has a file to go into.
     bool isOpen() const { return m_descriptor >= 0; }
 
     /// `line` ends with its line feed. Does nothing while the file is not open.

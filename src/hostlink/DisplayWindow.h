@@ -14,11 +14,11 @@ namespace ocuva {
 
 /// One picture as a board shows it: 32-bit pixels 0xffRRGGBB, row after row without gaps.
 struct Frame {
-    int width = 0;           ///< pixels
-    int height = 0;          ///< pixels
-    std::int64_t number = 0; ///< counts the frames of one host, from 1
-    double capturedMs = 0.0; ///< host clock when the exposure ended
-    std::vector<std::uint32_t> pixels;
+    int width = 0;                     ///< pixels
+    int height = 0;                    ///< pixels
+    std::int64_t number = 0;           ///< counts the frames of one host, from 1
+    double capturedMs = 0.0;           ///< host clock when the exposure ended
+    std::vector<std::uint32_t> pixels; ///< width times height
 };
 
 using FramePtr = std::shared_ptr<const Frame>;
@@ -38,17 +38,22 @@ public:
 /// The table from handle to sink. Attach and detach on the user-interface thread; deliver from any.
 class DisplayWindows {
 public:
+    /// Who puts the picture into the window.
     enum class Painter {
         program, ///< frames come to the sinks, and the program draws them
         host     ///< the host draws into the window itself; the program sees no frames
     };
 
+    /// One and the same for the whole run.
     explicit DisplayWindows(Painter whoPaints = Painter::program)
         : m_painter(whoPaints) {}
 
+    /// Any thread.
     Painter painter() const { return m_painter; }
 
+    /// The sink gets the frames of this handle, in place of one attached before; it lives until detach.
     void attach(Long windowHandle, FrameSink& sink);
+    /// Waits for a delivery under way. An unknown handle is ignored.
     void detach(Long windowHandle);
 
     /// Hands the frame to the sink of that handle; nothing happens when there is none. A sink is not called

@@ -11,16 +11,17 @@ namespace ocuva {
 
 /// One message as OnNotify delivers it.
 struct Notification {
-    Long msgHandler = 0; ///< number that the host gives the delivery; the program does not use it
-    std::string strComponent;
-    std::string strSubComponent;
-    std::string strId; ///< what the message means, compared exactly ("OCUVA_WAKEUP")
+    Long msgHandler = 0;         ///< number that the host gives the delivery; the program does not use it
+    std::string strComponent;    ///< whom it is for; what a filter "DST_APP=X" compares
+    std::string strSubComponent; ///< a part of the component; may be empty
+    std::string strId;           ///< what the message means, compared exactly ("OCUVA_WAKEUP")
 };
 
 /// Events arrive one at a time on the thread that made the notifier, from its event loop, never from inside
 /// Send or Subscribe. A notifier does not receive its own messages.
 class Notifier {
 public:
+    /// Receives one message; on the thread that made the notifier.
     using OnNotify = std::function<void(const Notification&)>;
 
     virtual ~Notifier() = default;

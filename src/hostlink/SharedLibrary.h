@@ -6,6 +6,7 @@
 
 namespace ocuva {
 
+/// Unloads at its end, so no function found in it may be called after that. One thread.
 class SharedLibrary {
 public:
     /// What the system puts behind a library's name: ".dll" or ".so".
@@ -18,8 +19,11 @@ public:
     SharedLibrary(const SharedLibrary&) = delete;
     SharedLibrary& operator=(const SharedLibrary&) = delete;
 
+    /// Settled by the constructor.
     bool isLoaded() const { return m_handle != nullptr; }
+    /// Empty when it is loaded.
     const std::string& error() const { return m_error; }
+    /// As it was given.
     const std::filesystem::path& file() const { return m_file; }
 
     /// Address of an exported function; null when there is none of that name.

@@ -17,6 +17,7 @@ FileLimit traceLimit();
 /// Trouble with the file is one line on stderr.
 class TraceWriter : public LineFile {
 public:
+    /// Opens or makes the file; lines of an earlier run stay.
     explicit TraceWriter(std::filesystem::path file, const FileLimit& limit = traceLimit());
 };
 

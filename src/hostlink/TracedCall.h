@@ -15,9 +15,11 @@ namespace ocuva {
 /// Numbers and dates the lines of one trace.
 class Trace {
 public:
+    /// The dates count from here.
     explicit Trace(const std::filesystem::path& file)
         : m_writer(file) {}
 
+    /// False where the lines go nowhere, and need not be made.
     bool isOpen() const { return m_writer.isOpen(); }
 
     /// Appends a line; `body` is the line from its "lib" on, without the closing brace.
@@ -32,6 +34,7 @@ private:
 /// One call: made before it with what is passed in, ended after it with what came back.
 class TracedCall {
 public:
+    /// The names are those of Host.h; the trace outlives the call.
     template <class... In>
     TracedCall(Trace& trace, std::string_view library, std::string_view function, const In&... in)
         : m_trace(trace) {

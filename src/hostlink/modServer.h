@@ -38,12 +38,17 @@ void wakeRunningCopy(const ProcessFlags& flags, TnOcuva& ocuva);
 /// What the host's messages do to the main window.
 class ServerWindow {
 public:
+    /// The states that falling asleep and waking ask for.
     enum class State { normal = 0, minimised = 1 };
 
     virtual ~ServerWindow() = default;
+    /// What the window is when it is shown next, or at once where it is shown.
     virtual void applyWindowState(State state) = 0;
+    /// The program goes on meanwhile.
     virtual void showModeless() = 0;
+    /// The program goes on without it.
     virtual void hideWindow() = 0;
+    /// While on, modServer::idleTick is called once in idleTickMs.
     virtual void enableIdleTimer(bool on) = 0;
     /// One autofocus, to its end. Keeps its failures to itself.
     virtual void DoFocus() = 0;
@@ -57,6 +62,7 @@ struct LogLineSurroundings {
     /// Whether the program runs inside the environment that it is developed in; its lines then stay out of
     /// the host's log.
     std::function<bool()> isDevelopmentEnvironment = {};
+    /// Whether there is a window, shown or hidden.
     std::function<bool()> anyWindowIsLoaded = {};
     /// Shows a message box; style is TARN_BOX_....
     std::function<void(const char* text, const char* title, TarnLong style)> showMessage = {};
@@ -64,6 +70,7 @@ struct LogLineSurroundings {
     JournalSink journal = {};
 };
 
+/// What the host's messages do, and the end of a copy that sleeps too long. On the thread of the messages.
 class modServer {
 public:
     /// Period of the idle clock.

@@ -18,6 +18,7 @@ public:
     Journal(std::filesystem::path file, std::function<std::string()> now, LineFile::Complaint complain,
             const FileLimit& limit = {});
 
+    /// The time is asked for as the line is written.
     void write(const JournalEntry& entry);
 
 private:

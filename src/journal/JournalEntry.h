@@ -11,11 +11,12 @@ namespace ocuva {
 
 /// In whole stage units.
 struct JournalPosition {
-    Long x = 0;
-    Long y = 0;
-    Long z = 0;
+    Long x = 0; ///< stage units
+    Long y = 0; ///< stage units
+    Long z = 0; ///< stage units
 };
 
+/// One line of the journal but for its time.
 struct JournalEntry {
     std::string what; ///< "move", "focus", "picture", "request"
     std::optional<JournalPosition>

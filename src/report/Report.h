@@ -16,6 +16,7 @@ public:
     using std::runtime_error::runtime_error;
 };
 
+/// What goes into an archive.
 struct ReportContents {
     std::string folder;            ///< everything lies in it within the archive; ASCII
     std::vector<ReportFile> files; ///< one may be missing

@@ -9,8 +9,8 @@ namespace ocuva {
 
 /// A file on the disk, and what it is called in the report: ASCII, with "/" between folders.
 struct ReportFile {
-    std::filesystem::path path;
-    std::string name;
+    std::filesystem::path path; ///< on the disk
+    std::string name;           ///< in the report, unique there
 };
 
 /// Who keeps the log and the settings that the program has been running on.
