@@ -5,8 +5,10 @@
 #include "pictures/PictureFile.h"
 #include "tests/pictures/PictureSamples.h"
 
+#include <cerrno>
 #include <dlfcn.h>
 #include <gtest/gtest.h>
+#include <string_view>
 
 using namespace ocuva;
 
@@ -14,6 +16,8 @@ namespace {
 
 constexpr int never = -1;
 int stepsToLive = never; // of this process: files renamed and removed before it is killed
+
+bool pictureFindsNoPlace = false;
 
 void takeStep() {
     if (stepsToLive == 0) {
@@ -32,6 +36,10 @@ template <typename Function> Function* next(Function* /*own*/, const char* name)
 
 extern "C" int rename(const char* from, const char* to) noexcept {
     takeStep();
+    if (pictureFindsNoPlace && std::string_view(to).ends_with(".tif")) {
+        errno = EACCES;
+        return -1;
+    }
     return next(rename, "rename")(from, to);
 }
 
@@ -62,6 +70,8 @@ struct KilledSave : testing::Test {
     }
 };
 
+using SaveThatFindsNoPlace = KilledSave;
+
 } // namespace
 
 TEST_F(KilledSave, LeavesAWholePictureAndNoDescriptionThatItDoesNotBelongTo) {
@@ -90,4 +100,14 @@ TEST_F(KilledSave, IsFollowedByASaveThatLeavesNothingOfItBehind) {
         EXPECT_EQ(readDescription(name), newPoints);
         EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2) << steps;
     }
+}
+
+TEST_F(SaveThatFindsNoPlace, LeavesTheOldPictureWithItsDescription) {
+    savePicture(name, samplePicture(before), oldPoints);
+    pictureFindsNoPlace = true;
+    EXPECT_THROW(savePicture(name, samplePicture(after), newPoints), PictureFileError);
+    pictureFindsNoPlace = false;
+    EXPECT_EQ(openPicture(name).image, before);
+    EXPECT_EQ(readDescription(name), oldPoints);
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 2);
 }
