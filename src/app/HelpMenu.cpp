@@ -8,9 +8,9 @@
 
 namespace ocuva {
 
-HelpMenu::HelpMenu(QDir manual, PackReportContext report)
+HelpMenu::HelpMenu(const QDir& manual, PackReportContext report)
     : m_window(report.window)
-    , m_manual(std::move(manual))
+    , m_manual(manual)
     , m_report(std::move(report)) {}
 
 void HelpMenu::run(Command command) {

@@ -16,7 +16,7 @@ class HelpMenu {
 public:
     /// The controls of the report's window are explained; it outlives this. The manual is looked for in the
     /// folder given.
-    HelpMenu(QDir manual, PackReportContext report);
+    HelpMenu(const QDir& manual, PackReportContext report);
 
     /// Commands of other menus do nothing here. Throws ReportError where a report cannot be packed.
     void run(Command command);

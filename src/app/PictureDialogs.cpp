@@ -64,7 +64,7 @@ QString choosePictureToSave(QWidget& owner, const QString& folder) {
 }
 
 QString PictureFolder::last() const {
-    const QString folder = store().value(folderPath).toString();
+    QString folder = store().value(folderPath).toString();
     if (!folder.isEmpty() && QFileInfo(folder).isDir()) {
         return folder;
     }

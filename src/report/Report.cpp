@@ -160,7 +160,7 @@ std::string pack(ArchiveFile& archive, const ReportFile& file, const std::string
                (error ? error : std::error_code(errno, std::generic_category())).message();
     }
     archive.begin(nameInArchive, bytes, lastChange(file.path));
-    const std::string trouble = packOpened(archive, stream, bytes);
+    std::string trouble = packOpened(archive, stream, bytes);
     archive.end();
     return trouble;
 }

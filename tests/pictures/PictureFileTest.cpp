@@ -156,6 +156,15 @@ TEST_F(SavedPictures, WithoutAnImageAreRefused) {
     EXPECT_EQ(files(), 0U);
 }
 
+TEST_F(SavedPictures, WiderOrHigherThanSixteenBitsTellAreRefused) {
+    for (const QSize size : {QSize(32768, 1), QSize(1, 32768)}) {
+        QImage image(size, QImage::Format_Grayscale8);
+        image.fill(0);
+        EXPECT_THAT(errorOfSaving(folder / "Video.tif", image), HasSubstr("32768"));
+    }
+    EXPECT_EQ(files(), 0u);
+}
+
 TEST_F(SavedPictures, WhoseFileCannotBePreparedLeaveTheOldPictureAndItsDescriptionWhole) {
     for (const char* blocked : {"Video.tif.aside", "Video.pic.aside"}) {
         savePicture(folder / "Video.tif", samplePicture(colour), points);
