@@ -86,7 +86,7 @@ struct WindowPainter::Window {
     void draw(const ocuva::Frame& picture) {
         const Answer<xcb_get_geometry_reply_t> size{
             xcb_get_geometry_reply(connection, xcb_get_geometry(connection, id), nullptr)};
-        if (!size || size->depth < 24) {
+        if (!size || size->width == 0 || size->depth < 24) {
             return;
         }
         stretch(picture, size->width, size->height, stretched);

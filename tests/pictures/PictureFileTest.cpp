@@ -229,7 +229,7 @@ TEST_F(OpenedPictures, OfGarbageAreRefusedAndLibtiffSaysNothingOnStandardError) 
     }
     folder.write("damaged.tif", "II*");
     EXPECT_THAT(errorOfOpening("damaged.tif"), HasSubstr("damaged.tif"));
-    folder.write("damaged.tif", "MM\0*" + std::string(100, '\xff'));
+    folder.write("damaged.tif", std::string({'M', 'M', '\0', '*'}) + std::string(100, '\xff'));
     EXPECT_THAT(errorOfOpening("damaged.tif"), HasSubstr("damaged.tif"));
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }

@@ -43,6 +43,7 @@ std::map<std::string, std::string> unpacked(const std::filesystem::path& file) {
 
 std::vector<std::string> names(const std::vector<ReportFile>& files) {
     std::vector<std::string> result;
+    result.reserve(files.size());
     for (const ReportFile& file : files) {
         result.push_back(file.name);
     }

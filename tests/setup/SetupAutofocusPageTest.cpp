@@ -44,6 +44,7 @@ TEST_F(AutofocusPage, ShowsWhatIsStored) {
 TEST_F(AutofocusPage, OffersTheSevenParts) {
     open();
     std::vector<std::string> parts;
+    parts.reserve(static_cast<std::size_t>(page().cbAutoPart->count()));
     for (int i = 0; i < page().cbAutoPart->count(); ++i) {
         parts.push_back(page().cbAutoPart->itemText(i).toStdString());
     }

@@ -3,7 +3,6 @@
 #include <QTabBar>
 
 using namespace ocuva;
-using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
@@ -39,6 +38,7 @@ TEST_F(SetupDialog, OpensWithTheFirstTabAndItsFrameAlone) {
 TEST_F(SetupDialog, HasItsFiveTabsInOrder) {
     open();
     std::vector<std::string> captions;
+    captions.reserve(static_cast<std::size_t>(dialog->tsSetup->count()));
     for (int i = 0; i < dialog->tsSetup->count(); ++i) {
         captions.push_back(dialog->tsSetup->tabText(i).remove(u'&').toStdString());
     }

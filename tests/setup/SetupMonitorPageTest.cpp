@@ -1,7 +1,6 @@
 #include "tests/setup/DialogRig.h"
 
 using namespace ocuva;
-using testing::AllOf;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
