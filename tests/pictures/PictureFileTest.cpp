@@ -229,7 +229,9 @@ TEST_F(OpenedPictures, OfGarbageAreRefusedAndLibtiffSaysNothingOnStandardError) 
     }
     folder.write("damaged.tif", "II*");
     EXPECT_THAT(errorOfOpening("damaged.tif"), HasSubstr("damaged.tif"));
-    folder.write("damaged.tif", std::string({'M', 'M', '\0', '*'}) + std::string(100, '\xff'));
+    std::string backwards(104, '\xff'); // the other byte order, and nothing behind it
+    backwards.replace(0, 2, "MM").replace(2, 1, 1, '\0').replace(3, 1, 1, '*');
+    folder.write("damaged.tif", backwards);
     EXPECT_THAT(errorOfOpening("damaged.tif"), HasSubstr("damaged.tif"));
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
