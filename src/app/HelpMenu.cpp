@@ -35,7 +35,7 @@ void HelpMenu::run(Command command) {
 
 void HelpMenu::openManual() {
     if (m_manualWindow == nullptr) {
-        m_manualWindow = std::make_unique<HelpWindow>(m_manual, MainMenu::keys());
+        m_manualWindow = std::make_unique<HelpWindow>(m_manual, MainMenu::keys(), &m_window);
     }
     m_manualWindow->show();
     m_manualWindow->raise();

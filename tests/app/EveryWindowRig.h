@@ -28,6 +28,7 @@ struct EveryWindow : WindowRig {
         action("mnuMove")->trigger();
         action("Picture")->trigger();
         action("mnuSetup")->trigger();
+        action("mnuManual")->trigger();
         window().tbMain->customize();
         list = std::make_unique<StandardList>(host.tn_reg(), host.tn_lib_proxy());
         standardList = std::make_unique<frmStdList>(

@@ -84,8 +84,8 @@ TEST_F(EveryWindow, IsThereToBeLookedAt) {
     for (const QWidget* shown : windowsOnScreen()) {
         names.insert(shown->objectName().toStdString());
     }
-    EXPECT_THAT(names, testing::ElementsAre("dlgCustomizeToolbar", "frmMove", "frmOcuva", "frmSetup",
-                                            "frmSetupStage", "frmStdList"));
+    EXPECT_THAT(names, testing::ElementsAre("dlgCustomizeToolbar", "frmHelp", "frmMove", "frmOcuva",
+                                            "frmSetup", "frmSetupStage", "frmStdList"));
 }
 
 TEST_F(EveryWindow, NamesEachOfItsControlsForAScreenReader) {

@@ -2,13 +2,12 @@
 
 #include "app/toolbar/VectorIcon.h"
 #include "base/Product.h"
+#include "controls/WindowPlace.h"
 
-#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QScreen>
 #include <QScrollBar>
-#include <QSettings>
 #include <QShortcut>
 #include <QSplitter>
 #include <QVBoxLayout>
@@ -20,16 +19,9 @@ namespace {
 constexpr int deepestInContents = 3;
 constexpr QSize firstSize{960, 680};
 constexpr int contentsWidthPx = 250;
-constexpr const char* geometryKey = "HelpWindow/Geometry";
-
-QSettings userSettings() {
-    return {QSettings::NativeFormat, QSettings::UserScope, QString::fromLatin1(registryOrganisation),
-            QString::fromLatin1(productTitle)};
-}
-
 } // namespace
 
-HelpWindow::HelpWindow(const QDir& manual, const std::vector<KeyRow>& keys)
+HelpWindow::HelpWindow(const QDir& manual, const std::vector<KeyRow>& keys, const QWidget* beside)
     : view(new HelpView)
     , contents(new QTreeWidget)
     , txtSearch(new QLineEdit)
@@ -66,9 +58,8 @@ HelpWindow::HelpWindow(const QDir& manual, const std::vector<KeyRow>& keys)
         }
     });
     connect(view->verticalScrollBar(), &QScrollBar::valueChanged, this, &HelpWindow::followView);
-    if (!restoreGeometry(userSettings().value(QLatin1StringView(geometryKey)).toByteArray())) {
-        resize(firstSize.boundedTo(screen()->availableSize() * 9 / 10));
-    }
+    resize(firstSize.boundedTo(screen()->availableSize() * 9 / 10));
+    new WindowPlace(*this, WindowPlace::Keeps::PositionAndSize, besideItsOwner(beside));
     view->setFocus();
 }
 
@@ -185,11 +176,6 @@ void HelpWindow::escape() {
         txtSearch->clear();
         view->setFocus();
     }
-}
-
-void HelpWindow::closeEvent(QCloseEvent* event) {
-    userSettings().setValue(QLatin1StringView(geometryKey), saveGeometry());
-    QWidget::closeEvent(event);
 }
 
 } // namespace ocuva

@@ -14,13 +14,15 @@
 
 namespace ocuva {
 
-/// Modeless and without a parent, so that it can lie beside the main window or behind it. It remembers its
-/// size for the user.
+/// Modeless and without a parent, so that it can lie beside the main window or behind it. It remembers size
+/// and place for the user.
 class HelpWindow : public QWidget {
     Q_OBJECT
 
 public:
-    HelpWindow(const QDir& manual, const std::vector<KeyRow>& keys);
+    /// Opened for the very first time it stands beside that window; null leaves the place to the window
+    /// system.
+    HelpWindow(const QDir& manual, const std::vector<KeyRow>& keys, const QWidget* beside = nullptr);
 
     /// Brings the chapter with that title to the top; without such a chapter the text stays.
     void showChapter(const QString& title);
@@ -29,9 +31,6 @@ public:
     QTreeWidget* const contents;
     QLineEdit* const txtSearch;
     QLabel* const lblFound;
-
-protected:
-    void closeEvent(QCloseEvent* event) override;
 
 private:
     QWidget* makeSearchRow();

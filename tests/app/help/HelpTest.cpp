@@ -1,10 +1,12 @@
 #include "app/help/HelpPictures.h"
 #include "app/help/HelpWindow.h"
+#include "controls/WindowPlace.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
 #include <QImage>
 #include <QPainter>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSettings>
 #include <QTemporaryDir>
@@ -194,15 +196,25 @@ TEST_F(ManualWindow, SaysHowManyPlacesWereFound) {
     EXPECT_EQ(window.lblFound->text().toStdString(), "");
 }
 
-TEST_F(ManualWindow, RemembersItsSize) {
+TEST_F(ManualWindow, ComesBackWhereItWasLeftAndAsLarge) {
+    const QRect left(40, 60, 640, 400);
     {
         HelpWindow window(QDir(QStringLiteral(DOCS_FOLDER)), {});
         window.show();
-        window.resize(640, 400);
+        window.setGeometry(left);
         window.close();
     }
-    const HelpWindow again(QDir(QStringLiteral(DOCS_FOLDER)), {});
-    EXPECT_EQ(again.size(), QSize(640, 400));
+    HelpWindow again(QDir(QStringLiteral(DOCS_FOLDER)), {});
+    again.show();
+    EXPECT_EQ(again.geometry(), left);
+}
+
+TEST_F(ManualWindow, ThatWasLeftOnAScreenThatIsGoneComesBackOnOneThatIsThere) {
+    WindowPlaceStore().save(QStringLiteral("frmHelp"), QRect(9000, 7000, 640, 400));
+    HelpWindow window(QDir(QStringLiteral(DOCS_FOLDER)), {});
+    window.show();
+    EXPECT_TRUE(window.screen()->availableGeometry().contains(window.frameGeometry()));
+    EXPECT_EQ(window.size(), QSize(640, 400));
 }
 
 TEST_F(ManualWindow, NamesItsPartsForScreenReaders) {
