@@ -2,9 +2,11 @@
 
 #include <QFontMetrics>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QStyle>
+#include <QStyleOptionFocusRect>
 
 namespace ocuva {
 
@@ -35,6 +37,7 @@ StatusPanel::StatusPanel(const QString& key, const QString& toolTip, QWidget* pa
     setToolTip(toolTip);
     setAccessibleName(toolTip);
     setTextFormat(Qt::PlainText);
+    setFocusPolicy(Qt::TabFocus); // a click leaves the focus where one works
 }
 
 void StatusPanel::setText(const QString& text) {
@@ -65,6 +68,11 @@ void StatusPanel::paintEvent(QPaintEvent* /*event*/) {
     const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, room.width());
     style()->drawItemText(&painter, room, static_cast<int>(alignment()), palette(), QWidget::isEnabled(),
                           shown, foregroundRole());
+    if (hasFocus()) {
+        QStyleOptionFocusRect focus;
+        focus.initFrom(this);
+        style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
+    }
 }
 
 void StatusPanel::mouseReleaseEvent(QMouseEvent* event) {
@@ -79,6 +87,20 @@ void StatusPanel::mouseDoubleClickEvent(QMouseEvent* event) {
     if (event->button() == Qt::LeftButton) {
         m_doubleClick = true;
         Q_EMIT doubleClicked();
+    }
+}
+
+void StatusPanel::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Space:
+        Q_EMIT clicked();
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        Q_EMIT doubleClicked();
+        break;
+    default:
+        QLabel::keyPressEvent(event);
     }
 }
 

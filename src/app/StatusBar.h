@@ -9,7 +9,8 @@
 
 namespace ocuva {
 
-/// One panel; its text is read by its key. A text that finds no room ends in an ellipsis.
+/// One panel; its text is read by its key. A text that finds no room ends in an ellipsis. Tab reaches it:
+/// Space is a click, Enter a double click.
 class StatusPanel final : public QLabel {
     Q_OBJECT
 
@@ -31,6 +32,7 @@ Q_SIGNALS:
 protected:
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
 private:

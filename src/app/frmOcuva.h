@@ -13,6 +13,7 @@
 #include "app/StatusBar.h"
 #include "app/toolbar/MainToolbar.h"
 #include "app/toolbar/ToolbarLayoutStore.h"
+#include "controls/RestingWindows.h"
 #include "display/LengthConversion.h"
 #include "display/MonitorSizing.h"
 #include "display/NiceNumber.h"
@@ -233,6 +234,7 @@ private:
     std::optional<modServer> m_server;
     ToolbarLayoutStore m_layoutStore;
     HelpMenu m_help;
+    RestingWindows m_resting;
 
     QWidget* m_client = nullptr;
     std::unique_ptr<MainMenu> m_menu;

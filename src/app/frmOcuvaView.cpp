@@ -187,11 +187,15 @@ void frmOcuva::applyWindowState(ServerWindow::State state) {
 
 void frmOcuva::showModeless() {
     show();
+    m_resting.bringBack();
     raise();
     activateWindow();
 }
 
-void frmOcuva::hideWindow() { hide(); }
+void frmOcuva::hideWindow() {
+    m_resting.layDown(*this);
+    hide();
+}
 
 void frmOcuva::enableIdleTimer(bool on) {
     if (!on) {

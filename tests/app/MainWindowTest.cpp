@@ -307,6 +307,21 @@ TEST_F(MainWindow, AClickOnAPanelOfTheStatusBarReadsTheStageAgain) {
     EXPECT_THAT(host.calls, ElementsAre("TarnReadStagePos(1)", "TarnReadStagePos(2)", "TarnReadStagePos(3)"));
 }
 
+TEST_F(MainWindow, APanelOfTheStatusBarIsWorkedWithTheKeyboardToo) {
+    host.position = {{axisX, 5}};
+    StatusPanel* const panelY = window().sbMain->panel(QStringLiteral("Y"));
+    EXPECT_EQ(panelY->focusPolicy(), Qt::TabFocus);
+    QTest::keyClick(panelY, Qt::Key_Space);
+    EXPECT_EQ(panel("X"), "5");
+    EXPECT_FALSE(window().standards().moveDialog().isVisible());
+    QTest::keyClick(panelY, Qt::Key_Return);
+    EXPECT_TRUE(window().standards().moveDialog().isVisible());
+    host.pixelCount = 1;
+    host.pixelSum = 42;
+    QTest::keyClick(window().sbMain->panel(QStringLiteral("Info")), Qt::Key_Space);
+    EXPECT_THAT(panel("Info"), testing::HasSubstr("mean 42.0"));
+}
+
 TEST_F(MainWindow, ItsPanelsAndItsMonitorFrameTellWhatTheyAre) {
     EXPECT_EQ(window().sbMain->panel(QStringLiteral("X"))->toolTip(),
               QStringLiteral("Stage X current position"));

@@ -1,7 +1,11 @@
 #include "controls/HostMessageBox.h"
+#include "setup/frmSetup.h"
 #include "tests/app/WindowRig.h"
 
+#include <QLineEdit>
+#include <QMenu>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QTimer>
 #include <QWindow>
 
@@ -30,6 +34,25 @@ struct ServerMode : WindowRig {
         ASSERT_TRUE(start("-server"));
         QCoreApplication::processEvents();
         host.calls.clear();
+    }
+    static std::vector<std::string> windowsOnScreen() {
+        std::vector<std::string> shown;
+        for (const QWidget* widget : QApplication::topLevelWidgets()) {
+            if (widget->isVisible()) {
+                shown.push_back(widget->objectName().toStdString());
+            }
+        }
+        return shown;
+    }
+    // The host's message comes while the program waits in whatever the trigger opens.
+    void sleepWhile(const std::function<void()>& waiting) {
+        boxWatch.stop();
+        QTimer::singleShot(0, &window(), [this] {
+            EXPECT_GT(windowsOnScreen().size(), 1u);
+            host.deliver("OCUVA_SLEEP");
+        });
+        waiting();
+        EXPECT_THAT(windowsOnScreen(), testing::IsEmpty());
     }
     void failingAt(const char* function) {
         host.onCall = [function](const std::string& name) {
@@ -78,6 +101,54 @@ TEST_F(ServerMode, WakeShowsAWindowThatWasNeverShown) {
     host.deliver("OCUVA_WAKEUP");
     EXPECT_TRUE(window().isVisible());
     EXPECT_EQ(window().panels().milDisp->size(), QSize(384, 288));
+}
+
+TEST_F(ServerMode, SleepTakesTheOpenDialogsAlongAndWakeBringsThemBackWithWhatWasTyped) {
+    start();
+    for (const char* command : {"mnuSetup", "mnuMove", "Picture", "mnuManual"}) {
+        action(command)->trigger();
+    }
+    QLineEdit& box = *window().pictureOnStage().dialog().FramePoint->box(0, PointField::XI);
+    box.setText(QStringLiteral("1234"));
+    const std::vector<std::string> before = windowsOnScreen();
+    ASSERT_EQ(before.size(), 5u);
+    host.deliver("OCUVA_SLEEP");
+    EXPECT_THAT(windowsOnScreen(), testing::IsEmpty());
+    host.deliver("OCUVA_SLEEP");
+    host.deliver("OCUVA_WAKEUP");
+    EXPECT_THAT(windowsOnScreen(), testing::UnorderedElementsAreArray(before));
+    EXPECT_EQ(box.text(), QStringLiteral("1234"));
+}
+
+TEST_F(ServerMode, AWakeBringsBackOnlyWhatTheSleepHid) {
+    start();
+    action("mnuMove")->trigger();
+    window().standards().moveDialog().close();
+    host.deliver("OCUVA_SLEEP");
+    host.deliver("OCUVA_WAKEUP");
+    EXPECT_THAT(windowsOnScreen(), testing::ElementsAre("frmOcuva"));
+}
+
+TEST_F(ServerMode, SleepWaitsForNoAnswerToABoxThatIsOpen) {
+    start();
+    QCoreApplication::processEvents();
+    sleepWhile([this] { action("mnuAbout")->trigger(); });
+    host.deliver("OCUVA_WAKEUP");
+    EXPECT_THAT(windowsOnScreen(), testing::ElementsAre("frmOcuva"));
+    sleepWhile([] { EXPECT_EQ(showHostMessageBox("text", "title", TARN_BOX_YES_NO), TARN_ANSWER_NO); });
+}
+
+TEST_F(ServerMode, SleepWaitsForNoListUnderAnotherDialogAndNoMenu) {
+    start();
+    action("mnuSetup")->trigger();
+    auto* sort = window().setupDialog()->findChild<QPushButton*>(QStringLiteral("cmdStandardSort"));
+    ASSERT_NE(sort, nullptr);
+    sleepWhile([sort] { sort->click(); });
+    host.deliver("OCUVA_WAKEUP");
+    EXPECT_THAT(windowsOnScreen(), testing::UnorderedElementsAre("frmOcuva", "frmSetup"));
+    QMenu menu;
+    menu.addAction(QStringLiteral("entry"));
+    sleepWhile([&menu] { menu.exec(QPoint(10, 10)); });
 }
 
 TEST_F(ServerMode, ASecondSleepLetsTheMinuteThatHasBegunGoOn) {

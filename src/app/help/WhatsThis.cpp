@@ -62,11 +62,11 @@ constexpr Explanation explanations[]{
     {"frUpDown", QT_TRANSLATE_NOOP("WhatsThis", "Moves the stage up and down by the number of units on the "
                                                 "button.")},
     {"X Y Z",
-     QT_TRANSLATE_NOOP("WhatsThis", "Where the stage stands, in stage units. Click to read it again, "
-                                    "double-click to type a position.")},
+     QT_TRANSLATE_NOOP("WhatsThis", "Where the stage stands, in stage units. Click (Space) to read it "
+                                    "again, double-click (Enter) to type a position.")},
     {"Info",
      QT_TRANSLATE_NOOP("WhatsThis", "The state of the image: green lamp live, grey still, red when frames "
-                                    "should come and do not. Click to measure its grey levels.")},
+                                    "should come and do not. Click (Space) to measure its grey levels.")},
     {"tbMain",
      QT_TRANSLATE_NOOP("WhatsThis", "Each button does the same as a command of the menus. Double-click "
                                     "beside the buttons to rearrange them.")},

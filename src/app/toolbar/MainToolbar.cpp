@@ -214,9 +214,9 @@ void MainToolbar::contextMenuEvent(QContextMenuEvent* event) {
     auto* const menu = new QMenu(this);
     menu->setObjectName(QStringLiteral("mnuToolbar"));
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    QAction* const customizeItem = menu->addAction(QStringLiteral("&Customize…"));
+    QAction* const customizeItem = menu->addAction(tr("&Customize…"));
     connect(customizeItem, &QAction::triggered, this, &MainToolbar::customize);
-    QAction* const resetItem = menu->addAction(QStringLiteral("&Reset"));
+    QAction* const resetItem = menu->addAction(tr("&Reset"));
     resetItem->setEnabled(!(m_layout == ToolbarLayout::design()));
     connect(resetItem, &QAction::triggered, this, &MainToolbar::reset);
     menu->popup(event->globalPos());
