@@ -15,7 +15,7 @@ const QColor lampStored(52, 120, 214);
 
 } // namespace
 
-ImageInformation::ImageInformation(StatusPanel& panel, const MilDisplay& display, QObject* parent)
+ImageInformation::ImageInformation(StatusPanel& panel, MilDisplay& display, QObject* parent)
     : QObject(parent)
     , m_panel(panel)
     , m_display(display) {
@@ -38,6 +38,7 @@ void ImageInformation::show(const ImageState& state) {
     }
     m_state = state;
     m_note.clear();
+    m_advice.clear();
     if (!m_state.grabbing || m_display.isDrawnByHost()) {
         m_tLiveCheck.stop();
     } else if (!m_tLiveCheck.isActive() && !m_watch.hasStopped()) {
@@ -74,6 +75,7 @@ void ImageInformation::checkLive() {
         return;
     }
     m_note.clear();
+    m_advice.clear();
     showText();
 }
 
@@ -81,14 +83,23 @@ void ImageInformation::showGreyLevels(double mean, double standardDeviation) {
     showNote(tr("mean %1, sd %2").arg(mean, 0, 'f', 1).arg(standardDeviation, 0, 'f', 1));
 }
 
-void ImageInformation::showNote(const QString& note) {
+void ImageInformation::showNote(const QString& note, const QString& advice) {
     m_note = note;
+    m_advice = advice;
     showText();
+}
+
+void ImageInformation::takeOff(const QString& note) {
+    if (m_note == note) {
+        m_note.clear();
+        m_advice.clear();
+        showText();
+    }
 }
 
 QString ImageInformation::liveText() const {
     if (!m_state.grabbing) {
-        return tr("Still");
+        return m_state.boardReady ? tr("Still") : tr("Board not ready");
     }
     if (m_watch.hasStopped()) {
         const qint64 silentMs = m_clock.elapsed() - m_watch.lastSignMs();
@@ -97,6 +108,21 @@ QString ImageInformation::liveText() const {
     }
     const double rate = m_watch.framesPerSecond();
     return rate > 0.0 ? tr("Live %1 frames/s").arg(rate, 0, 'f', 1) : tr("Live");
+}
+
+QString ImageInformation::nextStep() const {
+    if (!m_state.grabbing) {
+        return m_state.boardReady ? tr("Live (F7) starts the live image")
+                                  : tr("Initialize the video board: Setup (Alt+T), tab Board");
+    }
+    return m_watch.hasStopped() ? tr("See to the camera; Live (F7) pressed twice starts it anew")
+                                : tr("Click a point of the image to bring it to the centre");
+}
+
+// As long as there is no image at all, the place where one looks for it says how to get it.
+void ImageInformation::showPrompt() {
+    const bool isAsked = m_state.grabbing && !m_watch.hasStopped();
+    m_display.setPrompt(isAsked ? tr("Waiting for the first image") : nextStep());
 }
 
 void ImageInformation::showStoredText() {
@@ -110,9 +136,8 @@ void ImageInformation::showStoredText() {
                     m_state.calibrated ? tr("Point at it to read stage positions")
                                        : tr("No calibration: no stage positions"),
                     tr("Live (F7) brings the live image back")};
-    if (!m_note.isEmpty()) {
-        all << m_note;
-    }
+    all << m_note << m_advice;
+    all.removeAll(QString());
     m_panel.setToolTip(all.join(u'\n'));
 }
 
@@ -127,12 +152,18 @@ void ImageInformation::showText() {
     // A note takes the place of the rest, which would otherwise push it out of sight.
     const QStringList shown = m_note.isEmpty() ? QStringList{live, zoom, magnification}
                                                : QStringList{m_state.grabbing ? tr("Live") : live, m_note};
-    const bool stopped = m_state.grabbing && m_watch.hasStopped();
-    m_panel.setLamp(stopped ? lampStopped : m_state.grabbing ? lampLive : lampStill);
+    const bool failing = m_state.grabbing ? m_watch.hasStopped() : !m_state.boardReady;
+    m_panel.setLamp(failing ? lampStopped : m_state.grabbing ? lampLive : lampStill);
     m_panel.setText(shown.join(QStringLiteral("   ")));
     QStringList all{live, tr("Zoom %1").arg(zoom), tr("Magnification %1").arg(magnification)};
-    all << (m_note.isEmpty() ? tr("Click to measure the grey levels") : m_note);
+    if (m_note.isEmpty()) {
+        all << nextStep() << tr("Click here to measure the grey levels");
+    } else {
+        all << m_note << m_advice;
+        all.removeAll(QString());
+    }
     m_panel.setToolTip(all.join(u'\n'));
+    showPrompt();
 }
 
 } // namespace ocuva

@@ -18,6 +18,7 @@ struct ImageState {
     Integer zoomDivisor = 2;
     QString storedPicture;   ///< its bare name; empty while the camera's image is shown
     bool calibrated = false; ///< whether the stored picture can be turned into stage positions
+    bool boardReady = true;
 
     bool operator==(const ImageState&) const = default;
 };
@@ -28,7 +29,7 @@ class ImageInformation final : public QObject {
 
 public:
     /// Both outlive it.
-    ImageInformation(StatusPanel& panel, const MilDisplay& display, QObject* parent);
+    ImageInformation(StatusPanel& panel, MilDisplay& display, QObject* parent);
 
     /// Every call is a change of state: it takes a note off the panel.
     void show(const ImageState& state);
@@ -37,8 +38,11 @@ public:
     void frameShown();
     /// Shows measured grey levels until the state changes.
     void showGreyLevels(double mean, double standardDeviation);
-    /// Shows what has just happened until the state changes.
-    void showNote(const QString& note);
+    /// Shows what has just happened until the state changes; what to do about it is told to whoever points at
+    /// the panel.
+    void showNote(const QString& note, const QString& advice = {});
+    /// Takes that note off the panel if it is still there.
+    void takeOff(const QString& note);
 
 private:
     void grabChanged();
@@ -46,9 +50,12 @@ private:
     void showText();
     QString liveText() const;
     void showStoredText();
+    /// What the operator can do next about the camera's image.
+    QString nextStep() const;
+    void showPrompt();
 
     StatusPanel& m_panel;
-    const MilDisplay& m_display;
+    MilDisplay& m_display;
     QTimer m_tLiveCheck; // runs only while frames are expected
     QElapsedTimer m_clock;
     LiveWatch m_watch;
@@ -56,6 +63,7 @@ private:
     Long m_magnification = 0;
     FramePtr m_lastSeenFrame;
     QString m_note;
+    QString m_advice;
 };
 
 } // namespace ocuva

@@ -16,37 +16,57 @@ struct Row {
     const char* caption;
     const char* shortcut;
     Command command;
+    const char* tip; // shown in the status bar while the entry is pointed at
 };
 
 // An item belongs to the menu above it.
 constexpr std::array<Row, 26> rows{{
-    {Kind::Menu, "mnuFile", QT_TRANSLATE_NOOP("MainMenu", "&File"), "", Command::None},
-    {Kind::Item, "mmuOpen", QT_TRANSLATE_NOOP("MainMenu", "&Open"), "Ctrl+O", Command::Open},
-    {Kind::Item, "mnuSaveAs", QT_TRANSLATE_NOOP("MainMenu", "&Save As..."), "Ctrl+S", Command::SaveAs},
-    {Kind::Separator, "mnuSep", "", "", Command::None},
-    {Kind::Item, "mnuExit", QT_TRANSLATE_NOOP("MainMenu", "&Exit"), "Ctrl+Q", Command::Exit},
-    {Kind::Menu, "mnuView", QT_TRANSLATE_NOOP("MainMenu", "&View"), "", Command::None},
-    {Kind::Check, "mnuAcq", QT_TRANSLATE_NOOP("MainMenu", "&Live"), "F7", Command::Acquire},
-    {Kind::Check, "mnuZoom0", QT_TRANSLATE_NOOP("MainMenu", "&Normal (1:1)"), "", Command::Zoom},
-    {Kind::Check, "mnuZoom1", QT_TRANSLATE_NOOP("MainMenu", "&Zoom out (1:2)"), "", Command::Zoom},
-    {Kind::Check, "mnuCross", QT_TRANSLATE_NOOP("MainMenu", "&Cross"), "F9", Command::Cross},
-    {Kind::Check, "mnuGrid", QT_TRANSLATE_NOOP("MainMenu", "&Grid"), "F5", Command::Grid},
-    {Kind::Check, "mnuMicroMarker", QT_TRANSLATE_NOOP("MainMenu", "&MicroMarker"), "", Command::MicroMarker},
-    {Kind::Menu, "mnuStage", QT_TRANSLATE_NOOP("MainMenu", "&Stage"), "", Command::None},
-    {Kind::Item, "mnuMove", QT_TRANSLATE_NOOP("MainMenu", "&Move..."), "F8", Command::Move},
-    {Kind::Item, "mmuBckl", QT_TRANSLATE_NOOP("MainMenu", "&Backlash"), "F6", Command::Backlash},
-    {Kind::Item, "mnuStandard", QT_TRANSLATE_NOOP("MainMenu", "&Standard"), "", Command::None},
-    {Kind::Item, "mnuFocus", QT_TRANSLATE_NOOP("MainMenu", "&Autofocus"), "F4", Command::Focus},
-    {Kind::Item, "Picture", QT_TRANSLATE_NOOP("MainMenu", "&Picture"), "F3", Command::Picture},
-    {Kind::BarItem, "mnuSetup", QT_TRANSLATE_NOOP("MainMenu", "Se&tup..."), "", Command::Setup},
-    {Kind::BarItem, "mnuAbout", QT_TRANSLATE_NOOP("MainMenu", "&About..."), "", Command::About},
-    {Kind::Menu, "mnuHelp", QT_TRANSLATE_NOOP("MainMenu", "&Help"), "", Command::None},
-    {Kind::Item, "mnuManual", QT_TRANSLATE_NOOP("MainMenu", "&Manual"), "F1", Command::Manual},
-    {Kind::Item, "mnuKeys", QT_TRANSLATE_NOOP("MainMenu", "&Keys"), "", Command::Keys},
+    {Kind::Menu, "mnuFile", QT_TRANSLATE_NOOP("MainMenu", "&File"), "", Command::None, ""},
+    {Kind::Item, "mmuOpen", QT_TRANSLATE_NOOP("MainMenu", "&Open"), "Ctrl+O", Command::Open,
+     QT_TRANSLATE_NOOP("MainMenu", "Show a stored picture")},
+    {Kind::Item, "mnuSaveAs", QT_TRANSLATE_NOOP("MainMenu", "&Save As..."), "Ctrl+S", Command::SaveAs,
+     QT_TRANSLATE_NOOP("MainMenu", "Save the image and its place")},
+    {Kind::Separator, "mnuSep", "", "", Command::None, ""},
+    {Kind::Item, "mnuExit", QT_TRANSLATE_NOOP("MainMenu", "&Exit"), "Ctrl+Q", Command::Exit,
+     QT_TRANSLATE_NOOP("MainMenu", "End the program")},
+    {Kind::Menu, "mnuView", QT_TRANSLATE_NOOP("MainMenu", "&View"), "", Command::None, ""},
+    {Kind::Check, "mnuAcq", QT_TRANSLATE_NOOP("MainMenu", "&Live"), "F7", Command::Acquire,
+     QT_TRANSLATE_NOOP("MainMenu", "Start or stop the live image")},
+    {Kind::Check, "mnuZoom0", QT_TRANSLATE_NOOP("MainMenu", "&Normal (1:1)"), "", Command::Zoom,
+     QT_TRANSLATE_NOOP("MainMenu", "Show every pixel of the camera")},
+    {Kind::Check, "mnuZoom1", QT_TRANSLATE_NOOP("MainMenu", "&Zoom out (1:2)"), "", Command::Zoom,
+     QT_TRANSLATE_NOOP("MainMenu", "The same field at half the size")},
+    {Kind::Check, "mnuCross", QT_TRANSLATE_NOOP("MainMenu", "&Cross"), "F9", Command::Cross,
+     QT_TRANSLATE_NOOP("MainMenu", "Mark the centre of the image")},
+    {Kind::Check, "mnuGrid", QT_TRANSLATE_NOOP("MainMenu", "&Grid"), "F5", Command::Grid,
+     QT_TRANSLATE_NOOP("MainMenu", "Lay a grid on the image")},
+    {Kind::Check, "mnuMicroMarker", QT_TRANSLATE_NOOP("MainMenu", "&MicroMarker"), "", Command::MicroMarker,
+     QT_TRANSLATE_NOOP("MainMenu", "Show a bar of known length")},
+    {Kind::Menu, "mnuStage", QT_TRANSLATE_NOOP("MainMenu", "&Stage"), "", Command::None, ""},
+    {Kind::Item, "mnuMove", QT_TRANSLATE_NOOP("MainMenu", "&Move..."), "F8", Command::Move,
+     QT_TRANSLATE_NOOP("MainMenu", "Drive to a typed position")},
+    {Kind::Item, "mmuBckl", QT_TRANSLATE_NOOP("MainMenu", "&Backlash"), "F6", Command::Backlash,
+     QT_TRANSLATE_NOOP("MainMenu", "Take up the play of the drives")},
+    {Kind::Item, "mnuStandard", QT_TRANSLATE_NOOP("MainMenu", "&Standard"), "", Command::None,
+     QT_TRANSLATE_NOOP("MainMenu", "The arrow beside Stage lists them")},
+    {Kind::Item, "mnuFocus", QT_TRANSLATE_NOOP("MainMenu", "&Autofocus"), "F4", Command::Focus,
+     QT_TRANSLATE_NOOP("MainMenu", "Search the sharpest Z")},
+    {Kind::Item, "Picture", QT_TRANSLATE_NOOP("MainMenu", "&Picture"), "F3", Command::Picture,
+     QT_TRANSLATE_NOOP("MainMenu", "Tie the picture to stage positions")},
+    {Kind::BarItem, "mnuSetup", QT_TRANSLATE_NOOP("MainMenu", "Se&tup..."), "", Command::Setup,
+     QT_TRANSLATE_NOOP("MainMenu", "Change the settings")},
+    {Kind::BarItem, "mnuAbout", QT_TRANSLATE_NOOP("MainMenu", "&About..."), "", Command::About,
+     QT_TRANSLATE_NOOP("MainMenu", "Tell the version")},
+    {Kind::Menu, "mnuHelp", QT_TRANSLATE_NOOP("MainMenu", "&Help"), "", Command::None, ""},
+    {Kind::Item, "mnuManual", QT_TRANSLATE_NOOP("MainMenu", "&Manual"), "F1", Command::Manual,
+     QT_TRANSLATE_NOOP("MainMenu", "Read how it is done")},
+    {Kind::Item, "mnuKeys", QT_TRANSLATE_NOOP("MainMenu", "&Keys"), "", Command::Keys,
+     QT_TRANSLATE_NOOP("MainMenu", "List the keys of the commands")},
     {Kind::Item, "mnuWhatsThis", QT_TRANSLATE_NOOP("MainMenu", "&What's This?"), "Shift+F1",
-     Command::WhatsThis},
-    {Kind::Separator, "mnuHelpSep", "", "", Command::None},
-    {Kind::Item, "mnuPackReport", QT_TRANSLATE_NOOP("MainMenu", "&Pack Report..."), "", Command::PackReport},
+     Command::WhatsThis, QT_TRANSLATE_NOOP("MainMenu", "Click something to have it explained")},
+    {Kind::Separator, "mnuHelpSep", "", "", Command::None, ""},
+    {Kind::Item, "mnuPackReport", QT_TRANSLATE_NOOP("MainMenu", "&Pack Report..."), "", Command::PackReport,
+     QT_TRANSLATE_NOOP("MainMenu", "Pack log and settings for a helper")},
 }};
 
 QAction* addItem(QMenuBar& bar, QMenu* menu, Kind kind, const QString& caption) {
@@ -74,6 +94,9 @@ MainMenu::MainMenu(QMenuBar& bar, const std::function<void(Command)>& run) {
         action->setCheckable(row.kind == Kind::Check);
         action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
         action->setEnabled(isAvailable(row.command));
+        if (*row.tip != '\0') {
+            action->setStatusTip(QCoreApplication::translate("MainMenu", row.tip));
+        }
         QObject::connect(action, &QAction::triggered, &bar, [run, command = row.command] { run(command); });
         m_actions[row.name] = action;
     }

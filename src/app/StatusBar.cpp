@@ -53,6 +53,11 @@ void StatusPanel::setLamp(const QColor& colour) {
     update();
 }
 
+void StatusPanel::setTip(const QString& tip) {
+    m_tip = tip;
+    update();
+}
+
 void StatusPanel::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
     QRect room = contentsRect();
@@ -65,7 +70,8 @@ void StatusPanel::paintEvent(QPaintEvent* /*event*/) {
             QRectF(room.left(), top, lampDiameter, lampDiameter).adjusted(0.5, 0.5, -0.5, -0.5));
         room.setLeft(room.left() + lampDiameter + lampGap);
     }
-    const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, room.width());
+    const QString shown =
+        fontMetrics().elidedText(m_tip.isEmpty() ? text() : m_tip, Qt::ElideRight, room.width());
     style()->drawItemText(&painter, room, static_cast<int>(alignment()), palette(), QWidget::isEnabled(),
                           shown, foregroundRole());
     if (hasFocus()) {

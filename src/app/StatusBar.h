@@ -24,6 +24,10 @@ public:
     void setLamp(const QColor& colour);
     const QColor& lamp() const { return m_lamp; }
 
+    /// Shows another text in place of its own for as long as it is not empty; text() stays what it is.
+    void setTip(const QString& tip);
+    const QString& tip() const { return m_tip; }
+
 Q_SIGNALS:
     void clicked();
     void doubleClicked();
@@ -36,7 +40,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    QColor m_lamp;              // invalid: none
+    QColor m_lamp; // invalid: none
+    QString m_tip;
     bool m_doubleClick = false; // the release that ends a double click is not one more click
 };
 

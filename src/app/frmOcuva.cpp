@@ -250,11 +250,17 @@ void frmOcuva::tbMain_ButtonClick(const QString& key) {
 }
 
 void frmOcuva::mnuAcq_Click() {
+    const bool wasGrabbing = m_board->IsGrabbing();
     m_board->GrabToggle(m_image.get());
     if (m_board->IsGrabbing()) {
         m_pictures->showCamera();
     }
     showAcquisition();
+    if (!wasGrabbing && !m_board->IsGrabbing()) {
+        m_information->showNote(
+            tr("The board refused"),
+            tr("Initialize it: Setup (Alt+T), tab Board. After Shut down start Ocuva anew."));
+    }
 }
 
 void frmOcuva::mnuZoom_Click() {
@@ -271,6 +277,7 @@ void frmOcuva::mmuBckl_Click() {
 
 void frmOcuva::mnuFocus_Click() {
     if (m_settings.readVgaMode()) {
+        sayIdleInVgaMode();
         return;
     }
     DoFocus();
@@ -286,6 +293,8 @@ void frmOcuva::stepZ_Click(std::size_t index, bool up) {
     guarded([this, index, up] {
         if (!m_settings.readVgaMode()) {
             stepZ(m_stage, m_watch, index, up);
+        } else {
+            sayIdleInVgaMode();
         }
     });
 }

@@ -139,6 +139,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
     void changeEvent(QEvent* event) override;
+    bool event(QEvent* event) override;
 
 private:
     void makeControls();
@@ -182,12 +183,15 @@ private:
     std::optional<Magnification> shownMagnification() const;
     void showZoom();
     void showInformation();
+    void sayIdleInVgaMode();
 
     // StageWatchView
     Long monitorColour() const override;
     void setMonitorColour(Long colour) override;
     void enableMoveTimer(bool on) override;
     void showPosition(Integer axis, const std::string& text) override;
+    void moveTakesLong() override;
+    void watchedMoveEnded(bool moved) override;
 
     // CameraMainWindow
     void enableAcq(bool on) override;

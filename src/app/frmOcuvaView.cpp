@@ -8,6 +8,7 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QStatusTipEvent>
 
 namespace ocuva {
 
@@ -34,6 +35,31 @@ void frmOcuva::enableMoveTimer(bool on) {
 void frmOcuva::showPosition(Integer axis, const std::string& text) {
     static constexpr const char* keys[]{"X", "Y", "Z"};
     sbMain->panel(QString::fromLatin1(keys[axis - axisX]))->setText(QString::fromStdString(text));
+}
+
+namespace {
+
+QString stageMoves() { return frmOcuva::tr("Stage moving"); }
+QString stageDidNotMove() { return frmOcuva::tr("Stage did not move"); }
+
+} // namespace
+
+void frmOcuva::moveTakesLong() {
+    m_information->showNote(stageMoves(), tr("X, Y and Z are shown when it stands"));
+}
+
+void frmOcuva::watchedMoveEnded(bool moved) {
+    m_information->takeOff(stageMoves());
+    if (moved) {
+        m_information->takeOff(stageDidNotMove());
+    } else {
+        m_information->showNote(
+            stageDidNotMove(), tr("It was there already, or the move was refused: at a limit, or not ready"));
+    }
+}
+
+void frmOcuva::sayIdleInVgaMode() {
+    m_information->showNote(tr("Not in VGA mode"), tr("VGA mode is set in Setup (Alt+T), tab Board"));
 }
 
 ScreenMetrics frmOcuva::screen() const { return screenMetrics(); }
@@ -159,7 +185,11 @@ void frmOcuva::showZoom() {
 }
 
 void frmOcuva::showInformation() {
-    ImageState state{m_board != nullptr && m_board->IsGrabbing(), m_sizing.fields().GrabZoom, {}, false};
+    ImageState state{m_board != nullptr && m_board->IsGrabbing(),
+                     m_sizing.fields().GrabZoom,
+                     {},
+                     false,
+                     m_board == nullptr || m_board->IsInitialized()};
     if (m_pictures != nullptr && m_pictures->stored()) {
         state.storedPicture = m_pictures->stored()->bareName();
         state.calibrated = m_pictures->stored()->calibrated;
@@ -173,6 +203,15 @@ void frmOcuva::changeEvent(QEvent* event) {
     if (event->type() == QEvent::StyleChange && m_loaded && !m_exiting) {
         ResizeAll(false);
     }
+}
+
+bool frmOcuva::event(QEvent* event) {
+    if (event->type() == QEvent::StatusTip) {
+        // A message of the status bar would hide where the stage stands; only the last panel lends its room.
+        sbMain->panel(QStringLiteral("Info"))->setTip(static_cast<QStatusTipEvent*>(event)->tip());
+        return true;
+    }
+    return QMainWindow::event(event);
 }
 
 void frmOcuva::applyWindowState(ServerWindow::State state) {

@@ -59,6 +59,15 @@ void MilDisplay::setSpokenState(const QString& text) {
     }
 }
 
+void MilDisplay::setPrompt(const QString& prompt) {
+    if (prompt != m_prompt) {
+        m_prompt = prompt;
+        if (m_frame == nullptr && !showsPicture()) {
+            update();
+        }
+    }
+}
+
 void MilDisplay::takeFrame() {
     if (FramePtr frame = m_mailbox.take()) {
         m_frame = std::move(frame);
@@ -92,6 +101,15 @@ void MilDisplay::paintPicture(QPainter& painter) {
     painter.drawImage(rect(), m_pictureAtSize);
 }
 
+void MilDisplay::paintPrompt(QPainter& painter) {
+    constexpr int margin = 12;
+    painter.fillRect(rect(), Qt::black);
+    painter.setPen(QColor(190, 190, 190));
+    // Above the middle, where the cross would lie on it.
+    const QRect upperHalf(margin, margin, width() - 2 * margin, height() / 2 - 2 * margin);
+    painter.drawText(upperHalf, Qt::AlignCenter | Qt::TextWordWrap, m_prompt);
+}
+
 void MilDisplay::paintEvent(QPaintEvent* /*event*/) {
     if (hostDraws()) {
         return;
@@ -102,7 +120,7 @@ void MilDisplay::paintEvent(QPaintEvent* /*event*/) {
         return;
     }
     if (m_frame == nullptr) {
-        painter.fillRect(rect(), Qt::black);
+        paintPrompt(painter);
         return;
     }
     // The image only borrows the frame's pixels; m_frame keeps them.

@@ -39,6 +39,10 @@ public:
     /// The latest frame, on the screen unless a stored picture is; null before the first.
     const FramePtr& shownFrame() const { return m_frame; }
 
+    /// What stands on the black display until the first frame: what the operator can do to get one.
+    void setPrompt(const QString& prompt);
+    const QString& prompt() const { return m_prompt; }
+
     /// What a screen reader tells of the picture: where the stage is and whether the picture is live.
     void setSpokenState(const QString& text);
     const QString& spokenState() const { return m_spokenState; }
@@ -62,6 +66,7 @@ private:
     void showInPlace(const QImage& picture, const QString& accessibleName);
     void takeFrame();
     void paintPicture(QPainter& painter);
+    void paintPrompt(QPainter& painter);
 
     DisplayWindows& m_windows;
     FrameMailbox m_mailbox;
@@ -71,6 +76,7 @@ private:
     QImage m_pictureAtSize; // the same at the control's size in device pixels
     bool m_frameIsNew = false;
     std::uint64_t m_framesShown = 0;
+    QString m_prompt;
     QString m_spokenState;
 };
 

@@ -14,6 +14,8 @@ struct JournalPosition {
     Long x = 0; ///< stage units
     Long y = 0; ///< stage units
     Long z = 0; ///< stage units
+
+    bool operator==(const JournalPosition&) const = default;
 };
 
 /// One line of the journal but for its time.

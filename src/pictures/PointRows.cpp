@@ -126,14 +126,19 @@ std::array<PointTexts, 3> PointRows::texts() const {
 }
 
 bool PointRows::hasEmptyBoxes() const {
+    return firstWithout({PointField::XI, PointField::YI, PointField::XS, PointField::YS, PointField::ZS})
+        .has_value();
+}
+
+std::optional<std::size_t> PointRows::firstWithout(std::initializer_list<PointField> fields) const {
     for (std::size_t i = 0; i < m_rows.size(); ++i) {
-        const auto& boxes = m_rows.at(i).boxes;
-        if (isInUse(i) && std::any_of(boxes.begin(), boxes.end(),
-                                      [](const TextBox* box) { return box->text().isEmpty(); })) {
-            return true;
+        if (isInUse(i) && std::any_of(fields.begin(), fields.end(), [this, i](PointField field) {
+                return box(i, field)->text().isEmpty();
+            })) {
+            return i;
         }
     }
-    return false;
+    return {};
 }
 
 void PointRows::setPoint(std::size_t point, const PointTexts& texts) {

@@ -10,6 +10,7 @@
 #include <QPointer>
 #include <QPushButton>
 
+#include <initializer_list>
 #include <optional>
 
 class QGridLayout;
@@ -37,6 +38,8 @@ public:
     std::array<PointTexts, 3> texts() const;
     /// Whether a box of a row in use is empty.
     bool hasEmptyBoxes() const;
+    /// The first row in use with one of these boxes empty.
+    std::optional<std::size_t> firstWithout(std::initializer_list<PointField> fields) const;
     void setPoint(std::size_t point, const PointTexts& texts);
     void clear();
 

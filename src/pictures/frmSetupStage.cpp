@@ -176,7 +176,17 @@ void frmSetupStage::unload() {
 void frmSetupStage::select(std::optional<std::size_t> point) {
     m_selected = point;
     FramePoint->showSelected(point);
-    hint(point ? tr("Click point %1 on the image.").arg(*point + 1) : QString());
+    hint(point ? tr("Click point %1 on the image.").arg(*point + 1) : nextStep());
+}
+
+QString frmSetupStage::nextStep() const {
+    if (const auto point = FramePoint->firstWithout({PointField::XI, PointField::YI})) {
+        return tr("Pick point %1 on the image.").arg(*point + 1);
+    }
+    if (const auto point = FramePoint->firstWithout({PointField::XS, PointField::YS, PointField::ZS})) {
+        return tr("Drive the stage to point %1 and read its position.").arg(*point + 1);
+    }
+    return tr("All points are there. Press OK to use them.");
 }
 
 void frmSetupStage::ButI_Click(std::size_t point) {
@@ -198,7 +208,7 @@ void frmSetupStage::ButX_Click(std::size_t point) {
         FramePoint->box(point, field)->setText(QString::number(value));
     }
     hint(stage.IsMoving() ? tr("Point %1 was read while the stage was moving. Read it again.").arg(point + 1)
-                          : QString());
+                          : nextStep());
 }
 
 void frmSetupStage::CmdPt_Click() {

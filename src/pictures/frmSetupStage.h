@@ -95,6 +95,9 @@ private:
     bool askToMove(const StagePoint& target);
     void moveTo(const StagePoint& target);
     void showMoveEnd();
+    /// What is missing still, in the order in which points are gathered: picked while the stage stands, read
+    /// afterwards.
+    QString nextStep() const;
     void hint(const QString& text) { LabelHint->setText(text); }
 
     SetupStageContext m_context;

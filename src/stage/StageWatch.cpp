@@ -16,6 +16,7 @@ void StageWatch::SyncStageMove(Integer axis) {
     if (!m_bStageMoving) {
         m_savedColour = m_view.monitorColour();
         m_from = m_shown;
+        m_ticksMoving = 0;
     }
     m_stage.Start(axis);
     m_bStageMoving = true;
@@ -27,6 +28,9 @@ void StageWatch::tick() {
     if (m_bStageMoving) {
         m_view.setMonitorColour(m_oddTick ? m_savedColour : movingColour);
         m_oddTick = !m_oddTick;
+        if (m_ticksMoving < longMoveTicks && ++m_ticksMoving == longMoveTicks) {
+            m_view.moveTakesLong();
+        }
     }
 }
 
@@ -40,6 +44,7 @@ void StageWatch::moveEnded() {
     UpdateStagePos();
     if (wasWatched) {
         note(m_journal, {"move", m_from, m_shown, "ended"});
+        m_view.watchedMoveEnded(m_ticksMoving > 0 || m_from != m_shown);
     }
 }
 

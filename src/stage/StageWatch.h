@@ -28,6 +28,11 @@ public:
     virtual void enableMoveTimer(bool on) = 0;
     /// Text of the status bar's panel "X", "Y" or "Z".
     virtual void showPosition(Integer axis, const std::string& text) = 0;
+    /// The watched move has run for longMoveTicks.
+    virtual void moveTakesLong() {}
+    /// The watched move has ended, and the position is shown. Not moved: no tick saw the stage moving, and it
+    /// stands where it stood, because it was there already or the host refused the move.
+    virtual void watchedMoveEnded(bool /*moved*/) {}
 };
 
 class StageWatch {
@@ -36,6 +41,8 @@ public:
     static constexpr Long movingColour = 49407;
     /// Period of the move timer, and so the longest delay after which the end of a move is seen.
     static constexpr int tickMs = 64;
+    /// Ticks, about a second, after which a move is a long one: the operator begins to wonder.
+    static constexpr int longMoveTicks = 16;
 
     /// Each watched move that ends is noted in the journal.
     StageWatch(CTnStage& stage, StageWatchView& view, JournalSink journal = {})
@@ -75,6 +82,7 @@ private:
     std::optional<JournalPosition> m_from; // shown when the watched move began
     bool m_bStageMoving = false;
     Long m_savedColour = 0;
+    int m_ticksMoving = 0;  // of the watched move, up to longMoveTicks
     bool m_oddTick = false; // the tick counter's lowest bit, all that is ever used of it
 };
 

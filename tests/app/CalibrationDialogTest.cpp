@@ -157,7 +157,7 @@ TEST_F(CalibrationDialog, ReadsWhereTheStageStandsIntoThePoint) {
     EXPECT_EQ(text(1, PointField::ZS), "30");
     EXPECT_THAT(host.callsOf("TarnReadStagePos"),
                 ElementsAre("TarnReadStagePos(1)", "TarnReadStagePos(2)", "TarnReadStagePos(3)"));
-    EXPECT_EQ(hint(), "");
+    EXPECT_EQ(hint(), "Pick point 1 on the image.");
 }
 
 TEST_F(CalibrationDialog, SaysThatAPointWasReadWhileTheStageMoved) {

@@ -300,7 +300,7 @@ TEST_F(InformationPanel, ShowsAllOfItsTextInTheWindowAsDesigned) {
     StatusPanel* info = window().sbMain->panel(QStringLiteral("Info"));
     EXPECT_LE(info->fontMetrics().horizontalAdvance(QStringLiteral("Live 25.0 frames/s   1:2   400x")) + 15,
               info->contentsRect().width());
-    for (const char* word : {"Live", "Zoom 1:2", "Magnification 400x", "Click to measure"}) {
+    for (const char* word : {"Live", "Zoom 1:2", "Magnification 400x", "Click here to measure"}) {
         EXPECT_THAT(info->toolTip().toStdString(), HasSubstr(word));
     }
 }

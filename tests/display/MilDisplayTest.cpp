@@ -42,6 +42,23 @@ TEST_F(LiveDisplay, IsBlackBeforeTheFirstFrame) {
     EXPECT_EQ(display.grab().toImage().pixelColor(100, 100), QColor(Qt::black));
 }
 
+TEST_F(LiveDisplay, PromptsInTheUpperHalfUntilTheFirstFrame) {
+    display.setPrompt(QStringLiteral("Prompt"));
+    const QImage prompted = display.grab().toImage();
+    const auto isBlack = [&prompted](const QRect& part) {
+        QImage black(part.size(), prompted.format());
+        black.fill(Qt::black);
+        return prompted.copy(part) == black;
+    };
+    EXPECT_FALSE(isBlack({0, 0, 384, 143}));
+    EXPECT_TRUE(isBlack({0, 143, 384, 145}));
+    windows.deliver(display.hWnd(), plainFrame(384, 288, 0xff204060));
+    ASSERT_TRUE(waitForFrames(1));
+    QImage plain(384, 288, QImage::Format_RGB32);
+    plain.fill(QColor(0x20, 0x40, 0x60));
+    EXPECT_EQ(display.grab().toImage().convertToFormat(QImage::Format_RGB32), plain);
+}
+
 TEST_F(LiveDisplay, ShowsAFrameThatAnotherThreadDeliversToItsHandle) {
     std::thread grab([&] { windows.deliver(display.hWnd(), plainFrame(384, 288, 0xff204060)); });
     grab.join();

@@ -1,0 +1,168 @@
+// What the program tells an operator about what he can do next.
+
+#include "tests/app/WindowRig.h"
+
+#include <QStatusTipEvent>
+
+using namespace ocuva;
+using testing::AllOf;
+using testing::HasSubstr;
+using testing::Not;
+
+namespace {
+
+struct NextStep : WindowRig {
+    void SetUp() override { begin(); }
+    void begin() {
+        start();
+        QCoreApplication::processEvents();
+        host.calls.clear();
+    }
+    StatusPanel& info() { return *window().sbMain->panel(QStringLiteral("Info")); }
+    std::string told() { return info().toolTip().toStdString(); }
+    std::string prompt() { return window().panels().milDisp->prompt().toStdString(); }
+    void pointAt(const QString& tip) {
+        QStatusTipEvent event(tip);
+        QCoreApplication::sendEvent(window().menuBar(), &event);
+    }
+    // Presses a Z button and lets its move be watched for as many ticks as the stage moves, and one more.
+    void stepZ(int ticksMoving) {
+        window().upDown().cmdUp[0]->click();
+        window().tStageMove->stop();
+        host.status[axisZ].assign(static_cast<std::size_t>(ticksMoving), 1);
+        for (int tick = 0; tick <= ticksMoving; ++tick) {
+            QMetaObject::invokeMethod(window().tStageMove, "timeout");
+        }
+    }
+};
+
+} // namespace
+
+TEST_F(NextStep, EachCommandThatIsPointedAtIsToldInRoomThatThereIs) {
+    for (const QAction* command : window().menuBar()->findChildren<QAction*>()) {
+        if (command->menu() == nullptr && !command->isSeparator() && !command->objectName().isEmpty()) {
+            const QString tip = command->statusTip();
+            EXPECT_FALSE(tip.isEmpty()) << command->objectName().toStdString();
+            EXPECT_LE(info().fontMetrics().horizontalAdvance(tip) + 15, info().contentsRect().width())
+                << tip.toStdString();
+        }
+    }
+}
+
+TEST_F(NextStep, ATipTakesTheRoomOfTheInformationPanelAloneAndGivesItBack) {
+    pointAt(QStringLiteral("Drive to a typed position"));
+    EXPECT_EQ(info().tip(), QStringLiteral("Drive to a typed position"));
+    EXPECT_EQ(panel("Info"), "Still   1:2   400x");
+    for (const char* key : {"X", "Y", "Z", "Info"}) {
+        EXPECT_TRUE(child<QWidget>(key)->isVisible()) << key;
+    }
+    const QImage tip = info().grab().toImage();
+    pointAt(QString());
+    EXPECT_EQ(info().tip(), QString());
+    EXPECT_NE(info().grab().toImage(), tip);
+}
+
+TEST_F(NextStep, BeforeTheFirstImageTheDisplayAndThePanelTellHowToGetOne) {
+    EXPECT_EQ(prompt(), "Live (F7) starts the live image");
+    EXPECT_THAT(told(), HasSubstr("Live (F7) starts the live image"));
+    action("mnuAcq")->trigger();
+    EXPECT_EQ(prompt(), "Waiting for the first image");
+    EXPECT_THAT(told(), AllOf(HasSubstr("Click a point of the image"), Not(HasSubstr("F7"))));
+}
+
+TEST_F(NextStep, WhenFramesStayAwayThePanelAndTheEmptyDisplaySendToTheCamera) {
+    action("mnuAcq")->trigger();
+    ASSERT_TRUE(QTest::qWaitFor([this] { return panel("Info").rfind("Not live", 0) == 0; }));
+    EXPECT_THAT(told(), HasSubstr("See to the camera"));
+    EXPECT_THAT(prompt(), HasSubstr("See to the camera"));
+}
+
+TEST_F(NextStep, WithoutABoardThePanelSaysSoAndSendsToItsPage) {
+    host.boardInitResult = 0;
+    begin();
+    EXPECT_EQ(panel("Info"), "Board not ready   1:2   400x");
+    EXPECT_EQ(info().lamp(), QColor(224, 60, 49));
+    EXPECT_THAT(told(), HasSubstr("Setup (Alt+T), tab Board"));
+    EXPECT_THAT(prompt(), HasSubstr("Setup (Alt+T), tab Board"));
+}
+
+TEST_F(NextStep, ABoardThatRefusesLiveIsToldUntilItDoesNot) {
+    host.startGrabResult = 0;
+    action("mnuAcq")->trigger();
+    EXPECT_EQ(panel("Info"), "Still   The board refused");
+    EXPECT_THAT(told(), HasSubstr("tab Board"));
+    host.startGrabResult = 1;
+    action("mnuAcq")->trigger();
+    EXPECT_EQ(panel("Info"), "Live   1:2   400x");
+    EXPECT_THAT(told(), Not(HasSubstr("tab Board")));
+}
+
+TEST_F(NextStep, AMoveThatTheHostRefusedIsToldUntilOneIsNotRefused) {
+    stepZ(0);
+    EXPECT_EQ(panel("Info"), "Still   Stage did not move");
+    EXPECT_THAT(told(), HasSubstr("at a limit, or not ready"));
+    stepZ(1);
+    EXPECT_EQ(panel("Info"), "Still   1:2   400x");
+}
+
+TEST_F(NextStep, AMoveThatNoTickSawIsNotTakenForARefusedOne) {
+    host.onCall = [this](const std::string& name) {
+        if (name == "TarnStartStage") {
+            ++host.position[axisZ];
+        }
+    };
+    stepZ(0);
+    EXPECT_EQ(panel("Info"), "Still   1:2   400x");
+    EXPECT_EQ(panel("Z"), "1");
+}
+
+TEST_F(NextStep, ALongMoveTellsThatThePositionComesWhenTheStageStands) {
+    std::string seen;
+    host.onCall = [this, &seen](const std::string& name) {
+        if (name == "TarnReadStageStatus" && host.status[axisZ].size() == 1) {
+            seen = panel("Info") + '|' + told();
+        }
+    };
+    stepZ(StageWatch::longMoveTicks - 1);
+    EXPECT_THAT(seen, Not(HasSubstr("Stage moving")));
+    stepZ(StageWatch::longMoveTicks + 1);
+    EXPECT_THAT(seen, AllOf(HasSubstr("Still   Stage moving|"), HasSubstr("shown when it stands")));
+    EXPECT_EQ(panel("Info"), "Still   1:2   400x");
+}
+
+TEST_F(NextStep, TheEndOfAMoveLeavesANoteAboutSomethingElse) {
+    QTest::mouseClick(&info(), Qt::LeftButton);
+    stepZ(1);
+    EXPECT_THAT(panel("Info"), HasSubstr("mean"));
+}
+
+TEST_F(NextStep, WhatDoesNothingInVgaModeSaysSo) {
+    host.settings["TARN|tn_video|VGAMode"] = "1";
+    for (const auto& idle : {std::function<void()>([this] { window().upDown().cmdDown[3]->click(); }),
+                             std::function<void()>([this] { action("mnuFocus")->trigger(); })}) {
+        window().UpdateStagePos();
+        action("mnuZoom0")->trigger(); // a change of state takes the note off
+        EXPECT_THAT(panel("Info"), Not(HasSubstr("VGA")));
+        idle();
+        EXPECT_THAT(panel("Info"), HasSubstr("Not in VGA mode"));
+        EXPECT_THAT(told(), HasSubstr("tab Board"));
+    }
+}
+
+TEST_F(NextStep, TheCalibrationDialogLeadsFromPointToPoint) {
+    action("Picture")->trigger();
+    frmSetupStage& dialog = window().pictureOnStage().dialog();
+    const auto hint = [&dialog] { return dialog.LabelHint->text().toStdString(); };
+    dialog.optTwoPoints->click();
+    for (const char* point : {"1", "2"}) {
+        const std::size_t index = point[0] - '1';
+        dialog.FramePoint->row(index).ButI->click();
+        EXPECT_EQ(hint(), std::string("Click point ") + point + " on the image.");
+        click({20 + 40 * static_cast<int>(index), 30});
+    }
+    EXPECT_EQ(hint(), "Drive the stage to point 1 and read its position.");
+    dialog.FramePoint->row(0).ButX->click();
+    EXPECT_EQ(hint(), "Drive the stage to point 2 and read its position.");
+    dialog.FramePoint->row(1).ButX->click();
+    EXPECT_EQ(hint(), "All points are there. Press OK to use them.");
+}
