@@ -35,6 +35,7 @@ public:
     const std::vector<StandardRow>& rows() const { return m_rows; }
 
     void clear();
+    bool has(const std::string& key) const { return m_keys.count(key) != 0; }
     /// False, and no row, when its key is in the list already.
     bool add(StandardRow row);
     void select(int index, bool selected) { at(index).selected = selected; }

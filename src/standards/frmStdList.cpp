@@ -163,7 +163,7 @@ void frmStdList::FillStdList() {
     std::string name;
     Integer index = 0;
     while (m_list.GetNextStandard(name, index)) {
-        if (!object.isOpen() || !object.read(name)) {
+        if (!object.isOpen() || !object.read(name) || m_rows.has(name)) {
             continue;
         }
         StandardRow row{name, standardText(name, directory), {}, false};

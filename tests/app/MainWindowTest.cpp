@@ -1,4 +1,5 @@
 #include "display/TwipsGeometry.h"
+#include "setup/frmSetup.h"
 #include "tests/app/WindowRig.h"
 
 #include <QMenu>
@@ -263,7 +264,8 @@ TEST_F(ZButtons, DoNothingInVgaMode) {
     for (QToolButton* button : window().upDown().cmdDown) {
         QTest::mouseClick(button, Qt::LeftButton);
     }
-    EXPECT_THAT(moves(), IsEmpty());
+    EXPECT_THAT(host.calls, testing::Each("TarnRegisterGetInt(\"tn_video\", \"VGAMode\", 0, \"TARN\")"));
+    EXPECT_FALSE(window().tStageMove->isActive());
 }
 
 TEST_F(MainWindow, MovesNothingByAKeyThatDoesNotSaySo) {
@@ -403,12 +405,26 @@ TEST_F(LeavingTheProgram, ShutsTheBoardDownAndEndsTheProcess) {
 }
 
 TEST_F(LeavingTheProgram, ByTheWindowsFrameBehavesExactlyLikeTheMenu) {
-    action("mnuAcq")->trigger();
-    host.calls.clear();
-    window().close();
-    EXPECT_THAT(host.calls, ElementsAre("TarnVideoBoardHaltGrab()", "TarnVideoBoardShutdown()"));
-    EXPECT_FALSE(window().isVisible());
-    EXPECT_EQ(processEnds, 1);
+    const std::vector<std::function<void()>> ways{
+        [this] { action("mnuExit")->trigger(); },
+        [this] { QTest::keyClick(&window(), Qt::Key_Q, Qt::ControlModifier); },
+        [this] { window().close(); },
+    };
+    for (const auto& way : ways) {
+        start();
+        action("mnuAcq")->trigger();
+        action("mnuSetup")->trigger();
+        action("mnuMove")->trigger();
+        QApplication::setActiveWindow(&window());
+        processEnds = 0;
+        host.calls.clear();
+        way();
+        EXPECT_THAT(host.calls, ElementsAre("TarnVideoBoardHaltGrab()", "TarnVideoBoardShutdown()"));
+        EXPECT_FALSE(window().setupDialog()->isVisible());
+        EXPECT_FALSE(window().standards().moveDialog().isVisible());
+        EXPECT_FALSE(window().isVisible());
+        EXPECT_EQ(processEnds, 1);
+    }
 }
 
 TEST_F(LeavingTheProgram, HappensOnceHoweverItIsAsked) {

@@ -131,8 +131,9 @@ TEST_F(MoveDialog, OpensShowingWhereTheStageIsAndMoveAtOnceSendsThreeMovesOfZero
     EXPECT_TRUE(window().tStageMove->isActive());
 }
 
-TEST_F(MoveDialog, OpensFromItsShortcutTheToolbarAndADoubleClickOnAPositionPanel) {
+TEST_F(MoveDialog, OpensFromItsItemItsShortcutItsToolbarKeyAndADoubleClickOnAPositionPanel) {
     const std::vector<std::function<void()>> ways{
+        [this] { action("mnuMove")->trigger(); },
         [this] { QTest::keyClick(&window(), Qt::Key_F8); },
         [this] { toolbar("Stage"); },
         [this] { QTest::mouseDClick(window().sbMain->panel(QStringLiteral("X")), Qt::LeftButton); },
@@ -199,7 +200,7 @@ TEST_F(MoveDialog, LeavesTheStageAloneWhileOneTypesUntilEnterOrMove) {
 TEST_F(MoveDialog, RoundsWhatIsTypedHalfToEven) {
     action("mnuMove")->trigger();
     moveDialog().txtMove[0]->setText(QStringLiteral("12.5"));
-    moveDialog().txtMove[1]->setText(QStringLiteral("13,5"));
+    moveDialog().txtMove[1]->setText(QStringLiteral("13.5"));
     QTest::mouseClick(moveDialog().cmdMove, Qt::LeftButton);
     EXPECT_THAT(moves(), ElementsAre("TarnLoadStageRelSecure(1, 12)", "TarnLoadStageRelSecure(2, 14)",
                                      "TarnLoadStageRelSecure(3, 0)"));
@@ -343,6 +344,16 @@ TEST_F(StandardListDialog, LeavesOutWhatTheDatabaseCannotReadAndTheNextEditPurge
     EXPECT_THAT(storedNames(), ElementsAre("/std/Pyrite.std", "/std/Quartz.std"));
 }
 
+TEST_F(StandardListDialog, ShowsANameThatIsStoredTwiceOnceAndAsksNoPositionForItAgain) {
+    store({"/std/Quartz.std", "/std/Pyrite.std", "/std/Quartz.std"});
+    host.calls.clear();
+    open();
+    EXPECT_EQ(dialog->rows().count(), 2);
+    EXPECT_EQ(cell(2, 0), QStringLiteral("Pyrite"));
+    EXPECT_EQ(host.callsOf("TarnDbObjectRead").size(), 3U);
+    EXPECT_EQ(host.callsOf("TarnDbGetStagePos").size(), 2U);
+}
+
 TEST_F(StandardListDialog, MovesDeletesAndSavesAtOnce) {
     select({2});
     QTest::mouseClick(dialog->cmdUp, Qt::LeftButton);
@@ -380,13 +391,16 @@ TEST_F(StandardListDialog, WithAnEmptyListDeleteStillSavesAnEmptyList) {
     select({1, 2, 3});
     QTest::mouseClick(dialog->cmdDelete, Qt::LeftButton);
     EXPECT_THAT(storedNames(), IsEmpty());
+    host.settings["Ocuva.INI|StandardList|StandardListSize"] = "2"; // by somebody else meanwhile
     host.calls.clear();
     QTest::mouseClick(dialog->cmdDelete, Qt::LeftButton);
+    EXPECT_THAT(
+        host.callsOf("TarnRegisterSetString"),
+        ElementsAre("TarnRegisterSetString(\"StandardList\", \"StandardListSize\", \"0\", \"Ocuva.INI\")"));
     QTest::mouseClick(dialog->cmdUp, Qt::LeftButton);
     QTest::mouseClick(dialog->cmdDown, Qt::LeftButton);
-    EXPECT_THAT(host.callsOf("TarnRegisterSetString"),
-                testing::Contains(
-                    "TarnRegisterSetString(\"StandardList\", \"StandardListSize\", \"0\", \"Ocuva.INI\")"));
+    EXPECT_EQ(dialog->rows().count(), 0);
+    EXPECT_THAT(storedNames(), IsEmpty());
 }
 
 TEST_F(StandardListDialog, InsertsAtTheFirstSelectedRowOrAtTheTopAndSelectsTheNewOne) {

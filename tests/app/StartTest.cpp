@@ -11,6 +11,20 @@ namespace {
 
 using Start = WindowRig;
 
+// Writes down each window that comes on the screen, be it for a moment.
+struct ShownWindows : QObject {
+    std::vector<std::string> names;
+
+    ShownWindows() { qApp->installEventFilter(this); }
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        const auto* widget = qobject_cast<QWidget*>(watched);
+        if (event->type() == QEvent::Show && widget != nullptr && widget->isWindow()) {
+            names.push_back(widget->objectName().toStdString());
+        }
+        return false;
+    }
+};
+
 // The names of the calls, without what was passed.
 std::vector<std::string> names(const std::vector<std::string>& calls) {
     std::vector<std::string> result;
@@ -66,10 +80,17 @@ TEST_F(Start, ShowsTheMainWindowAndTakesTheSplashAway) {
     EXPECT_TRUE(inter->flags().startupFinished);
 }
 
+TEST_F(Start, ShowsTheSplashAndThenTheMainWindow) {
+    const ShownWindows shown;
+    start();
+    EXPECT_THAT(shown.names, ElementsAre("frmSplash", "frmOcuva"));
+}
+
 TEST_F(Start, InServerModeNeitherSplashNorMainWindowAppearsAndMessagesAreAnswered) {
+    const ShownWindows shown;
     start("-server");
-    EXPECT_FALSE(window().isVisible());
-    EXPECT_FALSE(inter->splash().isVisible());
+    QCoreApplication::processEvents();
+    EXPECT_THAT(shown.names, IsEmpty());
     host.deliver("OCUVA_IS_SERVER_UP");
     ASSERT_EQ(host.notifier->sends.size(), 1U);
     EXPECT_EQ(host.notifier->sends[0].strId, "OCUVA_SERVER_IS_UP");
