@@ -1,12 +1,12 @@
 #include "app/PictureDialogs.h"
 
+#include "controls/FileFilter.h"
+
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QSettings>
 #include <QStandardPaths>
-
-#include <array>
 
 namespace ocuva {
 
@@ -15,18 +15,13 @@ namespace {
 constexpr const char* defaultName = "Video";
 const auto folderPath = QStringLiteral("Pictures/Folder");
 
-struct PictureType {
-    const char* filter;
-    const char* extension;
-};
-constexpr std::array<PictureType, 2> types{{{"TIFF (*.tif)", "tif"}, {"BMP (*.bmp)", "bmp"}}};
+QList<FileKind> pictureKinds() {
+    return fileKinds(QStringLiteral("TIFF (*.tif):*.tif"
+                                    "|BMP (*.bmp):*.bmp"));
+}
 
 QString run(QFileDialog& dialog) {
-    QStringList filters;
-    for (const PictureType& type : types) {
-        filters.append(QString::fromLatin1(type.filter));
-    }
-    dialog.setNameFilters(filters);
+    dialog.setNameFilters(shownKinds(pictureKinds()));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return {};
     }
@@ -51,11 +46,11 @@ QString choosePictureToSave(QWidget& owner, const QString& folder) {
     QFileDialog dialog(&owner, QObject::tr("Save As"), folder);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setDefaultSuffix(QString::fromLatin1(types.front().extension));
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
-        for (const PictureType& type : types) {
-            if (filter == QLatin1StringView(type.filter)) {
-                dialog.setDefaultSuffix(QString::fromLatin1(type.extension));
+    dialog.setDefaultSuffix(pictureKinds().front().extension);
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& shown) {
+        for (const FileKind& kind : pictureKinds()) {
+            if (kind.shown == shown) {
+                dialog.setDefaultSuffix(kind.extension);
             }
         }
     });

@@ -1,5 +1,7 @@
 #include "app/Standards.h"
 
+#include "controls/FileFilter.h"
+
 #include <QDir>
 #include <QFileDialog>
 
@@ -72,7 +74,8 @@ void Standards::goTo(const std::string& name) {
 void Standards::unload() { m_frmMove->close(); }
 
 QString chooseStandardFile(QWidget& owner, const QString& folder) {
-    QFileDialog dialog(&owner, QObject::tr("Add Standard Position"), folder, QObject::tr("Standard (*.std)"));
+    QFileDialog dialog(&owner, QObject::tr("Add Standard Position"), folder);
+    dialog.setNameFilters(shownKinds(fileKinds(QObject::tr("Standard (*.std):*.std"))));
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setDefaultSuffix(QString::fromLatin1(extension));

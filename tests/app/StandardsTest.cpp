@@ -1,6 +1,8 @@
 #include "standards/frmStdList.h"
 #include "tests/app/WindowRig.h"
 
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QScreen>
@@ -250,6 +252,24 @@ TEST_F(MoveDialog, AddsAChosenStandardToTheListAndTheMenuAndDrivesThereAtOnce) {
     EXPECT_THAT(typed(), ElementsAre("500", "600", "7"));
     EXPECT_THAT(moves(), ElementsAre("TarnLoadStageRelSecure(1, 500)", "TarnLoadStageRelSecure(2, 600)",
                                      "TarnLoadStageRelSecure(3, 7)"));
+}
+
+TEST_F(MoveDialog, AsksForStandardsInTheHostsDirectoryAndStartsFromItsPattern) {
+    const QTemporaryDir folder;
+    QFile(folder.filePath(QStringLiteral("Albite.std"))).open(QIODevice::WriteOnly);
+    QTimer::singleShot(0, &window(), [&folder] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        auto* nameEdit = dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+        EXPECT_EQ(dialog->windowTitle(), QStringLiteral("Add Standard Position"));
+        EXPECT_EQ(dialog->nameFilters(), QStringList{QStringLiteral("Standard (*.std)")});
+        EXPECT_EQ(dialog->defaultSuffix(), QStringLiteral("std"));
+        EXPECT_EQ(dialog->directory().absolutePath(), folder.path());
+        EXPECT_EQ(nameEdit->text(), QStringLiteral("*.std"));
+        nameEdit->setText(QStringLiteral("Albite")); // the extension is added
+        static_cast<QDialog*>(dialog)->accept();
+    });
+    EXPECT_EQ(chooseStandardFile(window(), folder.path()), folder.filePath(QStringLiteral("Albite.std")));
 }
 
 TEST_F(MoveDialog, ChangesNothingWhenTheFileDialogIsCancelled) {

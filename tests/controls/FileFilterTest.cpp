@@ -1,0 +1,18 @@
+#include "controls/FileFilter.h"
+
+#include <gtest/gtest.h>
+
+using namespace ocuva;
+
+TEST(FileFilter, TellsWhatEachKindShowsAndItsExtension) {
+    const QList<FileKind> kinds = fileKinds(QStringLiteral("TIFF (*.tif):*.tif|BMP (*.bmp):*.bmp"));
+    EXPECT_EQ(kinds, (QList<FileKind>{{QStringLiteral("TIFF (*.tif)"), QStringLiteral("tif")},
+                                      {QStringLiteral("BMP (*.bmp)"), QStringLiteral("bmp")}}));
+    EXPECT_EQ(shownKinds(kinds),
+              (QStringList{QStringLiteral("TIFF (*.tif)"), QStringLiteral("BMP (*.bmp)")}));
+}
+
+TEST(FileFilter, OfOneKindNeedsNoBar) {
+    EXPECT_EQ(fileKinds(QStringLiteral("Standard (*.std):*.std")),
+              (QList<FileKind>{{QStringLiteral("Standard (*.std)"), QStringLiteral("std")}}));
+}
