@@ -1,6 +1,7 @@
 // What saving and opening a large picture costs beside libtiff alone, and filling long lists of standards.
 #include "app/toolbar/ButtonMenus.h"
 #include "pictures/TiffFile.h"
+#include "standards/StandardText.h"
 #include "standards/frmStdList.h"
 #include "tests/support/StubHost.h"
 

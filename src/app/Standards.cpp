@@ -1,6 +1,7 @@
 #include "app/Standards.h"
 
 #include "controls/FileFilter.h"
+#include "standards/StandardText.h"
 
 #include <QDir>
 #include <QFileDialog>

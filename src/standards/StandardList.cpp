@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <limits>
 
 namespace ocuva {
@@ -14,7 +13,6 @@ namespace {
 constexpr const char* section = "StandardList";
 constexpr const char* sizeKey = "StandardListSize";
 constexpr const char* objectType = "OCUVASTD";
-constexpr std::size_t extensionLength = 4; // ".std"
 
 std::string keyOf(Long index) { return "Standard" + std::to_string(index); }
 
@@ -24,10 +22,6 @@ const char* store() { return storeName(SettingsStore::Program).c_str(); }
 template <std::size_t capacity> std::string textOf(const std::array<char, capacity>& buffer, Long length) {
     const Long bounded = std::clamp<Long>(length, 0, static_cast<Long>(capacity));
     return {buffer.data(), static_cast<std::size_t>(bounded)};
-}
-
-bool sameLetter(char a, char b) {
-    return std::tolower(static_cast<unsigned char>(a)) == std::tolower(static_cast<unsigned char>(b));
 }
 
 } // namespace
@@ -107,16 +101,6 @@ std::optional<StagePosition> StandardObject::position() const {
         return {};
     }
     return position;
-}
-
-std::string standardText(const std::string& name, const std::string& directory) {
-    const bool inside = !directory.empty() && name.size() >= directory.size() &&
-                        std::equal(directory.begin(), directory.end(), name.begin(), sameLetter);
-    const std::size_t start = directory.size() + 1; // behind the path separator
-    if (!inside || name.size() < start + extensionLength) {
-        return name;
-    }
-    return name.substr(start, name.size() - start - extensionLength);
 }
 
 } // namespace ocuva

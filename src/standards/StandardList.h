@@ -69,8 +69,4 @@ private:
     Long m_handle;
 };
 
-/// How a standard is shown: below the standards directory (compared without regard to letter case) by its
-/// bare file name, whose last four characters (".std") are cut off unseen; elsewhere by its full name.
-std::string standardText(const std::string& name, const std::string& directory);
-
 } // namespace ocuva

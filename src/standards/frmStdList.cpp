@@ -2,6 +2,7 @@
 
 #include "controls/WindowPlace.h"
 #include "platform/Desktop.h"
+#include "standards/StandardText.h"
 
 #include <QDragMoveEvent>
 #include <QGridLayout>

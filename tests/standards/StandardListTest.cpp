@@ -128,21 +128,3 @@ TEST_F(StandardPosition, IsAbsentWithoutAHandleLeftWhenAnyStepFails) {
     EXPECT_FALSE(list.position("unknown").has_value());
     EXPECT_THAT(host.dbHandles, IsEmpty());
 }
-
-TEST(StandardText, InsideTheDirectoryIsTheBareFileNameWithoutRegardToCase) {
-    EXPECT_EQ(standardText("C:\\Tarn\\Std\\Quartz.std", "C:\\TARN\\std"), "Quartz");
-    EXPECT_EQ(standardText("/std/sub/Albite.std", "/std"), "sub/Albite");
-}
-
-TEST(StandardText, OutsideTheDirectoryOrWithoutOneIsTheFullName) {
-    EXPECT_EQ(standardText("/other/Quartz.std", "/std"), "/other/Quartz.std");
-    EXPECT_EQ(standardText("/std/Quartz.std", ""), "/std/Quartz.std");
-    EXPECT_EQ(standardText("/st", "/std"), "/st");
-}
-
-TEST(StandardText, CutsFourCharactersBlindlyAndNeverMoreThanThereAre) {
-    EXPECT_EQ(standardText("/std/Quartz.standard", "/std"), "Quartz.stan");
-    EXPECT_EQ(standardText("/std/abc", "/std"), "/std/abc");
-    EXPECT_EQ(standardText("/std/abcd", "/std"), "");
-    EXPECT_EQ(standardText("/std", "/std"), "/std");
-}
