@@ -86,13 +86,11 @@ void SetupCameraPage::makeReferences() {
     auto* grid = new QGridLayout(frSetupCameraReferences);
     for (const CameraReferenceRow& row : cameraReferences) {
         const auto i = static_cast<std::size_t>(row.reference);
-        const std::string slider = std::string("sld") + row.name;
-        const std::string box = std::string("txt") + row.name;
         const QString help = tr("%1 of the camera, 0 to 100").arg(QString(captions.at(i)).remove(u'&'));
-        sldReference.at(i) = named(new QSlider(Qt::Horizontal), slider.c_str(), help);
+        sldReference.at(i) = named(new QSlider(Qt::Horizontal), row.slider, help);
         sldReference.at(i)->setRange(lowestReference, highestReference);
         sldReference.at(i)->setPageStep(referencePage);
-        txtReference.at(i) = makeTextBox(box.c_str(), help);
+        txtReference.at(i) = makeTextBox(row.textBox, help);
         txtReference.at(i)->setDigits(referenceDigits);
 
         auto* label = new QLabel(captions.at(i));

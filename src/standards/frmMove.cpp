@@ -24,11 +24,13 @@ frmMove::frmMove(StageMover& fOcuva, std::function<void()> addStandard,
     grid->setContentsMargins(15, 15, 15, 15);
     grid->setHorizontalSpacing(9);
     grid->setVerticalSpacing(9);
-    const char* const axes[]{"X", "Y", "Z"};
+    const std::array<std::pair<const char*, const char*>, 3> labels{
+        {{"lbMoveX", "X"}, {"lbMoveY", "Y"}, {"lbMoveZ", "Z"}}};
     for (int i = 0; i < 3; ++i) {
-        const QString axis = QString::fromLatin1(axes[i]);
+        const auto& [labelName, axisLetter] = labels.at(static_cast<std::size_t>(i));
+        const QString axis = QString::fromLatin1(axisLetter);
         auto* label = new QLabel(axis, this);
-        label->setObjectName(QStringLiteral("lbMove") + axis);
+        label->setObjectName(QString::fromLatin1(labelName));
         auto* box = new TextBox(this);
         box->setObjectName(QStringLiteral("txtMove%1").arg(i));
         box->setAccessibleName(tr("Target %1, stage units").arg(axis));

@@ -22,12 +22,12 @@ void CTnVideoBoard::Shutdown() {
     m_video.TarnVideoBoardShutdown();
 }
 
-void CTnVideoBoard::Grab(const CTnVideoImage* /*image*/, bool flag) {
+void CTnVideoBoard::Grab(const CTnVideoImage* /*image*/, bool bFlag) {
     if (m_bGrabbing) {
         return;
     }
     constexpr Long show = 1;
-    m_bGrabbing = m_video.TarnVideoBoardStartGrab(flag ? 1 : 0, show) != 0;
+    m_bGrabbing = m_video.TarnVideoBoardStartGrab(bFlag ? 1 : 0, show) != 0;
 }
 
 void CTnVideoBoard::Halt(const CTnVideoImage* /*image*/) {

@@ -22,8 +22,8 @@ public:
     /// Halts a running grab and puts the board down, if it was initialised. IsInitialized stays as it was.
     void Shutdown();
 
-    /// Starts the grab unless one runs; flag true asks for continuous frames.
-    void Grab(const CTnVideoImage* image, bool flag);
+    /// Starts the grab unless one runs; bFlag true asks for continuous frames.
+    void Grab(const CTnVideoImage* image, bool bFlag);
 
     /// Ends a running grab.
     void Halt(const CTnVideoImage* image);

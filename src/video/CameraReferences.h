@@ -18,7 +18,8 @@ enum class ReferenceSlot { First, Second };
 
 struct CameraReferenceRow {
     CameraReference reference;
-    const char* name;
+    const char* slider;  ///< name of the control
+    const char* textBox; ///< name of the control
     Long group;
     ReferenceSlot slot;
     const char* defaultKey; ///< of the stored default, to be followed by the camera type
@@ -26,10 +27,12 @@ struct CameraReferenceRow {
 
 /// One row per CameraReference, in the order of the enumeration and of the page.
 inline constexpr std::array<CameraReferenceRow, 4> cameraReferences{{
-    {CameraReference::Contrast, "Contrast", 1, ReferenceSlot::First, "DefaultContrast100_"},
-    {CameraReference::Brightness, "Brightness", 1, ReferenceSlot::Second, "DefaultBrightness100_"},
-    {CameraReference::Hue, "Hue", 2, ReferenceSlot::First, "DefaultHue100_"},
-    {CameraReference::Saturation, "Saturation", 2, ReferenceSlot::Second, "DefaultSaturation100_"},
+    {CameraReference::Contrast, "sldContrast", "txtContrast", 1, ReferenceSlot::First, "DefaultContrast100_"},
+    {CameraReference::Brightness, "sldBrightness", "txtBrightness", 1, ReferenceSlot::Second,
+     "DefaultBrightness100_"},
+    {CameraReference::Hue, "sldHue", "txtHue", 2, ReferenceSlot::First, "DefaultHue100_"},
+    {CameraReference::Saturation, "sldSaturation", "txtSaturation", 2, ReferenceSlot::Second,
+     "DefaultSaturation100_"},
 }};
 const CameraReferenceRow& cameraReferenceRow(CameraReference reference);
 
