@@ -9,6 +9,7 @@
 #include <QHeaderView>
 #include <QPainter>
 #include <QScrollBar>
+#include <QShowEvent>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -133,7 +134,9 @@ void frmStdList::makeControls() {
 
 void frmStdList::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    FillStdList();
+    if (!event->spontaneous()) { // not back from being minimised
+        FillStdList();
+    }
 }
 
 void frmStdList::done(int result) {

@@ -460,6 +460,16 @@ TEST_F(StandardListDialog, ADropReordersNothingAndTakesTheHighlightAway) {
     EXPECT_EQ(cell(1, 0), QStringLiteral("Quartz"));
 }
 
+TEST_F(StandardListDialog, KeepsTheSelectionWhenItComesBackFromBeingMinimised) {
+    select({2});
+    host.calls.clear();
+    QShowEvent shownByTheWindowSystem;
+    QSpontaneKeyEvent::setSpontaneous(&shownByTheWindowSystem);
+    qApp->notify(dialog.get(), &shownByTheWindowSystem);
+    EXPECT_THAT(selected(), ElementsAre(2));
+    EXPECT_THAT(host.calls, IsEmpty());
+}
+
 TEST_F(StandardListDialog, ClosingItRebuildsTheStageMenu) {
     QTest::mouseClick(dialog->cmdOk, Qt::LeftButton);
     EXPECT_FALSE(dialog->isVisible());
