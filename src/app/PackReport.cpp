@@ -1,6 +1,8 @@
 #include "app/PackReport.h"
 
 #include "base/Product.h"
+#include "controls/FileFilter.h"
+#include "hostlink/UniqueKey.h"
 #include "report/Report.h"
 
 #include <QApplication>
@@ -14,18 +16,13 @@
 #include <QStyle>
 #include <QSysInfo>
 
-#include <array>
 #include <utility>
 
 namespace ocuva {
 
 namespace {
 
-struct ReportType {
-    const char* filter;
-    const char* extension;
-};
-constexpr std::array<ReportType, 2> types{{{"tar.gz (*.tar.gz)", "tar.gz"}, {"Zip (*.zip)", "zip"}}};
+const auto reportKinds = QStringLiteral("tar.gz (*.tar.gz):*.tar.gz|Zip (*.zip):*.zip");
 
 /// The pointer of a program that is busy, for as long as this lives.
 struct BusyPointer {
@@ -61,9 +58,11 @@ QString textOf(const std::filesystem::path& path) { return QString::fromStdU16St
 
 } // namespace
 
-std::string versionsText(const QWidget& window, const ReportSurroundings& surroundings) {
+std::string versionsText(const QWidget& window, const ReportSurroundings& surroundings,
+                         const std::string& key) {
     const bool hostKeeps = surroundings.keeper == Keeper::hostLibraries;
     std::vector<std::pair<const char*, QString>> rows{
+        {"report", QString::fromLocal8Bit(key)},
         {"program",
          QStringLiteral("%1 %2").arg(QString::fromLatin1(productTitle), QString::fromLatin1(productVersion))},
         {"time", QDateTime::currentDateTime()
@@ -107,19 +106,7 @@ QString chooseReportFile(QWidget& owner, const QString& suggested) {
     QFileDialog dialog(&owner, QObject::tr("Pack Report"), QFileInfo(suggested).path());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    QStringList filters;
-    for (const ReportType& type : types) {
-        filters.append(QString::fromLatin1(type.filter));
-    }
-    dialog.setNameFilters(filters);
-    dialog.setDefaultSuffix(QString::fromLatin1(types.front().extension));
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& filter) {
-        for (const ReportType& type : types) {
-            if (filter == QLatin1StringView(type.filter)) {
-                dialog.setDefaultSuffix(QString::fromLatin1(type.extension));
-            }
-        }
-    });
+    offerKinds(dialog, reportKinds);
     // Without its extension, so that it gets that of the type chosen.
     dialog.selectFile(QFileInfo(suggested).fileName());
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
@@ -144,7 +131,7 @@ void PackReport::run() {
     const BusyPointer busy;
     const ReportSurroundings& surroundings = m_context.surroundings;
     ReportContents contents{stem.toStdString(), dataFiles(surroundings.dataFolder, surroundings.keeper),
-                            versionsText(m_context.window, surroundings)};
+                            versionsText(m_context.window, surroundings, uniqueObjectKey(m_context.keys))};
     for (ReportFile& file : traceFiles(surroundings.trace)) {
         contents.files.push_back(std::move(file));
     }

@@ -1,6 +1,7 @@
 #pragma once
 // "Pack Report...": what somebody who is asked for help needs to see, packed into one file.
 
+#include "hostlink/Host.h"
 #include "report/ReportFiles.h"
 
 #include <QString>
@@ -25,6 +26,7 @@ struct ReportSurroundings {
 struct PackReportContext {
     QWidget& window;
     ReportSurroundings surroundings;
+    TnLogKeys& keys; ///< of the host; each report has one of its own
     /// Asks for the file, beginning with a full name; empty when the operator cancels.
     std::function<QString(const QString& suggested)> choose;
     std::function<void(const QString&)> log;  ///< a line for the log
@@ -47,7 +49,9 @@ private:
 QString chooseReportFile(QWidget& owner, const QString& suggested);
 
 /// The text about program, system and surroundings: one "name: value" a line, UTF-8. `window` is on the
-/// screen that it tells of. Of the environment only what begins with OCUVA_.
-std::string versionsText(const QWidget& window, const ReportSurroundings& surroundings);
+/// screen that it tells of, `key` tells the report from every other. Of the environment only what begins
+/// with OCUVA_.
+std::string versionsText(const QWidget& window, const ReportSurroundings& surroundings,
+                         const std::string& key);
 
 } // namespace ocuva

@@ -13,15 +13,11 @@ namespace ocuva {
 namespace {
 
 constexpr const char* defaultName = "Video";
+const auto pictureKinds = QStringLiteral("TIFF (*.tif):*.tif"
+                                         "|BMP (*.bmp):*.bmp");
 const auto folderPath = QStringLiteral("Pictures/Folder");
 
-QList<FileKind> pictureKinds() {
-    return fileKinds(QStringLiteral("TIFF (*.tif):*.tif"
-                                    "|BMP (*.bmp):*.bmp"));
-}
-
 QString run(QFileDialog& dialog) {
-    dialog.setNameFilters(shownKinds(pictureKinds()));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return {};
     }
@@ -39,6 +35,7 @@ QString choosePictureToOpen(QWidget& owner, const QString& folder) {
     QFileDialog dialog(&owner, QObject::tr("Open"), folder);
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
+    offerKinds(dialog, pictureKinds);
     return run(dialog);
 }
 
@@ -46,14 +43,7 @@ QString choosePictureToSave(QWidget& owner, const QString& folder) {
     QFileDialog dialog(&owner, QObject::tr("Save As"), folder);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setFileMode(QFileDialog::AnyFile);
-    dialog.setDefaultSuffix(pictureKinds().front().extension);
-    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog](const QString& shown) {
-        for (const FileKind& kind : pictureKinds()) {
-            if (kind.shown == shown) {
-                dialog.setDefaultSuffix(kind.extension);
-            }
-        }
-    });
+    offerKinds(dialog, pictureKinds);
     dialog.selectFile(QString::fromLatin1(defaultName));
     return run(dialog);
 }

@@ -76,10 +76,9 @@ void Standards::unload() { m_frmMove->close(); }
 
 QString chooseStandardFile(QWidget& owner, const QString& folder) {
     QFileDialog dialog(&owner, QObject::tr("Add Standard Position"), folder);
-    dialog.setNameFilters(shownKinds(fileKinds(QObject::tr("Standard (*.std):*.std"))));
+    offerKinds(dialog, QObject::tr("Standard (*.std):*.std"));
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setDefaultSuffix(QString::fromLatin1(extension));
     dialog.selectFile(QStringLiteral("*") + QString::fromLatin1(extension));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
         return {};

@@ -49,7 +49,8 @@ frmOcuva::frmOcuva(const MainWindowContext& context)
     , m_watch(m_stage, *this, context.journal)
     , m_sizing(context.host.tn_video(), context.host.tn_log(), m_settings, *this)
     , m_help(manualFolder(QCoreApplication::applicationDirPath()),
-             {*this, context.report, [this](const QString& suggested) { return chooseReport(suggested); },
+             {*this, context.report, context.host.Tn_log(),
+              [this](const QString& suggested) { return chooseReport(suggested); },
               [this](const QString& line) { log(line); },
               [this](const QString& note) { m_information->showNote(note); }}) {
     setObjectName(QStringLiteral("frmOcuva"));

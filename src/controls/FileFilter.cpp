@@ -1,21 +1,32 @@
 #include "controls/FileFilter.h"
 
+#include <QStringList>
+
 namespace ocuva {
 
 QList<FileKind> fileKinds(const QString& filter) {
     QList<FileKind> kinds;
     for (const QString& entry : filter.split(u'|')) {
-        kinds.append({entry.section(u':', 0, 0), entry.section(QStringLiteral("*."), -1)});
+        kinds.append({entry.section(u':', 0, 0), entry.section(QStringLiteral(":*."), 1)});
     }
     return kinds;
 }
 
-QStringList shownKinds(const QList<FileKind>& kinds) {
+void offerKinds(QFileDialog& dialog, const QString& filter) {
+    const QList<FileKind> kinds = fileKinds(filter);
     QStringList shown;
     for (const FileKind& kind : kinds) {
         shown.append(kind.shown);
     }
-    return shown;
+    dialog.setNameFilters(shown);
+    dialog.setDefaultSuffix(kinds.front().extension);
+    QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, [&dialog, kinds](const QString& chosen) {
+        for (const FileKind& kind : kinds) {
+            if (kind.shown == chosen) {
+                dialog.setDefaultSuffix(kind.extension);
+            }
+        }
+    });
 }
 
 } // namespace ocuva

@@ -1,9 +1,9 @@
 #pragma once
 // The kinds of files that a file dialog offers, written as one text.
 
+#include <QFileDialog>
 #include <QList>
 #include <QString>
-#include <QStringList>
 
 namespace ocuva {
 
@@ -20,7 +20,8 @@ struct FileKind {
 /// its pattern. The text is the program's own and never wrong.
 QList<FileKind> fileKinds(const QString& filter);
 
-/// What a file dialog takes as its list.
-QStringList shownKinds(const QList<FileKind>& kinds);
+/// Lets the dialog offer the kinds of that text. A name typed without extension gets that of the kind
+/// chosen, the first one at the beginning.
+void offerKinds(QFileDialog& dialog, const QString& filter);
 
 } // namespace ocuva

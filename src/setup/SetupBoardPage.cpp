@@ -1,8 +1,16 @@
 #include "setup/SetupBoardPage.h"
 
+#include "settings/SettingsTable.h"
+#include "setup/IniEntries.h"
+
 #include <QHBoxLayout>
 
 namespace ocuva {
+
+namespace {
+// Where a host that has more to say about its boards names them, in the order of their types.
+constexpr const char* boardsSection = "tn_video\\boards";
+} // namespace
 
 /// The page as the logic sees it.
 class SetupBoardPage::View final : public BoardSetupView {
@@ -39,6 +47,7 @@ private:
 SetupBoardPage::SetupBoardPage(const char* name, const SetupContext& context, SetupCameraPage& cameraPage,
                                QWidget* parent)
     : SetupPage(name, context.report, parent)
+    , m_libProxy(context.host.tn_lib_proxy())
     , m_settings(context.settings)
     , m_board(context.board)
     , m_view(std::make_unique<View>(*this, cameraPage))
@@ -94,6 +103,7 @@ void SetupBoardPage::makeControls() {
 }
 
 void SetupBoardPage::load() {
+    fillFromIni(*cbBoard, m_libProxy, boardsSection, storeName(SettingsStore::Host).c_str());
     cbBoard->setCurrentIndex(boardTypeOfIndex(m_board.BoardType()));
     VgaCheck->setChecked(m_settings.readVgaMode());
     m_setup.showState();

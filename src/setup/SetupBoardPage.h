@@ -44,6 +44,7 @@ private:
     void makeControls();
     QPushButton* makeButton(const char* name, const QString& text, const QString& help);
 
+    TnLibProxy& m_libProxy;
     Settings& m_settings;
     CTnVideoBoard& m_board;
     std::unique_ptr<View> m_view;

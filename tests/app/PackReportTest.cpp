@@ -42,6 +42,7 @@ TEST_F(PackReportCommand, SuggestsADatedNamePacksIntoTheChosenFileAndSaysWhereIt
     EXPECT_GT(QFileInfo(name).size(), 0);
     EXPECT_THAT(child<QWidget>("Info")->toolTip().toStdString(),
                 testing::HasSubstr("Report saved: '" + name.toStdString() + "'"));
+    EXPECT_EQ(host.callsOf("TarnGetUniqueObjectKey").size(), 1U);
     EXPECT_THAT(host.calls,
                 testing::Contains(testing::HasSubstr("Pack report: '" + name.toStdString() + "'")));
 }
@@ -68,18 +69,19 @@ TEST_F(PackReportCommand, ThatFailsIsLoggedInWordsAndLeavesNothing) {
 TEST_F(PackReportCommand, TellsTheVersionsTheHostAndOfTheEnvironmentOnlyWhatIsOurs) {
     qputenv("OCUVA_OF_THIS_TEST", "ours");
     qputenv("SECRET_OF_THIS_TEST", "theirs");
-    const std::string text = versionsText(window(), report);
+    const std::string text = versionsText(window(), report, "KEY-7");
     qunsetenv("OCUVA_OF_THIS_TEST");
     qunsetenv("SECRET_OF_THIS_TEST");
-    for (const char* line : {"program: Ocuva ", "Qt: 6.", "system: ", "host: stub\n", "screen in use: ",
-                             "palette: ", "command line: -client\n", "trace: none is written\n",
-                             "log and settings: in this report\n", "OCUVA_OF_THIS_TEST: ours\n"}) {
+    for (const char* line :
+         {"report: KEY-7\n", "program: Ocuva ", "Qt: 6.", "system: ", "host: stub\n",
+          "screen in use: ", "palette: ", "command line: -client\n", "trace: none is written\n",
+          "log and settings: in this report\n", "OCUVA_OF_THIS_TEST: ours\n"}) {
         EXPECT_THAT(text, testing::HasSubstr(line));
     }
     EXPECT_THAT(text, testing::Not(testing::HasSubstr("SECRET")));
     ReportSurroundings libraries = report;
     libraries.keeper = Keeper::hostLibraries;
-    EXPECT_THAT(versionsText(window(), libraries),
+    EXPECT_THAT(versionsText(window(), libraries, "KEY-7"),
                 testing::HasSubstr("log and settings: kept by the host's libraries, not in this report\n"));
 }
 

@@ -15,6 +15,13 @@ struct BoardPage : DialogRig {
         board.Initialize();
         open(SetupTab::Board);
     }
+    QStringList boards() {
+        QStringList texts;
+        for (int i = 0; i < page().cbBoard->count(); ++i) {
+            texts.append(page().cbBoard->itemText(i));
+        }
+        return texts;
+    }
     std::vector<bool> choosableCameras() {
         std::vector<bool> enabled;
         for (const QRadioButton* option : dialog->cameraPage->optCam) {
@@ -82,6 +89,28 @@ TEST_F(BoardPage, AfterAShutDownTheBoardStillShowsAsInitialisedAndTheMainWindowN
     EXPECT_EQ(page().shInit->colour(), red);
     EXPECT_EQ(page().shShut->colour(), green);
     EXPECT_EQ(host.calls.back(), "showAcquisition()");
+}
+
+TEST_F(BoardPage, NamesTheBoardsAsTheHostListsThemWhereItDoes) {
+    open(SetupTab::Board);
+    EXPECT_EQ(boards(), (QStringList{QStringLiteral("Picture on the board's own screen"),
+                                     QStringLiteral("Live picture in this program")}));
+    host.settings["TARN.INI|tn_video\\boards|0"] = "VGA overlay";
+    host.settings["TARN.INI|tn_video\\boards|1"] = "Live = colour";
+    host.settings["TARN.INI|tn_video\\boards|2"] = "";
+    open(SetupTab::Board);
+    EXPECT_EQ(boards(),
+              (QStringList{QStringLiteral("VGA overlay"), QStringLiteral("Live = colour"), QString()}));
+    EXPECT_EQ(page().cbBoard->currentIndex(), 1);
+}
+
+TEST_F(BoardPage, TakesNoEntriesOfAHostThatListsNoneAndNoMoreThanAHundredOfOneThatNeverEnds) {
+    host.results["TarnIniEnumNb"] = -1;
+    open(SetupTab::Board);
+    EXPECT_EQ(boards().size(), 2);
+    host.results["TarnIniEnumNb"] = 2000000000;
+    open(SetupTab::Board);
+    EXPECT_EQ(boards().size(), 100);
 }
 
 TEST_F(BoardPage, ShowsTheStoredVgaMode) {
