@@ -15,6 +15,7 @@ struct JournalPosition {
     Long y = 0; ///< stage units
     Long z = 0; ///< stage units
 
+    /// Whether all three axes stand at the same place.
     bool operator==(const JournalPosition&) const = default;
 };
 
