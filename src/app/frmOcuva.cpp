@@ -278,7 +278,6 @@ void frmOcuva::mmuBckl_Click() {
 
 void frmOcuva::mnuFocus_Click() {
     if (m_settings.readVgaMode()) {
-        sayIdleInVgaMode();
         return;
     }
     DoFocus();
@@ -294,8 +293,6 @@ void frmOcuva::stepZ_Click(std::size_t index, bool up) {
     guarded([this, index, up] {
         if (!m_settings.readVgaMode()) {
             stepZ(m_stage, m_watch, index, up);
-        } else {
-            sayIdleInVgaMode();
         }
     });
 }

@@ -183,7 +183,6 @@ private:
     std::optional<Magnification> shownMagnification() const;
     void showZoom();
     void showInformation();
-    void sayIdleInVgaMode();
 
     // StageWatchView
     Long monitorColour() const override;

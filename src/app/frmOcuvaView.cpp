@@ -58,10 +58,6 @@ void frmOcuva::watchedMoveEnded(bool moved) {
     }
 }
 
-void frmOcuva::sayIdleInVgaMode() {
-    m_information->showNote(tr("Not in VGA mode"), tr("VGA mode is set in Setup (Alt+T), tab Board"));
-}
-
 ScreenMetrics frmOcuva::screen() const { return screenMetrics(); }
 
 QWidget* frmOcuva::partWidget(MonitorPart part) const {

@@ -167,8 +167,10 @@ TEST_F(MainMenuBar, AutofocusAsksTheHostRestartsTheGrabOnceAndShowsThePosition) 
 
 TEST_F(MainMenuBar, AutofocusDoesNothingAtAllInVgaMode) {
     host.settings["TARN|tn_video|VGAMode"] = "1";
+    const std::string before = panel("Info");
     action("mnuFocus")->trigger();
     EXPECT_THAT(host.calls, ElementsAre("TarnRegisterGetInt(\"tn_video\", \"VGAMode\", 0, \"TARN\")"));
+    EXPECT_EQ(panel("Info"), before);
 }
 
 TEST_F(ClickOnTheImage, BringsThePointToTheCentreByTwoRelativeMovesAndAWatchOnAllAxes) {
@@ -258,6 +260,7 @@ TEST_F(ZButtons, StepZByTheirDistances) {
 
 TEST_F(ZButtons, DoNothingInVgaMode) {
     host.settings["TARN|tn_video|VGAMode"] = "-1";
+    const std::string before = panel("Info");
     for (QToolButton* button : window().upDown().cmdUp) {
         QTest::mouseClick(button, Qt::LeftButton);
     }
@@ -266,6 +269,7 @@ TEST_F(ZButtons, DoNothingInVgaMode) {
     }
     EXPECT_THAT(host.calls, testing::Each("TarnRegisterGetInt(\"tn_video\", \"VGAMode\", 0, \"TARN\")"));
     EXPECT_FALSE(window().tStageMove->isActive());
+    EXPECT_EQ(panel("Info"), before);
 }
 
 TEST_F(MainWindow, MovesNothingByAKeyThatDoesNotSaySo) {

@@ -136,19 +136,6 @@ TEST_F(NextStep, TheEndOfAMoveLeavesANoteAboutSomethingElse) {
     EXPECT_THAT(panel("Info"), HasSubstr("mean"));
 }
 
-TEST_F(NextStep, WhatDoesNothingInVgaModeSaysSo) {
-    host.settings["TARN|tn_video|VGAMode"] = "1";
-    for (const auto& idle : {std::function<void()>([this] { window().upDown().cmdDown[3]->click(); }),
-                             std::function<void()>([this] { action("mnuFocus")->trigger(); })}) {
-        window().UpdateStagePos();
-        action("mnuZoom0")->trigger(); // a change of state takes the note off
-        EXPECT_THAT(panel("Info"), Not(HasSubstr("VGA")));
-        idle();
-        EXPECT_THAT(panel("Info"), HasSubstr("Not in VGA mode"));
-        EXPECT_THAT(told(), HasSubstr("tab Board"));
-    }
-}
-
 TEST_F(NextStep, TheCalibrationDialogLeadsFromPointToPoint) {
     action("Picture")->trigger();
     frmSetupStage& dialog = window().pictureOnStage().dialog();
