@@ -58,7 +58,27 @@ QRect broughtOnScreen(const QRect& rect, const QList<QRect>& screens) {
             size};
 }
 
-QRect besideWindow(const QRect& other, QSize size, const QRect& screen) {
+namespace {
+
+// What is left of that size on the side of the other window that leaves most of it.
+QSize roomBeside(const QRect& other, QSize size, const QRect& screen) {
+    const QSize right(screen.right() - other.right() - gapPixels, screen.height());
+    const QSize left(other.left() - screen.left() - gapPixels, screen.height());
+    const QSize below(screen.width(), screen.bottom() - other.bottom() - gapPixels);
+    const QSize above(screen.width(), other.top() - screen.top() - gapPixels);
+    QSize most;
+    for (const QSize& room : {right, left, below, above}) {
+        const QSize leaves = size.boundedTo(room);
+        if (area({QPoint(), leaves}) > area({QPoint(), most})) {
+            most = leaves;
+        }
+    }
+    return most;
+}
+
+} // namespace
+
+QRect besideWindow(const QRect& other, QSize size, const QRect& screen, QSize smallest) {
     const QRect right(QPoint(other.right() + 1 + gapPixels, other.top()), size);
     const QRect left(QPoint(other.left() - gapPixels - size.width(), other.top()), size);
     const QRect below(QPoint(other.left(), other.bottom() + 1 + gapPixels), size);
@@ -67,6 +87,12 @@ QRect besideWindow(const QRect& other, QSize size, const QRect& screen) {
         const QRect onScreen = broughtOnScreen(place, {screen});
         if (!onScreen.intersects(other)) {
             return onScreen;
+        }
+    }
+    if (smallest.isValid()) {
+        const QSize smaller = roomBeside(other, size, screen);
+        if (smaller == smaller.expandedTo(smallest)) {
+            return besideWindow(other, smaller, screen);
         }
     }
     const QPoint corner(screen.right() + 1 - size.width(), screen.bottom() + 1 - size.height());
@@ -164,13 +190,13 @@ void WindowPlace::afterHide() {
     }
 }
 
-std::function<QRect(QSize)> besideItsOwner(const QWidget* owner) {
+std::function<QRect(QSize)> besideItsOwner(const QWidget* owner, QSize smallest) {
     if (owner == nullptr) {
         return {};
     }
-    return [owner](QSize size) {
+    return [owner, smallest](QSize size) {
         const QWidget* window = owner->window();
-        return besideWindow(window->frameGeometry(), size, window->screen()->availableGeometry());
+        return besideWindow(window->frameGeometry(), size, window->screen()->availableGeometry(), smallest);
     };
 }
 

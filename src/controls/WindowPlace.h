@@ -19,9 +19,10 @@ namespace ocuva {
 QRect broughtOnScreen(const QRect& rect, const QList<QRect>& screens);
 
 /// The place for a window of that size beside another, both on that screen: to its right, else to its left,
-/// below or above, its upper (left) edges in line. Where there is room nowhere, in the screen's right lower
-/// corner, which hides least.
-QRect besideWindow(const QRect& other, QSize size, const QRect& screen);
+/// below or above, its upper (left) edges in line. Where there is room nowhere, as much smaller as it must be
+/// on the side where most of it is left, but not below `smallest`; else, or with no `smallest`, in the
+/// screen's right lower corner, which hides least.
+QRect besideWindow(const QRect& other, QSize size, const QRect& screen, QSize smallest = {});
 
 /// The rectangles of the windows by their object names, in the user's registry beside the toolbar's layout:
 /// sub-key "WindowPlaces".
@@ -60,7 +61,7 @@ private:
     std::optional<QRect> m_place; // upper left corner of the frame, size without it
 };
 
-/// The first place of a dialog: beside its owner's window; with no owner none.
-std::function<QRect(QSize)> besideItsOwner(const QWidget* owner);
+/// The first place of a dialog: beside its owner's window, as besideWindow says; with no owner none.
+std::function<QRect(QSize)> besideItsOwner(const QWidget* owner, QSize smallest = {});
 
 } // namespace ocuva

@@ -1,5 +1,6 @@
 #include "display/OverlayFigure.h"
 
+#include <QEvent>
 #include <QPainter>
 #include <QWindow>
 
@@ -36,6 +37,22 @@ OverlayWidget::OverlayWidget(QWidget* display)
         setAttribute(Qt::WA_NativeWindow);
         windowHandle()->setFlag(Qt::WindowTransparentForInput);
     }
+}
+
+// On a screen whose scale is no whole number a control also touches the screen pixels that it covers only in
+// part, and what takes its place is not drawn there: a still would keep a thin edge of it.
+bool OverlayWidget::event(QEvent* event) {
+    switch (event->type()) {
+    case QEvent::Hide:
+    case QEvent::Move:
+    case QEvent::Resize:
+        parentWidget()->update(grown(m_covered, 1));
+        m_covered = geometry();
+        break;
+    default:
+        break;
+    }
+    return QWidget::event(event);
 }
 
 void OverlayWidget::cutDownTo(const QRegion& pixels) {

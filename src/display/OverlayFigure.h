@@ -37,6 +37,12 @@ public:
 
     QColor coreColour = Qt::white;
     QColor outlineColour = Qt::black;
+
+protected:
+    bool event(QEvent* event) override;
+
+private:
+    QRect m_covered; // what it covered on the display last
 };
 
 /// The pixels of a figure made of bars.

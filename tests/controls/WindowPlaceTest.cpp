@@ -81,6 +81,20 @@ TEST(BroughtOnScreen, OfAnyRectangleIsWhollyOnOneScreenAndAsLargeAsItWasWhereThe
     }
 }
 
+TEST(BesideAWindow, WithoutRoomIsAsMuchSmallerAsItMustBeWhereMostOfItIsLeft) {
+    const QSize page(900, 600);
+    const QRect low(200, 450, 500, 350); // its frame reaches the lower edge
+    EXPECT_EQ(besideWindow(low, page, left, {600, 400}), QRect(100, 0, 900, 444));
+    const QRect aside(0, 100, 350, 700);
+    EXPECT_EQ(besideWindow(aside, page, left, {600, 400}), QRect(356, 100, 644, 600));
+}
+
+TEST(BesideAWindow, WithoutRoomForItsSmallestSizeIsInTheCornerInFull) {
+    const QRect wide(50, 150, 900, 500);
+    EXPECT_EQ(besideWindow(wide, {900, 600}, left, {600, 400}), QRect(100, 200, 900, 600));
+    EXPECT_EQ(besideWindow(wide, {900, 600}, left), QRect(100, 200, 900, 600));
+}
+
 TEST(BesideAWindow, IsAtItsRightElseAtItsLeftBelowOrAbove) {
     const QSize size(300, 200);
     EXPECT_EQ(besideWindow({100, 50, 400, 500}, size, left), QRect(506, 50, 300, 200));

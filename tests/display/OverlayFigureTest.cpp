@@ -4,6 +4,7 @@
 #include "display/MilDisplay.h"
 
 #include <QImage>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QTest>
 
@@ -33,6 +34,17 @@ FramePtr plainFrame(std::uint32_t colour) {
     frame->pixels.assign(384U * 288U, colour);
     return frame;
 }
+
+// All that is painted of a control, in its pixels.
+struct PaintedRegion : QObject {
+    QRegion region;
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            region += static_cast<QPaintEvent*>(event)->region();
+        }
+        return false;
+    }
+};
 
 struct CountPaints : QObject {
     int paints = 0;
@@ -162,6 +174,22 @@ TEST_F(OnTheLiveImage, AFrameIsDrawnOnceWhetherOverlaysLieOnItOrNot) {
         over(0xff101010U);
     }
     EXPECT_EQ(counter.paints, without);
+}
+
+TEST_F(OnTheLiveImage, AFigureThatGoesIsPaintedOverWithAMarginAsScreensOfABrokenScaleNeed) {
+    over(0xff808080);
+    frCross.place({{112, 143, 70, 2}}, true);
+    frCross.show(true);
+    QCoreApplication::processEvents();
+    PaintedRegion painted;
+    display.installEventFilter(&painted);
+    frCross.show(false);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return !painted.region.isEmpty(); }));
+    EXPECT_TRUE(painted.region.contains(QRect(110, 141, 74, 6)));
+    painted.region = {};
+    frCross.show(true);
+    frCross.place({{112, 203, 70, 2}}, true);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return painted.region.contains(QRect(110, 141, 74, 6)); }));
 }
 
 TEST_F(OnTheLiveImage, BarsThatAreLeftOverDisappearAndComeBackWhenNeeded) {

@@ -18,6 +18,7 @@ namespace {
 
 constexpr int deepestInContents = 3;
 constexpr QSize firstSize{960, 680};
+constexpr QSize smallestBeside{640, 380}; // a page that is smaller is better laid over the image
 constexpr int contentsWidthPx = 250;
 } // namespace
 
@@ -59,7 +60,7 @@ HelpWindow::HelpWindow(const QDir& manual, const std::vector<KeyRow>& keys, cons
     });
     connect(view->verticalScrollBar(), &QScrollBar::valueChanged, this, &HelpWindow::followView);
     resize(firstSize.boundedTo(screen()->availableSize() * 9 / 10));
-    new WindowPlace(*this, WindowPlace::Keeps::PositionAndSize, besideItsOwner(beside));
+    new WindowPlace(*this, WindowPlace::Keeps::PositionAndSize, besideItsOwner(beside, smallestBeside));
     view->setFocus();
 }
 
