@@ -24,7 +24,7 @@ std::string messageText(std::string_view key) {
         std::string_view text;
     };
     constexpr Message messages[] = {
-        {"TnOcuvaSelect", "Click the point on the live image that belongs to the present stage position."},
+        {"TnOcuvaSelect", "Click the point on the live image."},
     };
     for (const Message& message : messages) {
         if (message.key == key) {

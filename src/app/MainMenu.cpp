@@ -119,6 +119,15 @@ std::vector<KeyRow> MainMenu::keys() {
     return keys;
 }
 
+void MainMenu::lendFunctionKeys(QWidget& window) const {
+    for (const auto& [name, action] : m_actions) {
+        const QKeySequence key = action->shortcut();
+        if (!key.isEmpty() && key[0].keyboardModifiers() == Qt::NoModifier) {
+            window.addAction(action);
+        }
+    }
+}
+
 QAction* MainMenu::action(std::string_view name) const { return m_actions.at(name); }
 
 } // namespace ocuva

@@ -44,6 +44,9 @@ public:
     MainMenu(QMenuBar& bar, const std::function<void(Command)>& run);
 
     QAction* action(std::string_view name) const;
+    /// Lets the commands' function keys (F1 to F9, without Shift) work while that window is the active one.
+    /// It may go before the menu does, and the other way round.
+    void lendFunctionKeys(QWidget& window) const;
     /// Whether the command can be run in this build of the program, wherever it is reached from.
     static bool isAvailable(Command command);
     /// The commands that have a key, in the order of the menus.

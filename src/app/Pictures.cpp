@@ -111,7 +111,8 @@ void Pictures::show() {
 }
 
 void Pictures::refuseClick() {
-    m_context.information.showNote(QObject::tr("A click does not move the stage; Live (F7) first"));
+    m_context.information.showNote(QObject::tr("Live (F7) before a move"),
+                                   QObject::tr("A click on a stored picture does not move the stage"));
 }
 
 } // namespace ocuva

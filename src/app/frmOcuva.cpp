@@ -90,6 +90,8 @@ void frmOcuva::makeControls() {
         m_calibration, m_context.host, *this, *sbMain, *this,
         [this](const QString& text) { reportError(text); }, [this](const QString& text) { logError(text); }});
 
+    m_menu->lendFunctionKeys(m_pictureOnStage->dialog());
+
     // The window as designed: what stands around the monitor frame, from the frame's edge to the window's.
     const QRect monitor = m_panels->frMonitor->geometry();
     ensurePolished();

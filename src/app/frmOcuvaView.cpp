@@ -168,6 +168,7 @@ void frmOcuva::mnuSetup_Click() {
                 m_setupMemory, m_standards->list(), [this] { return m_standards->AddStandard(false); },
                 [this] { m_standards->FillStageMenu(); }, [this](const QString& text) { reportError(text); }},
             this);
+        m_menu->lendFunctionKeys(*m_frmSetup);
     }
     m_frmSetup->show();
     m_frmSetup->raise();

@@ -186,7 +186,7 @@ QString frmSetupStage::nextStep() const {
     if (const auto point = FramePoint->firstWithout({PointField::XS, PointField::YS, PointField::ZS})) {
         return tr("Drive the stage to point %1 and read its position.").arg(*point + 1);
     }
-    return tr("All points are there. Press OK to use them.");
+    return tr("All points are there. If the lines below are good, press OK.");
 }
 
 void frmSetupStage::ButI_Click(std::size_t point) {

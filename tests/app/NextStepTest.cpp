@@ -136,6 +136,19 @@ TEST_F(NextStep, TheEndOfAMoveLeavesANoteAboutSomethingElse) {
     EXPECT_THAT(panel("Info"), HasSubstr("mean"));
 }
 
+TEST_F(NextStep, TheKeysOfTheCommandsWorkInSetupAndInTheCalibrationToo) {
+    action("Picture")->trigger();
+    action("mnuSetup")->trigger();
+    for (const char* name : {"frmSetupStage", "frmSetup"}) {
+        auto* dialog = child<QDialog>(name);
+        ASSERT_NE(dialog, nullptr) << name;
+        QApplication::setActiveWindow(dialog);
+        host.calls.clear();
+        QTest::keyClick(dialog, Qt::Key_F4);
+        EXPECT_THAT(host.calls, testing::Contains("TarnAutoFocusExt(-1)")) << name;
+    }
+}
+
 TEST_F(NextStep, TheCalibrationDialogLeadsFromPointToPoint) {
     action("Picture")->trigger();
     frmSetupStage& dialog = window().pictureOnStage().dialog();
@@ -151,5 +164,5 @@ TEST_F(NextStep, TheCalibrationDialogLeadsFromPointToPoint) {
     dialog.FramePoint->row(0).ButX->click();
     EXPECT_EQ(hint(), "Drive the stage to point 2 and read its position.");
     dialog.FramePoint->row(1).ButX->click();
-    EXPECT_EQ(hint(), "All points are there. Press OK to use them.");
+    EXPECT_EQ(hint(), "All points are there. If the lines below are good, press OK.");
 }

@@ -364,7 +364,8 @@ TEST_F(AStoredPicture, NeverMovesTheStageByAClickAndSaysWhy) {
     host.calls.clear();
     click({10, 20});
     EXPECT_THAT(host.calls, IsEmpty());
-    EXPECT_THAT(panel("Info"), HasSubstr("does not move the stage"));
+    EXPECT_THAT(panel("Info"), HasSubstr("Live (F7) before a move"));
+    EXPECT_THAT(child<QWidget>("Info")->toolTip().toStdString(), HasSubstr("does not move the stage"));
     action("mnuAcq")->trigger();
     click({10, 20});
     EXPECT_THAT(host.callsOf("TarnLoadStageRelSecure"), Not(IsEmpty()));
