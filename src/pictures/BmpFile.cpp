@@ -13,8 +13,6 @@ namespace ocuva {
 
 namespace {
 
-QString nameOf(const std::filesystem::path& name) { return QString::fromStdU16String(name.u16string()); }
-
 int dotsPerMetre(double pixelsPerCm) {
     constexpr double cmPerMetre = 100.0;
     return static_cast<int>(

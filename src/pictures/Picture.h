@@ -5,6 +5,7 @@
 #include <QImage>
 #include <QString>
 
+#include <filesystem>
 #include <stdexcept>
 #include <vector>
 
@@ -37,6 +38,11 @@ struct Picture {
 /// Pictures beyond these sizes are neither written nor read.
 inline constexpr int largestSide = 32767;
 inline constexpr qint64 mostPixels = 100'000'000;
+
+/// The name as sentences about a file show it, whatever letters it has.
+inline QString nameOf(const std::filesystem::path& file) {
+    return QString::fromStdU16String(file.u16string());
+}
 
 /// Why a picture could not be saved or opened: a sentence in the platform's 8-bit text that names the file.
 class PictureFileError : public std::runtime_error {

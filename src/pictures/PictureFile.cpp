@@ -33,8 +33,6 @@ struct ByFirstBytes {
 };
 constexpr std::array<ByFirstBytes, 3> readers{{{"II", readTiff}, {"MM", readTiff}, {"BM", readBmp}}};
 
-QString nameOf(const std::filesystem::path& name) { return QString::fromStdU16String(name.u16string()); }
-
 [[noreturn]] void fail(const std::filesystem::path& name, const QString& reason) {
     throw PictureFileError(QStringLiteral("\"%1\" could not be saved: %2").arg(nameOf(name), reason));
 }

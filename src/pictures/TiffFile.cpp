@@ -67,8 +67,6 @@ TiffHandle open(const std::filesystem::path& name, const char* mode, Trouble& tr
 #endif
 }
 
-QString nameOf(const std::filesystem::path& name) { return QString::fromStdU16String(name.u16string()); }
-
 [[noreturn]] void failWriting(const Trouble& trouble) {
     throw PictureFileError(trouble.text.isEmpty() ? QStringLiteral("the disk refused it") : trouble.text);
 }
