@@ -20,7 +20,7 @@ struct Row {
 };
 
 // An item belongs to the menu above it.
-constexpr std::array<Row, 26> rows{{
+constexpr std::array<Row, 26> menuRows{{
     {Kind::Menu, "mnuFile", QT_TRANSLATE_NOOP("MainMenu", "&File"), "", Command::None, ""},
     {Kind::Item, "mmuOpen", QT_TRANSLATE_NOOP("MainMenu", "&Open"), "Ctrl+O", Command::Open,
      QT_TRANSLATE_NOOP("MainMenu", "Show a stored picture")},
@@ -82,7 +82,7 @@ bool MainMenu::isAvailable(Command command) { return command != Command::PackRep
 
 MainMenu::MainMenu(QMenuBar& bar, const std::function<void(Command)>& run) {
     QMenu* menu = nullptr;
-    for (const Row& row : rows) {
+    for (const Row& row : menuRows) {
         const QString caption = QCoreApplication::translate("MainMenu", row.caption);
         if (row.kind == Kind::Menu) {
             menu = bar.addMenu(caption);
@@ -108,7 +108,7 @@ std::vector<KeyRow> MainMenu::keys() {
     };
     std::vector<KeyRow> keys;
     QString menu;
-    for (const Row& row : rows) {
+    for (const Row& row : menuRows) {
         if (row.kind == Kind::Menu) {
             menu = plain(row.caption);
         } else if (*row.shortcut != '\0') {

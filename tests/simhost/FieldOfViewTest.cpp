@@ -8,7 +8,7 @@
 namespace simhost {
 namespace {
 
-struct Rig {
+struct FieldRig {
     TempFolder folder;
     HostLog log{folder / "tarn.log", [] { return std::string("now"); }};
     Stores stores{folder.path(), log};
@@ -19,7 +19,7 @@ struct Rig {
 };
 
 TEST(FieldOfView, WithoutSettingsItIsTheDefaultFieldAtTheDefaultMagnification) {
-    Rig rig;
+    FieldRig rig;
     EXPECT_EQ(rig.field.seen().width, 640.0);
     EXPECT_EQ(rig.field.seen().height, 480.0);
     EXPECT_EQ(rig.field.factors().width, 2560.0);
@@ -28,7 +28,7 @@ TEST(FieldOfView, WithoutSettingsItIsTheDefaultFieldAtTheDefaultMagnification) {
 }
 
 TEST(FieldOfView, AChangedSettingIsSeenByTheNextFrame) {
-    Rig rig;
+    FieldRig rig;
     EXPECT_EQ(rig.field.seen().width, 640.0);
     rig.set("VideoMag", "200");
     EXPECT_EQ(rig.field.seen().width, 1280.0);
@@ -38,7 +38,7 @@ TEST(FieldOfView, AChangedSettingIsSeenByTheNextFrame) {
 }
 
 TEST(FieldOfView, UnusableValuesGiveTheDefaultsAndOneLogLineEach) {
-    Rig rig;
+    FieldRig rig;
     rig.set("VideoMag", "0");
     rig.set("VideoMag100X", "-5");
     rig.set("VideoMag100Y", "wide");
@@ -55,14 +55,14 @@ TEST(FieldOfView, UnusableValuesGiveTheDefaultsAndOneLogLineEach) {
 }
 
 TEST(FieldOfView, FactorsComeBackAsSet) {
-    Rig rig;
+    FieldRig rig;
     EXPECT_TRUE(rig.field.setFactors(2612.375F, 0.1F));
     EXPECT_EQ(static_cast<float>(rig.field.factors().width), 2612.375F);
     EXPECT_EQ(static_cast<float>(rig.field.factors().height), 0.1F);
 }
 
 TEST(FieldOfView, FactorsThatAreNoSizeAreRefusedAndTheOldOnesStay) {
-    Rig rig;
+    FieldRig rig;
     const float none = std::numeric_limits<float>::quiet_NaN();
     const float infinity = std::numeric_limits<float>::infinity();
     rig.field.setFactors(2000.0F, 1500.0F);

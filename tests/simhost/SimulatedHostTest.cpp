@@ -19,8 +19,8 @@ struct KeepingSink final : public ocuva::FrameSink {
     ocuva::FramePtr newest;
 };
 
-struct Rig {
-    explicit Rig(const std::string& simulatorIni = {}) {
+struct HostRig {
+    explicit HostRig(const std::string& simulatorIni = {}) {
         if (!simulatorIni.empty()) {
             folder.write("simulator.ini", simulatorIni);
         }
@@ -54,7 +54,7 @@ struct Rig {
 };
 
 TEST(SimulatedHost, LiveVideoReachesTheWindowThatWasHandedOver) {
-    Rig rig;
+    HostRig rig;
     TarnDisplayRequest display{window, -2, 0};
     rig.host->tn_video().TarnVideoBoardInit();
     rig.host->tn_video().TarnVideoBoardFunction(TARN_BOARD_FUNCTION_DISPLAY, &display);
@@ -65,7 +65,7 @@ TEST(SimulatedHost, LiveVideoReachesTheWindowThatWasHandedOver) {
 }
 
 TEST(SimulatedHost, TheStageIsAsTheConfigurationSays) {
-    Rig rig("[Stage]\nXMin=-100\nXMax=300\nStartX=42\nZMin=-5\nZMax=5\n");
+    HostRig rig("[Stage]\nXMin=-100\nXMax=300\nStartX=42\nZMin=-5\nZMax=5\n");
     TarnLong lower = 0;
     TarnLong upper = 0;
     EXPECT_NE(rig.host->tn_lib_proxy().TarnGetStageLimits(1, &lower, &upper), 0);
@@ -75,7 +75,7 @@ TEST(SimulatedHost, TheStageIsAsTheConfigurationSays) {
 }
 
 TEST(SimulatedHost, WithoutAConfigurationTheStageHasTheDefaultsOfItsSettings) {
-    Rig rig;
+    HostRig rig;
     const AxisSettings defaults = StageSettings().z;
     TarnLong lower = 0;
     TarnLong upper = 0;
@@ -90,7 +90,7 @@ TEST(SimulatedHost, WithoutAConfigurationTheStageHasTheDefaultsOfItsSettings) {
 }
 
 TEST(SimulatedHost, TheFieldFollowsTheMagnification) {
-    Rig rig;
+    HostRig rig;
     EXPECT_EQ(rig.host->trueField().width, 640.0);
     rig.host->tn_reg().TarnRegisterSetString("tn_video", "VideoMag", "800", "TARN.INI");
     EXPECT_EQ(rig.host->trueField().width, 320.0);
@@ -102,7 +102,7 @@ TEST(SimulatedHost, TheFieldFollowsTheMagnification) {
 }
 
 TEST(SimulatedHost, TheCameraTypeOutlivesTheHost) {
-    Rig rig;
+    HostRig rig;
     EXPECT_NE(rig.host->tn_video().TarnVideoSetCurrentCameraType(4), 0);
     EXPECT_EQ(rig.host->tn_video().TarnVideoSetCurrentCameraType(7), 0);
     rig.host.reset();
@@ -111,7 +111,7 @@ TEST(SimulatedHost, TheCameraTypeOutlivesTheHost) {
 }
 
 TEST(SimulatedHost, AStoredCameraTypeThatIsNoneLeavesNoneChosen) {
-    Rig rig;
+    HostRig rig;
     rig.host->tn_reg().TarnRegisterSetString("tn_video", "CameraType", "9", "TARN.INI");
     rig.host = std::make_unique<SimulatedHost>(rig.options());
     EXPECT_EQ(rig.host->tn_video().TarnVideoGetCurrentCameraType(), 0);
@@ -119,7 +119,7 @@ TEST(SimulatedHost, AStoredCameraTypeThatIsNoneLeavesNoneChosen) {
 }
 
 TEST(SimulatedHost, AMessageBoxIsShownByTheProgramAndItsAnswerLogged) {
-    Rig rig;
+    HostRig rig;
     SimulatedHostOptions options = rig.options();
     std::string shown;
     options.showMessage = [&](const std::string& text, const std::string& title, TarnLong style) {
@@ -135,7 +135,7 @@ TEST(SimulatedHost, AMessageBoxIsShownByTheProgramAndItsAnswerLogged) {
 }
 
 TEST(SimulatedHost, NoExceptionOfAMessageBoxCrossesTheBoundary) {
-    Rig rig;
+    HostRig rig;
     SimulatedHostOptions options = rig.options();
     options.showMessage = [](const std::string&, const std::string&, TarnLong) -> TarnLong {
         throw std::runtime_error("no screen");
@@ -146,7 +146,7 @@ TEST(SimulatedHost, NoExceptionOfAMessageBoxCrossesTheBoundary) {
 }
 
 TEST(SimulatedHost, MissingPointersAreRefusedEverywhere) {
-    Rig rig;
+    HostRig rig;
     ocuva::TnLibProxy& general = rig.host->tn_lib_proxy();
     TarnSingle single = 1.0F;
     TarnLong number = 0;
@@ -177,7 +177,7 @@ TEST(SimulatedHost, MissingPointersAreRefusedEverywhere) {
 }
 
 TEST(SimulatedHost, StatisticsOfARegionCountItsPixels) {
-    Rig rig;
+    HostRig rig;
     rig.host->tn_video().TarnVideoBoardInit();
     rig.host->tn_video().TarnVideoBoardStartGrab(0, 1);
     rig.clock->advance(100.0);
@@ -213,7 +213,7 @@ TEST(SimulatedHost, ADataFolderThatCannotBeHadIsToldInASentence) {
 }
 
 TEST(SimulatedHost, TheMessageBusCanBeReplaced) {
-    Rig rig;
+    HostRig rig;
     SimulatedHostOptions options = rig.options();
     std::string sent;
     options.sendByName = [&](const std::string& name) {

@@ -58,8 +58,6 @@ struct DialogRig : ToolbarRig {
     }
 };
 
-const char designText[] = "Save,Acq,Sep1,Zoom,Cross,Grid,Sep2,Stage,Standard,Focus,Sep3,Setup,Sep4";
-
 } // namespace
 
 TEST(CustomizeToolbarDialog, ShowsTheBarOnTheRightAndWhatIsLeftOnTheLeft) {

@@ -9,8 +9,6 @@ using namespace ocuva;
 
 namespace {
 
-const char designText[] = "Save,Acq,Sep1,Zoom,Cross,Grid,Sep2,Stage,Standard,Focus,Sep3,Setup,Sep4";
-
 QMenu* contextMenu(ToolbarRig& rig, QWidget* on) {
     QContextMenuEvent event(QContextMenuEvent::Mouse, on->rect().center(),
                             on->mapToGlobal(on->rect().center()));

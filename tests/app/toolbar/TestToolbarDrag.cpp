@@ -6,8 +6,6 @@ using namespace ocuva;
 
 namespace {
 
-const char designText[] = "Save,Acq,Sep1,Zoom,Cross,Grid,Sep2,Stage,Standard,Focus,Sep3,Setup,Sep4";
-
 // Presses an item and takes the mouse to a place of the bar, without letting go. Places are the bar's.
 QWidget* pickUp(ToolbarRig& rig, const char* key, Qt::KeyboardModifiers keys, QPoint to) {
     QWidget* const item = rig.item(key);

@@ -1,6 +1,6 @@
 // The layout as a value, its text, and the store that keeps it.
 
-#include "app/toolbar/ToolbarButtons.h"
+#include "ToolbarRig.h"
 #include "app/toolbar/ToolbarLayout.h"
 #include "app/toolbar/ToolbarLayoutStore.h"
 
@@ -10,15 +10,9 @@
 #include <QTemporaryDir>
 #include <QUuid>
 
-#include <gtest/gtest.h>
-
 using namespace ocuva;
 
 namespace {
-
-const char designText[] = "Save,Acq,Sep1,Zoom,Cross,Grid,Sep2,Stage,Standard,Focus,Sep3,Setup,Sep4";
-
-QString text(const char* latin1) { return QString::fromLatin1(latin1); }
 
 std::string restored(const char* from) {
     const auto layout = ToolbarLayout::fromText(text(from));

@@ -12,6 +12,10 @@
 #include <string>
 #include <vector>
 
+/// The layout that the bar comes with, as its text.
+inline constexpr char designText[] =
+    "Save,Acq,Sep1,Zoom,Cross,Grid,Sep2,Stage,Standard,Focus,Sep3,Setup,Sep4";
+
 inline QString text(const char* latin1) { return QString::fromLatin1(latin1); }
 
 struct ToolbarRig {

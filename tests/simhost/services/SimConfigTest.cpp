@@ -12,8 +12,8 @@ using testing::IsEmpty;
 
 namespace {
 
-struct Rig {
-    explicit Rig(const std::string& text) { folder.write("simulator.ini", text); }
+struct ConfigRig {
+    explicit ConfigRig(const std::string& text) { folder.write("simulator.ini", text); }
 
     std::vector<std::string> log() const { return folder.lines("log"); }
 
@@ -24,7 +24,7 @@ struct Rig {
 } // namespace
 
 TEST(SimConfig, ValuesInsideTheirRangeAreTaken) {
-    Rig rig("[stage]\r\nSpeedX = 1.5e3\r\nXMin=-300\r\n");
+    ConfigRig rig("[stage]\r\nSpeedX = 1.5e3\r\nXMin=-300\r\n");
     SimConfig config(rig.folder / "simulator.ini", rig.hostLog);
     EXPECT_EQ(config.getDouble("Stage", "SpeedX", 8000, 1, 2000), 1500);
     EXPECT_EQ(config.getLong("Stage", "XMin", -25000, -300, 0), -300);
@@ -34,7 +34,7 @@ TEST(SimConfig, ValuesInsideTheirRangeAreTaken) {
 
 TEST(SimConfig, AnUnusableValueGivesTheDefaultAndOneLogLine) {
     for (const char* value : {"", "fast", "4000 ; slower", "0.5", "1e9", "nan"}) {
-        Rig rig(std::string("[Stage]\nSpeedX=") + value + "\n");
+        ConfigRig rig(std::string("[Stage]\nSpeedX=") + value + "\n");
         SimConfig config(rig.folder / "simulator.ini", rig.hostLog);
         EXPECT_EQ(config.getDouble("Stage", "SpeedX", 8000, 1, 1e7), 8000);
         EXPECT_EQ(config.getDouble("Stage", "SpeedX", 8000, 1, 1e7), 8000);
@@ -45,7 +45,7 @@ TEST(SimConfig, AnUnusableValueGivesTheDefaultAndOneLogLine) {
 }
 
 TEST(SimConfig, AFractionIsNoWholeNumber) {
-    Rig rig("[Stage]\nXMin=-2.5\n");
+    ConfigRig rig("[Stage]\nXMin=-2.5\n");
     SimConfig config(rig.folder / "simulator.ini", rig.hostLog);
     EXPECT_EQ(config.getLong(settings::xMin), -25000);
     EXPECT_EQ(rig.log().size(), 1u);
@@ -60,14 +60,14 @@ TEST(SimConfig, AMissingFileGivesDefaultsSilently) {
 }
 
 TEST(SimConfig, AnUnreadableFileGivesDefaultsAndOneLogLine) {
-    Rig rig(std::string("\0\1\2", 3));
+    ConfigRig rig(std::string("\0\1\2", 3));
     SimConfig config(rig.folder / "simulator.ini", rig.hostLog);
     EXPECT_EQ(config.getLong(settings::seed), 20261);
     EXPECT_THAT(rig.log(), ElementsAre(HasSubstr("it holds binary data")));
 }
 
 TEST(SimConfig, TheSeededFileGivesEverySettingItsDefaultInsideItsRange) {
-    Rig rig(defaultSimConfigText());
+    ConfigRig rig(defaultSimConfigText());
     SimConfig config(rig.folder / "simulator.ini", rig.hostLog);
     const IniText text = IniText::parse(defaultSimConfigText()).value_or(IniText());
     for (const SimSetting* setting : simSettings) {
@@ -78,7 +78,8 @@ TEST(SimConfig, TheSeededFileGivesEverySettingItsDefaultInsideItsRange) {
 }
 
 TEST(SimConfig, TheSurfaceIsAsConfigured) {
-    Rig rig("[Optics]\nSurfaceHeight=10\nSurfaceTiltX=0.5\nSurfaceTiltY=-0.25\nSurfaceCurvature=1e-5\n");
+    ConfigRig rig(
+        "[Optics]\nSurfaceHeight=10\nSurfaceTiltX=0.5\nSurfaceTiltY=-0.25\nSurfaceCurvature=1e-5\n");
     const SurfaceShape surface = SimConfig(rig.folder / "simulator.ini", rig.hostLog).surface();
     EXPECT_DOUBLE_EQ(surface.at(100, 200), 10 + 50 - 50 + 0.5);
 }

@@ -12,7 +12,7 @@ using testing::IsEmpty;
 
 namespace {
 
-struct Rig {
+struct DatabaseRig {
     TempFolder folder;
     HostLog log{folder / "log"};
     Database database{folder / "standards", log};
@@ -29,7 +29,7 @@ const std::string quartz = "[OCUVASTD]\nName=Quartz\nX=-9000\nY=4000\nZ=-22\n";
 } // namespace
 
 TEST(Standards, AFolderIsReadByFileName) {
-    const Rig rig;
+    const DatabaseRig rig;
     rig.standard("b.STD", "[OCUVASTD]\r\nX=1\r\nY=2\r\nZ=3");
     rig.standard("a.std", quartz);
     rig.standard("a.txt", quartz);
@@ -44,7 +44,7 @@ TEST(Standards, AFolderIsReadByFileName) {
 }
 
 TEST(Standards, WhatCannotBeMountedIsLeftOutWithALogLineEach) {
-    Rig rig;
+    DatabaseRig rig;
     rig.standard("binary.std", std::string("\0\xff\xd8", 3));
     rig.standard("empty.std", "");
     rig.standard("huge.std", quartz + std::string(maxStandardBytes, '\n'));
@@ -61,13 +61,13 @@ TEST(Standards, WhatCannotBeMountedIsLeftOutWithALogLineEach) {
 }
 
 TEST(Standards, AMissingFolderGivesNoneAndALogLine) {
-    Rig rig;
+    DatabaseRig rig;
     EXPECT_THAT(readStandards(rig.folder / "nowhere", rig.log), IsEmpty());
     EXPECT_EQ(rig.logLines().size(), 1u);
 }
 
 TEST(Standards, WrittenTextReadsBack) {
-    const Rig rig;
+    const DatabaseRig rig;
     const StandardFile standard =
         readStandardFile(rig.standard("o.std", standardText("Olivine", {9000, 4000, 14})));
     EXPECT_EQ(standard.name, "Olivine");
@@ -75,7 +75,7 @@ TEST(Standards, WrittenTextReadsBack) {
 }
 
 TEST(Database, AStandardIsReadByItsFullPathOrByItsNameInTheFolder) {
-    Rig rig;
+    DatabaseRig rig;
     const std::string path = rig.standard("Quartz.std", quartz);
     for (const std::string& name : {path, std::string("Quartz.std")}) {
         const auto handle = rig.database.objectNew("OCUVASTD");
@@ -95,14 +95,14 @@ TEST(Database, AStandardIsReadByItsFullPathOrByItsNameInTheFolder) {
 }
 
 TEST(Database, OtherTypesHaveNoObjects) {
-    Rig rig;
+    DatabaseRig rig;
     EXPECT_EQ(rig.database.objectNew("OCUVAIMG"), 0);
     EXPECT_EQ(rig.database.objectNew(""), 0);
     EXPECT_EQ(rig.logLines().size(), 2u);
 }
 
 TEST(Database, AStandardWithoutPositionIsReadAndLeavesTheOutputsAlone) {
-    Rig rig;
+    DatabaseRig rig;
     rig.standard("flat.std", "[OCUVASTD]\nName=Flat\nX=1\nY=2\nZ=\n");
     const auto handle = rig.database.objectNew("OCUVASTD");
     EXPECT_TRUE(rig.database.objectRead(handle, "flat.std"));
@@ -114,7 +114,7 @@ TEST(Database, AStandardWithoutPositionIsReadAndLeavesTheOutputsAlone) {
 }
 
 TEST(Database, AFailedReadEmptiesTheObject) {
-    Rig rig;
+    DatabaseRig rig;
     rig.standard("Quartz.std", quartz);
     const auto handle = rig.database.objectNew("OCUVASTD");
     EXPECT_TRUE(rig.database.objectRead(handle, "Quartz.std"));
@@ -128,14 +128,14 @@ TEST(Database, AFailedReadEmptiesTheObject) {
 }
 
 TEST(Database, HandlesThatAreNotOpenAreRefused) {
-    Rig rig;
+    DatabaseRig rig;
     rig.standard("Quartz.std", quartz);
     for (const ocuva::Long handle : {0, 1, -1, 2147483647})
         EXPECT_FALSE(rig.database.objectRead(handle, "Quartz.std"));
 }
 
 TEST(Database, HandlesAreIndependent) {
-    Rig rig;
+    DatabaseRig rig;
     rig.standard("Quartz.std", quartz);
     const auto first = rig.database.objectNew("OCUVASTD");
     const auto second = rig.database.objectNew("OCUVASTD");

@@ -12,7 +12,7 @@ using testing::IsEmpty;
 
 namespace {
 
-struct Rig {
+struct StoresRig {
     TempFolder folder;
     HostLog log{folder / "log"};
     Stores stores{folder.path(), log, std::chrono::seconds(60)};
@@ -27,7 +27,7 @@ std::int64_t hourAheadNs() { return wallClockNs() + 3'600'000'000'000; }
 } // namespace
 
 TEST(Stores, AMissingStoreGivesDefaultsAndIsNotMade) {
-    Rig rig;
+    StoresRig rig;
     EXPECT_EQ(rig.stores.getInt("A", "k", 42, "TARN.INI"), 42);
     EXPECT_EQ(rig.stores.getString("A", "k", "none", "TARN.INI"), "none");
     EXPECT_EQ(rig.stores.entryCount("A", "TARN.INI"), 0);
@@ -36,7 +36,7 @@ TEST(Stores, AMissingStoreGivesDefaultsAndIsNotMade) {
 }
 
 TEST(Stores, EachStoreIsAFileOfExactlyItsName) {
-    Rig rig;
+    StoresRig rig;
     EXPECT_TRUE(rig.stores.setString("tn_video", "VGAMode", "1", "TARN"));
     EXPECT_TRUE(rig.stores.setString("tn_video", "VideoMag", "400", "TARN.INI"));
     EXPECT_EQ(rig.folder.read("TARN"), "[tn_video]\nVGAMode=1\n");
@@ -46,14 +46,14 @@ TEST(Stores, EachStoreIsAFileOfExactlyItsName) {
 }
 
 TEST(Stores, AnEmptyValueIsAValueToGetStringAndNoneToGetInt) {
-    Rig rig;
+    StoresRig rig;
     rig.folder.write("S.INI", "[A]\nk=\n");
     EXPECT_EQ(rig.stores.getString("A", "k", "default", "S.INI"), "");
     EXPECT_EQ(rig.a(), -1);
 }
 
 TEST(Stores, EntriesAreNumberedFromOne) {
-    Rig rig;
+    StoresRig rig;
     rig.folder.write("S.INI", "[A]\nx=1\ny = 2\n");
     EXPECT_EQ(rig.stores.entryCount("A", "S.INI"), 2);
     EXPECT_EQ(rig.stores.entry("A", 1, "S.INI"), "x=1");
@@ -63,14 +63,14 @@ TEST(Stores, EntriesAreNumberedFromOne) {
 }
 
 TEST(Stores, AnEditKeepsCommentsOrderAndLineEnds) {
-    Rig rig;
+    StoresRig rig;
     rig.folder.write("S.INI", "; mine\r\n[A]\r\nk = 1\r\n\r\n[B]\r\nz=1");
     EXPECT_TRUE(rig.stores.setString("a", "K", "2", "S.INI"));
     EXPECT_EQ(rig.folder.read("S.INI"), "; mine\r\n[A]\r\nk = 2\r\n\r\n[B]\r\nz=1");
 }
 
 TEST(Stores, AChangeByAnotherWriterIsSeenAtTheNextRead) {
-    Rig rig;
+    StoresRig rig;
     rig.folder.write("S.INI", "[A]\nk=1\n");
     EXPECT_EQ(rig.a(), 1);
     Stores other(rig.folder.path(), rig.log);
@@ -83,7 +83,7 @@ TEST(Stores, AChangeByAnotherWriterIsSeenAtTheNextRead) {
 }
 
 TEST(Stores, AnOldFileIsTrustedByItsStampAndEveryNewStampIsNoticed) {
-    Rig rig;
+    StoresRig rig;
     Stores trusting(rig.folder.path(), rig.log, std::chrono::seconds(60), hourAheadNs);
     std::string value;
     for (int round = 0; round < 20; ++round) {
@@ -107,7 +107,7 @@ TEST(Stores, AStampProvesNothingWhileItsFileIsYoungerThanACoarseClockTick) {
 }
 
 TEST(Stores, AnEditInPlaceOfTheSameLengthIsSeenAtTheNextRead) {
-    Rig rig;
+    StoresRig rig;
     for (int round = 0; round < 100; ++round)
         for (const char digit : {'1', '2', '3'}) {
             rig.folder.write("S.INI", std::string("[A]\nk=") + digit + "\n");
@@ -116,7 +116,7 @@ TEST(Stores, AnEditInPlaceOfTheSameLengthIsSeenAtTheNextRead) {
 }
 
 TEST(Stores, TheRevisionChangesWithTheContentAndOnlyWithIt) {
-    Rig rig;
+    StoresRig rig;
     const auto empty = rig.stores.revision("S.INI");
     EXPECT_EQ(rig.stores.revision("S.INI"), empty);
     rig.folder.write("S.INI", "[A]\nk=1\n");
@@ -130,7 +130,7 @@ TEST(Stores, TheRevisionChangesWithTheContentAndOnlyWithIt) {
 }
 
 TEST(Stores, ADamagedStoreGivesDefaultsWithOneLogLinePerContent) {
-    Rig rig;
+    StoresRig rig;
     rig.folder.write("S.INI", "garbage one\n");
     EXPECT_EQ(rig.a(), -1);
     EXPECT_EQ(rig.a(), -1);
@@ -143,7 +143,7 @@ TEST(Stores, ADamagedStoreGivesDefaultsWithOneLogLinePerContent) {
 }
 
 TEST(Stores, ADamagedStoreIsKeptAsideAndNeverOverwritten) {
-    Rig rig;
+    StoresRig rig;
     const std::string garbage("\0\1garbage", 9);
     rig.folder.write("S.INI", garbage);
     rig.folder.write("S.INI.damaged-1", "older");
@@ -157,14 +157,14 @@ TEST(Stores, ADamagedStoreIsKeptAsideAndNeverOverwritten) {
 }
 
 TEST(Stores, ARefusedWriteLeavesEvenADamagedStoreWhereItIs) {
-    Rig rig;
+    StoresRig rig;
     rig.folder.write("S.INI", "garbage\n");
     EXPECT_FALSE(rig.stores.setString("A", "k", "a\nb", "S.INI"));
     EXPECT_EQ(rig.folder.read("S.INI"), "garbage\n");
 }
 
 TEST(Stores, AStoreThatIsTooLargeIsDamaged) {
-    Rig rig;
+    StoresRig rig;
     rig.folder.write("S.INI", "[A]\nk=1\n");
     std::filesystem::resize_file(rig.folder / "S.INI", IniText::maxBytes + 1);
     EXPECT_EQ(rig.a(), -1);
@@ -174,7 +174,7 @@ TEST(Stores, AStoreThatIsTooLargeIsDamaged) {
 }
 
 TEST(Stores, ALineBreakInAValueIsRefusedWithALogLine) {
-    Rig rig;
+    StoresRig rig;
     rig.folder.write("S.INI", "[A]\nk=1\n");
     EXPECT_FALSE(rig.stores.setString("A", "k", "1\n[B]", "S.INI"));
     EXPECT_FALSE(rig.stores.setString("A", "k", std::string_view("\0", 1), "S.INI"));
@@ -183,7 +183,7 @@ TEST(Stores, ALineBreakInAValueIsRefusedWithALogLine) {
 }
 
 TEST(Stores, NamesThatLeaveTheFolderAreRefusedWithALogLine) {
-    Rig rig;
+    StoresRig rig;
     std::size_t lines = 0;
     for (const char* store :
          {"", ".", "..", "../S.INI", "a\\b", "/etc/passwd", "C:x", "a\nb", "S.INI.lock", "S.INI.ASIDE"}) {
@@ -198,7 +198,7 @@ TEST(Stores, NamesThatLeaveTheFolderAreRefusedWithALogLine) {
 }
 
 TEST(Stores, AFolderInPlaceOfAStoreIsLeftAlone) {
-    Rig rig;
+    StoresRig rig;
     std::filesystem::create_directory(rig.folder / "S.INI");
     EXPECT_EQ(rig.a(), -1);
     EXPECT_FALSE(rig.stores.setString("A", "k", "1", "S.INI"));
@@ -207,7 +207,7 @@ TEST(Stores, AFolderInPlaceOfAStoreIsLeftAlone) {
 }
 
 TEST(Stores, AWriteProtectedStoreIsReadAndNotWritten) {
-    Rig rig;
+    StoresRig rig;
     rig.folder.write("S.INI", "[A]\nk=1\n");
     std::filesystem::permissions(rig.folder / "S.INI", std::filesystem::perms::owner_read);
     EXPECT_FALSE(rig.stores.setString("A", "k", "2", "S.INI"));
@@ -226,7 +226,7 @@ TEST(Stores, AFolderThatCannotBeWrittenGivesALogLineAndFalse) {
 }
 
 TEST(Stores, AWriteKeepsTheAccessRightsOfTheFile) {
-    Rig rig;
+    StoresRig rig;
     rig.folder.write("S.INI", "[A]\nk=1\n");
     const auto rights = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
     std::filesystem::permissions(rig.folder / "S.INI", rights);
@@ -235,7 +235,7 @@ TEST(Stores, AWriteKeepsTheAccessRightsOfTheFile) {
 }
 
 TEST(Stores, WhatAKilledWriterLeftAsideDoesNoHarm) {
-    Rig rig;
+    StoresRig rig;
     rig.folder.write("S.INI", "[A]\nk=1\n");
     rig.folder.write("S.INI.aside", "[A]\nk=2, and half a lin and much more than the new content will be");
     EXPECT_EQ(rig.a(), 1);
@@ -245,7 +245,7 @@ TEST(Stores, WhatAKilledWriterLeftAsideDoesNoHarm) {
 }
 
 TEST(Stores, AWriteGivesUpWhenAnotherHoldsTheLock) {
-    Rig rig;
+    StoresRig rig;
     rig.folder.write("S.INI", "[A]\nk=1\n");
     const ocuva::FileLock lock(rig.folder / "S.INI.lock", std::chrono::seconds(0));
     ASSERT_TRUE(lock.held());

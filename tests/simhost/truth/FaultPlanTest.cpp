@@ -5,7 +5,7 @@
 namespace simhost {
 namespace {
 
-constexpr TarnLong axisX = 1;
+using ocuva::axisX;
 
 struct Faulty : TruthRig {
     void fault(const std::string& lines) { configure("[Faults]\n" + lines + "\n"); }

@@ -10,8 +10,8 @@ namespace {
 
 using testing::HasSubstr;
 
-constexpr TarnLong axisX = 1;
-constexpr TarnLong axisZ = 3;
+using ocuva::axisX;
+using ocuva::axisZ;
 
 TEST(IdealMechanics, TheSampleIsWhereTheStageSaysItIs) {
     TruthRig rig;
