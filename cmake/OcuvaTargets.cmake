@@ -9,6 +9,10 @@ function(ocuva_target_rules target)
         # GCC 12 sees overlapping copies in any "text" + std::string.
         target_compile_options(${target} PRIVATE -Wno-restrict)
     endif()
+    if(CMAKE_UNITY_BUILD)
+        # Among joined sources a local name hides the constants of another source, which the other does not mean.
+        target_compile_options(${target} PRIVATE -Wno-shadow)
+    endif()
     # The arithmetic of the picture and of the lengths must be the same on every machine.
     target_compile_options(${target} PRIVATE -ffp-contract=off)
     if(OCUVA_SANITIZE)
@@ -21,6 +25,8 @@ function(ocuva_target_rules target)
         target_link_options(${target} PRIVATE -fsanitize=thread)
     endif()
     target_compile_definitions(${target} PRIVATE QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
+    set_target_properties(${target} PROPERTIES UNITY_BUILD_BATCH_SIZE 12
+        UNITY_BUILD_CODE_BEFORE_INCLUDE "// NOLINTNEXTLINE(bugprone-suspicious-include)")
 endfunction()
 
 # The thread sanitizer needs a build of its own, and understands only programs that run no Qt: these.
