@@ -1,5 +1,7 @@
 #include "display/MicroMarkerPanel.h"
 
+#include "base/Numbers.h"
+
 #include <QBitmap>
 #include <QEvent>
 #include <QPainter>
@@ -88,7 +90,7 @@ void MicroMarkerPanel::place(QSize display, double barPixels, const QString& tex
     setGeometry(0, display.height() - height, display.width(), height);
 
     const int left = marginLeft;
-    const int right = left + qRound(barPixels);
+    const int right = left + toLong(barPixels);
     const int bottom = height - marginBottom;
     const int top = bottom - tickHeight;
     const int middle = (top + bottom) / 2;

@@ -108,6 +108,18 @@ TEST_F(OnTheLiveImage, EveryOverlayIsReadableOnEveryGround) {
     }
 }
 
+TEST_F(OnTheLiveImage, TheScalesBarIsRoundedHalfToEvenToWholePixels) {
+    for (const auto& [barPixels, drawn] : {std::pair{60.5, 60}, {61.5, 62}, {60.51, 61}, {0.5, 0}}) {
+        frMicroMarker.place(display.size(), barPixels, QStringLiteral(" 100 \u00b5"));
+        const auto& [bar, leftTick, rightTick] = frMicroMarker.LineMicroMarker();
+        EXPECT_EQ(bar.X2 - bar.X1, drawn) << barPixels;
+        EXPECT_EQ(leftTick.X1, bar.X1);
+        EXPECT_EQ(leftTick.X2, bar.X1);
+        EXPECT_EQ(rightTick.X1, bar.X2);
+        EXPECT_EQ(rightTick.X2, bar.X2);
+    }
+}
+
 TEST_F(OnTheLiveImage, TheLabelShowsBothItsColours) {
     showAll();
     for (const std::uint32_t ground : {0xff000000U, 0xffffffffU}) {
