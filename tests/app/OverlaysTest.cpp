@@ -126,6 +126,12 @@ TEST_F(CrossCommand, SavesTheToolbarWithTheUsersLayout) {
     EXPECT_EQ(ToolbarLayoutStore().load(), window().tbMain->layoutText());
 }
 
+TEST_F(GridCommand, SavesTheToolbarWithTheUsersLayout) {
+    window().tbMain->restoreLayout(QStringLiteral("Focus,Grid"));
+    action("mnuGrid")->trigger();
+    EXPECT_EQ(ToolbarLayoutStore().load(), QStringLiteral("Focus,Grid"));
+}
+
 TEST_F(OverlaysOnTheWindow, AreShownAtTheStartAsTheSettingsSay) {
     EXPECT_FALSE(visible(cross()));
     EXPECT_FALSE(visible(grid()));

@@ -303,7 +303,9 @@ TEST_F(OpeningAPicture, WithPointsThatGiveNoPlanSaysSoAndKeepsTheCalibrationWith
     equal.points[1].XI = 0; // both on one vertical line
     store("Stored.tif", equal);
     host.planSolution = {9.0, 9.0, 9.0};
+    host.calls.clear();
     EXPECT_THAT(boxText([this] { open("Stored.tif"); }), HasSubstr("shown without calibration"));
+    EXPECT_EQ(host.callsOf("TarnSolvePlan").size(), 1U) << "the stage's plan comes before the picture's";
     EXPECT_EQ(window().calibration().points, live);
     EXPECT_EQ(window().calibration().ComputeStagePosition(0.0F, 0.0F).ZSt, 12);
     EXPECT_EQ(window().calibration().ComputeStagePosition(10000.0F, 0.0F).XSt, 740);

@@ -95,7 +95,10 @@ TEST_F(StoredList, AppendingNothingWithClearEmptiesItAndWithoutClearChangesNothi
 TEST_F(StoredList, DoesNotCountANameThatCouldNotBeWritten) {
     list.AppendStandard("a", false);
     host.results["TarnRegisterSetString"] = 0;
+    host.calls.clear();
     list.AppendStandard("b", false);
+    EXPECT_THAT(host.callsOf("TarnRegisterSetString"),
+                ElementsAre("TarnRegisterSetString(\"StandardList\", \"Standard2\", \"b\", \"Ocuva.INI\")"));
     EXPECT_EQ(stored("StandardListSize"), "1");
 }
 
