@@ -10,8 +10,8 @@ namespace ocuva {
 /// One entry of the dialog's list: what it shows, with the pattern in parentheses, and the extension without
 /// its dot.
 struct FileKind {
-    QString shown;
-    QString extension;
+    QString shown;     ///< "TIFF (*.tif)"
+    QString extension; ///< "tif"
 
     bool operator==(const FileKind&) const = default;
 };

@@ -15,8 +15,11 @@ public:
     /// Makes the box as wide as it takes to show that many digits, rather than as wide as it can be.
     void setDigits(int count);
 
+    /// Room for the digits that setDigits tells.
+    ///@{
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    ///@}
 
 protected:
     void focusInEvent(QFocusEvent* event) override;

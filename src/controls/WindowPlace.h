@@ -30,6 +30,7 @@ class WindowPlaceStore {
 public:
     /// Nothing when none is stored, or one that is no rectangle.
     std::optional<QRect> load(const QString& window) const;
+    /// Replaces the one before; written at once.
     void save(const QString& window, const QRect& place) const;
 };
 
@@ -41,6 +42,7 @@ class WindowPlace final : public QObject {
     Q_OBJECT
 
 public:
+    /// Position: the size is the window's own business.
     enum class Keeps { Position, PositionAndSize };
 
     /// firstPlace is given the window's size with its frame.

@@ -19,6 +19,7 @@ bool runsInDevelopmentEnvironment(quintptr window);
 /// Freezes the drawing of a widget, for the time that it is filled.
 class FrozenDrawing {
 public:
+    /// For as long as it lives; the widget outlives it.
     explicit FrozenDrawing(QWidget& widget);
     ~FrozenDrawing();
     FrozenDrawing(const FrozenDrawing&) = delete;

@@ -46,13 +46,17 @@ enum class Encoding {
     Doubled,    ///< the store holds twice the value; reading halves it, ties to even
 };
 
+/// One setting.
 struct SettingRow {
+    /// Which it is, and where the host keeps it.
+    ///@{
     Setting setting;
     SettingsStore store;
     const char* section;
     const char* key;
+    ///@}
     Long defaultValue; ///< as stored, before decoding
-    Encoding encoding;
+    Encoding encoding; ///< of the number in the store
 };
 
 /// One row per Setting, in the order of the enumeration.

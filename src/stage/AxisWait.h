@@ -10,6 +10,7 @@ namespace ocuva {
 /// picture goes on living; an axis that says it moves and stays where it is ends the wait.
 class AxisWait {
 public:
+    /// Arrived: all axes stand. Stalled: one moves and does not get on.
     enum class State { Idle, Waiting, Arrived, Stalled };
 
     /// The timer's interval.
@@ -17,6 +18,7 @@ public:
     /// Ticks for which a moving axis may stay at one place: ten seconds.
     static constexpr int patienceTicks = 10000 / tickMs;
 
+    /// The library outlives it.
     explicit AxisWait(TnMicroProxy& microProxy)
         : m_microProxy(microProxy) {}
 
@@ -27,10 +29,14 @@ public:
     /// counts as standing. Does nothing unless waiting.
     State tick();
 
+    /// Gives up; the stage is not stopped.
     void cancel() { m_state = State::Idle; }
 
+    /// As the last look has left it.
+    ///@{
     State state() const { return m_state; }
     bool isWaiting() const { return m_state == State::Waiting; }
+    ///@}
     /// The axis that is waited for, or that stalled.
     Integer axis() const { return m_axis; }
 

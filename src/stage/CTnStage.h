@@ -13,6 +13,7 @@ namespace ocuva {
 /// a refused move is one that has already ended.
 class CTnStage {
 public:
+    /// Both outlive it. Nothing is asked of the host yet.
     CTnStage(TnLibProxy& libProxy, TnMicroProxy& microProxy)
         : m_libProxy(libProxy)
         , m_microProxy(microProxy) {}
@@ -21,12 +22,14 @@ public:
     std::function<void(Integer ErrCode)> MoveEnd;
 
     /// Limits, asked of the host on every read.
+    ///@{
     Long MinX() { return limits(axisX).lower; }
     Long MaxX() { return limits(axisX).upper; }
     Long MinY() { return limits(axisY).lower; }
     Long MaxY() { return limits(axisY).upper; }
     Long MinZ() { return limits(axisZ).lower; }
     Long MaxZ() { return limits(axisZ).upper; }
+    ///@}
 
     /// Sets the loaded moves of an axis (0: all) going.
     void Start(Integer axis);
@@ -36,19 +39,25 @@ public:
 
     /// Loads a relative move; Start sets it going. Throws ArithmeticError, and sends nothing, when the
     /// running sum of the requested moves leaves 32 bits.
+    ///@{
     void DZ(Long distance) { moveRelative(axisZ, distance); }
     void DY(Long distance) { moveRelative(axisY, distance); }
     void DX(Long distance) { moveRelative(axisX, distance); }
+    ///@}
 
     /// Loads an absolute target; Start sets it going.
+    ///@{
     void Z(Long position) { moveAbsolute(axisZ, position); }
     void Y(Long position) { moveAbsolute(axisY, position); }
     void X(Long position) { moveAbsolute(axisX, position); }
+    ///@}
 
     /// Present position.
+    ///@{
     Long Z() const { return position(axisZ); }
     Long Y() const { return position(axisY); }
     Long X() const { return position(axisX); }
+    ///@}
 
     /// Whether the axis moves; for 0 whether any does, all three being asked. A status that cannot be read
     /// counts as standing.

@@ -23,8 +23,12 @@ namespace ocuva {
 class StageWatchView {
 public:
     virtual ~StageWatchView() = default;
+    /// The fill of the frame round the image.
+    ///@{
     virtual Long monitorColour() const = 0;
     virtual void setMonitorColour(Long colour) = 0;
+    ///@}
+    /// While on, the timer calls StageWatch::tick every tickMs.
     virtual void enableMoveTimer(bool on) = 0;
     /// Text of the status bar's panel "X", "Y" or "Z".
     virtual void showPosition(Integer axis, const std::string& text) = 0;
@@ -35,6 +39,7 @@ public:
     virtual void watchedMoveEnded(bool /*moved*/) {}
 };
 
+/// The states above, one object for the life of the window. User-interface thread.
 class StageWatch {
 public:
     /// Orange (red 255, green 192, blue 0), shown on every other tick while a move runs.
@@ -68,10 +73,12 @@ public:
     /// Reads X, Y and Z, in this order, and shows them as whole numbers.
     void UpdateStagePos();
 
+    /// Whether a move that SyncStageMove started has not been seen to end.
     bool isWatching() const { return m_bStageMoving; }
 
     /// The position as read and shown last, for the journal alone: the host is always asked anew.
     const std::optional<JournalPosition>& shownPosition() const { return m_shown; }
+    /// Where moves are noted, for what notes the same kind of thing.
     const JournalSink& journal() const { return m_journal; }
 
 private:

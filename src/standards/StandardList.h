@@ -9,10 +9,14 @@
 
 namespace ocuva {
 
+/// Where the stage stands or shall go, in stage units.
 struct StagePosition {
-    Long x = 0; ///< stage units
+    /// One coordinate each.
+    ///@{
+    Long x = 0;
     Long y = 0;
     Long z = 0;
+    ///@}
 
     bool operator==(const StagePosition&) const = default;
 };
@@ -25,6 +29,7 @@ public:
     /// A name is read through a buffer of that many characters; a longer stored one comes back cut.
     static constexpr Long nameLength = 128;
 
+    /// Both outlive it.
     StandardList(TnReg& reg, TnLibProxy& libProxy)
         : m_reg(reg)
         , m_libProxy(libProxy) {}
@@ -55,13 +60,17 @@ private:
 /// An open object of the host's database for standards; frees its handle.
 class StandardObject {
 public:
+    /// Opens it; whether that went well is told by isOpen. The library outlives it.
     explicit StandardObject(TnLibProxy& libProxy);
     ~StandardObject();
     StandardObject(const StandardObject&) = delete;
     StandardObject& operator=(const StandardObject&) = delete;
 
+    /// Otherwise nothing can be read.
     bool isOpen() const { return m_handle != 0; }
+    /// Loads the standard of that name in place of the one before; false when the host has none.
     bool read(const std::string& name);
+    /// Of the standard that was read; nothing when it has none.
     std::optional<StagePosition> position() const;
 
 private:

@@ -9,35 +9,46 @@
 
 namespace ocuva {
 
+/// One standard as the dialog lists it.
 struct StandardRow {
     std::string key;                     ///< the standard's full name
     std::string text;                    ///< as shown in the column "File"
     std::array<std::string, 3> subItems; ///< X, Y, Z in decimal
-    bool selected = false;
+    bool selected = false;               ///< in the list view
 
     bool operator==(const StandardRow&) const = default;
 };
 
 /// Which rows MoveStdItems walks and what it does to them. Rows count from 1.
 struct RowWalk {
+    /// The first and the last row walked, both included.
+    ///@{
     int start = 1;
     int end = 1;
+    ///@}
     int step = 1;        ///< 1 or -1
     bool down = false;   ///< rows move down; their selection goes with them
     bool force = false;  ///< every row walked is treated as selected
     bool remove = false; ///< rows vanish instead of moving
 };
 
+/// The rows in their order, counted from 1; no key twice. An index that is no row throws std::out_of_range.
 class StandardRows {
 public:
+    /// What is in the list; rows()[0] is row 1.
+    ///@{
     int count() const { return static_cast<int>(m_rows.size()); }
     const StandardRow& row(int index) const { return m_rows.at(static_cast<std::size_t>(index) - 1); }
     const std::vector<StandardRow>& rows() const { return m_rows; }
+    ///@}
 
+    /// Takes all rows off.
     void clear();
+    /// Whether a row has that key.
     bool has(const std::string& key) const { return m_keys.count(key) != 0; }
     /// False, and no row, when its key is in the list already.
     bool add(StandardRow row);
+    /// The selection is kept here, and is the same in the list view after each operation.
     void select(int index, bool selected) { at(index).selected = selected; }
     /// The first selected row, 0 when there is none.
     int firstSelected() const;
@@ -47,9 +58,12 @@ public:
     /// into its place is selected.
     void MoveStdItems(const RowWalk& walk);
 
+    /// The buttons: the selected rows go up or down by one, or off the list.
+    ///@{
     void up();
     void down();
     void removeSelected();
+    ///@}
     /// Brings the last row to that place, pushing the rows from there on down, and selects it alone of the
     /// two that the insertion touched.
     void insertLastAt(int index);

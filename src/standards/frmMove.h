@@ -13,6 +13,7 @@
 
 namespace ocuva {
 
+/// Modeless, opened beside the main window. Shown anew it has the position of the stage.
 class frmMove final : public QDialog {
     Q_OBJECT
 
@@ -26,12 +27,16 @@ public:
     /// the field when a text is no number or a distance does not fit; nothing moves then.
     void DoMove(StageMover& fOcuva);
 
+    /// Into the text boxes; nothing moves.
     void setPosition(const StagePosition& position);
 
+    /// The controls, by their names; txtMove are X, Y and Z.
+    ///@{
     std::array<TextBox*, 3> txtMove{};
     QPushButton* cmdMove = nullptr;
     QPushButton* cmdStandard = nullptr;
     QPushButton* cmdClose = nullptr;
+    ///@}
 
 protected:
     void showEvent(QShowEvent* event) override;

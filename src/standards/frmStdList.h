@@ -20,7 +20,9 @@ class StdListView final : public QTreeWidget {
     Q_OBJECT
 
 public:
+    /// Without columns until somebody sets them.
     explicit StdListView(QWidget* parent);
+    /// The row under what is dragged; null when nothing is.
     const QTreeWidgetItem* dropHighlight() const { return m_dropHighlight; }
 
 protected:
@@ -37,6 +39,7 @@ private:
     QTreeWidgetItem* m_dropHighlight = nullptr;
 };
 
+/// Modal. What the host's list has is read when it is shown, and written at each edit.
 class frmStdList final : public QDialog {
     Q_OBJECT
 
@@ -46,13 +49,18 @@ public:
     frmStdList(StandardList& list, TnLibProxy& libProxy, std::function<bool()> addStandard,
                std::function<void()> fillStageMenu, QWidget* owner);
 
+    /// File, X, Y and Z.
     void SetupStdColumns();
     /// Standards that the host's database cannot read, and further ones of a name, get no row.
     void FillStdList();
+    /// Writes the rows as the list; without rows the list becomes empty.
     void SaveStdList();
 
+    /// What the list view shows.
     const StandardRows& rows() const { return m_rows; }
 
+    /// The controls, by their names.
+    ///@{
     QLabel* lblStdEntries = nullptr;
     StdListView* lvwStdEntries = nullptr;
     QWidget* frStdListCmds = nullptr;
@@ -61,6 +69,7 @@ public:
     QPushButton* cmdUp = nullptr;
     QPushButton* cmdDown = nullptr;
     QPushButton* cmdOk = nullptr;
+    ///@}
 
 protected:
     void showEvent(QShowEvent* event) override;

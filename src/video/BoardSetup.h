@@ -26,17 +26,26 @@ class BoardSetupView {
 public:
     virtual ~BoardSetupView() = default;
     virtual Long cbBoardIndex() const = 0; ///< of the chosen entry; -1 when none is
+    /// A locked list shows the board in use and cannot be changed.
     virtual void lockCbBoard(bool locked) = 0;
     virtual Long VgaCheck() const = 0; ///< 0 unchecked, 1 checked, 2 neither
+    /// The indicators beside the buttons Initialize and Shut down: indicatorRed or indicatorGreen.
+    ///@{
     virtual void setShInit(Long colour) = 0;
     virtual void setShShut(Long colour) = 0;
+    ///@}
+    /// The buttons Initialize and Shut down.
+    ///@{
     virtual void enableCmdInit(bool on) = 0;
     virtual void enableCmdShut(bool on) = 0;
+    ///@}
     virtual void enableOptCam(Long index, bool on) = 0; ///< 0 to 3
 };
 
+/// The handlers of the board page. A refusal of the host shows in the indicators alone.
 class BoardSetup {
 public:
+    /// All three outlive it.
     BoardSetup(CTnVideoBoard& board, Settings& settings, BoardSetupView& view)
         : m_board(board)
         , m_settings(settings)

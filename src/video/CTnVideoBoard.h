@@ -37,7 +37,9 @@ public:
     /// The host's board type, asked each time.
     Long BoardType() const;
 
+    /// What the host answered to the last Initialize; false after BoardType was set.
     bool IsInitialized() const { return m_bInitialized; }
+    /// Whether a grab was started and not ended by this object. The host is not asked.
     bool IsGrabbing() const { return m_bGrabbing; }
 
 private:

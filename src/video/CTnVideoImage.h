@@ -9,8 +9,10 @@
 
 namespace ocuva {
 
+/// The shown image. What the host refuses leaves the values of the last measurement.
 class CTnVideoImage {
 public:
+    /// All outlive it.
     CTnVideoImage(TnVideo& video, TnVduti& vduti, Automation& automation)
         : m_video(video)
         , m_vduti(vduti)
@@ -23,8 +25,10 @@ public:
 
     /// The host's identifier of the image buffer, kept for whoever asks; 0 until set. It does not choose what
     /// Refresh measures.
+    ///@{
     void Buffer(Long buffer) { m_buffer = buffer; }
     Long Buffer() const { return m_buffer; }
+    ///@}
 
     /// Lets the host save the current image to that file; the result is not examined.
     void Dump(const std::string& FileName);

@@ -16,13 +16,14 @@ enum class CameraReference { Contrast, Brightness, Hue, Saturation };
 /// The place of a value in the pair that the host keeps as one group.
 enum class ReferenceSlot { First, Second };
 
+/// Where one reference is on the page and in the host.
 struct CameraReferenceRow {
-    CameraReference reference;
-    const char* slider;  ///< name of the control
-    const char* textBox; ///< name of the control
-    Long group;
-    ReferenceSlot slot;
-    const char* defaultKey; ///< of the stored default, to be followed by the camera type
+    CameraReference reference; ///< the one that the row is about
+    const char* slider;        ///< name of the control
+    const char* textBox;       ///< name of the control
+    Long group;                ///< 1 or 2, as the host counts its pairs
+    ReferenceSlot slot;        ///< its place in the group
+    const char* defaultKey;    ///< of the stored default, to be followed by the camera type
 };
 
 /// One row per CameraReference, in the order of the enumeration and of the page.
@@ -45,10 +46,16 @@ inline constexpr Long highestReference = 100;
 class CameraReferencesView {
 public:
     virtual ~CameraReferencesView() = default;
+    /// The text box, as it stands.
+    ///@{
     virtual std::string text(CameraReference reference) const = 0;
     virtual void setText(CameraReference reference, const std::string& text) = 0;
+    ///@}
+    /// The position of the slider, lowestReference to highestReference.
+    ///@{
     virtual Long slider(CameraReference reference) const = 0;
     virtual void setSlider(CameraReference reference, Long position) = 0;
+    ///@}
 };
 
 /// What the host has for that reference now; nothing when it gives none.
@@ -57,6 +64,7 @@ std::optional<Double> readCameraReference(TnVideo& video, CameraReference refere
 /// Carries what the operator sets to the host, and shows what the host made of it.
 class CameraReferences {
 public:
+    /// Both outlive it.
     CameraReferences(TnVideo& video, CameraReferencesView& view)
         : m_video(video)
         , m_view(view) {}
@@ -74,6 +82,7 @@ public:
     /// slider where it is. What the controls report meanwhile is not taken for the operator's doing, so the
     /// decimal of a typed value survives the slider.
     void show(CameraReference reference);
+    /// The same for all four, in the order of the page.
     void showAll();
 
 private:

@@ -34,12 +34,16 @@ public:
     virtual void checkOptCam(Long index) = 0; ///< 0 to 3, camera type - 1
 
     virtual bool chkAutoGain() const = 0; ///< checked
-    virtual Long sldGain() const = 0;
+    virtual Long sldGain() const = 0;     ///< the gain range, from 0; a slider may stand beyond the ends
+    /// With automatic gain its label stands in the place of the slider.
+    ///@{
     virtual void showSldGain(bool visible) = 0;
     virtual void showLblAutoGain(bool visible) = 0;
+    ///@}
     virtual void showLblGainRange(Long index, bool visible) = 0; ///< 0 to 4
 };
 
+/// The handlers of the camera page.
 class CameraSetup {
 public:
     /// Without a view, as long as no camera page is open, only the main window is kept right, by refresh; the
@@ -56,8 +60,11 @@ public:
     /// the host took.
     void optCam_Click(Long index);
 
+    /// A slider was moved, a text box left: as CameraReferences does it.
+    ///@{
     void sldReference_Change(CameraReference reference);
     void txtReference_LostFocus(CameraReference reference);
+    ///@}
 
     /// sldGain was moved or chkAutoGain clicked: shows what belongs to the choice and sets the gain.
     void gainChanged();

@@ -8,6 +8,7 @@ namespace ocuva {
 /// Holds the flag for as long as it lives, and gives it back as it was, so that it can be nested.
 class OwnChange {
 public:
+    /// Sets the flag, which outlives it.
     explicit OwnChange(bool& flag)
         : m_flag(flag)
         , m_before(std::exchange(flag, true)) {}

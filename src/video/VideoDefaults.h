@@ -10,8 +10,10 @@
 
 namespace ocuva {
 
+/// Keeps what is in use as what the host begins with.
 class VideoDefaults {
 public:
+    /// All outlive it.
     VideoDefaults(TnLibProxy& libProxy, TnVideo& video, TnReg& reg, CTnVideoBoard& board)
         : m_libProxy(libProxy)
         , m_video(video)

@@ -26,9 +26,12 @@ public:
     /// change the text has to be laid out again.
     void setRoom(qreal width) { m_roomWidth = width; }
 
+    /// QTextObjectInterface: the first looks only for the size, the second reads the picture.
+    ///@{
     QSizeF intrinsicSize(QTextDocument* text, int position, const QTextFormat& format) override;
     void drawObject(QPainter* painter, const QRectF& rect, QTextDocument* text, int position,
                     const QTextFormat& format) override;
+    ///@}
 
 private:
     QSize sizeOnDisk(const QString& name);

@@ -12,21 +12,25 @@
 
 namespace ocuva {
 
+/// Where the contents of a text lead.
 struct Heading {
-    int level; ///< 1 is a chapter
-    QString text;
+    int level;    ///< 1 is a chapter
+    QString text; ///< as it is read, without marks
     int position; ///< in the text, in characters
 };
 
+/// A link to a heading is followed within the text. User-interface thread.
 class HelpView : public QTextBrowser {
     Q_OBJECT
 
 public:
+    /// Empty until showText.
     explicit HelpView(QWidget* parent = nullptr);
 
     /// Pictures are looked for relative to the folder. One that is missing shows its description.
     void showText(const QString& markdown, const QDir& folder);
 
+    /// In the order of the text.
     std::vector<Heading> headings() const;
     /// Brings the heading at that position to the top.
     void scrollToPosition(int position);
@@ -40,7 +44,7 @@ public:
     void step(bool forward);
     /// Which of the places is shown, from 0; -1 for none.
     int shownPlace() const { return m_shown; }
-    int places() const { return static_cast<int>(m_places.size()); }
+    int places() const { return static_cast<int>(m_places.size()); } ///< that the search marked
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -27,10 +27,13 @@ public:
     /// Brings the chapter with that title to the top; without such a chapter the text stays.
     void showChapter(const QString& title);
 
+    /// The controls: text, contents, the search and how many places it found.
+    ///@{
     HelpView* const view;
     QTreeWidget* const contents;
     QLineEdit* const txtSearch;
     QLabel* const lblFound;
+    ///@}
 
 private:
     QWidget* makeSearchRow();
