@@ -7,6 +7,7 @@
 
 namespace ocuva {
 
+/// As it was set, at 1:1 or divided by the zoom.
 struct CrossShape {
     Long sizePixels = 0;  ///< from the end of one arm to the end of the opposite one
     Long widthPixels = 0; ///< of each arm
@@ -14,8 +15,11 @@ struct CrossShape {
 
 /// A place on the initial image, twips.
 struct ImagePoint {
+    /// From its top left corner.
+    ///@{
     Long x = 0;
     Long y = 0;
+    ///@}
 };
 
 /// Left, right, upper and lower arm. Each begins at the gap from the centre, a sixteenth of the size, and

@@ -11,13 +11,16 @@
 
 namespace ocuva {
 
+/// Frames may be presented by any thread; all else is for the owner's thread.
 class FrameMailbox final : public FrameSink {
 public:
     /// `wake` is called on the presenting thread when a frame has come into the empty box; it must make the
     /// owner's thread call take soon. It is called again only after take.
     explicit FrameMailbox(std::function<void()> wake);
 
+    /// Any thread. Puts the frame in the place of one that nobody has taken.
     void present(FramePtr frame) override;
+    /// Any thread. As set last; 1 before that.
     double devicePixelRatio() const override { return m_devicePixelRatio; }
 
     /// Empties the box; null when nothing new has come.

@@ -8,6 +8,7 @@
 
 namespace ocuva {
 
+/// As it was set, at 1:1 or divided by the zoom.
 struct GridShape {
     Long pitchXPixels = 0; ///< between the middle lines of neighbouring vertical bars
     Long pitchYPixels = 0; ///< of horizontal bars
@@ -19,9 +20,10 @@ inline constexpr double smallestGridPitchPixels = 2.0;
 /// Pitch on the display below which bars with an outline would hide more of the picture than they leave.
 inline constexpr double smallestOutlinedPitchPixels = 8.0;
 
+/// A grid on the display.
 struct GridBars {
-    std::vector<PixelRect> bars;
-    bool roomForOutline = false;
+    std::vector<PixelRect> bars; ///< in pixels of the display
+    bool roomForOutline = false; ///< the pitches are at least smallestOutlinedPitchPixels
 };
 
 /// The bars from edge to edge of the display, vertical ones first, from left to right, then horizontal ones

@@ -9,6 +9,7 @@
 
 namespace ocuva {
 
+/// A scale bar as it is to be shown.
 struct MicroMarker {
     Integer scaleValue = 1; ///< stage units that the bar stands for
     Integer barTwips = 0;   ///< its length on the initial image

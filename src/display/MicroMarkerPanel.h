@@ -15,6 +15,7 @@ class OutlinedLabel final : public QLabel {
     Q_OBJECT
 
 public:
+    /// Takes its colours from the parent.
     explicit OutlinedLabel(OverlayWidget* parent);
 
     /// Room for the text with its outline.
@@ -34,18 +35,23 @@ private:
     QString m_drawnText;
 };
 
+/// Shown or hidden by whoever knows whether the scale can be told.
 class MicroMarkerPanel final : public OverlayWidget {
     Q_OBJECT
 
 public:
     /// A straight line between two points, in pixels of the panel.
     struct Line {
+        /// Its two ends.
+        ///@{
         int X1 = 0;
         int Y1 = 0;
         int X2 = 0;
         int Y2 = 0;
+        ///@}
     };
 
+    /// Lies on the display.
     explicit MicroMarkerPanel(QWidget* display);
 
     /// Puts the panel across the bottom of a display of that size, with a bar of that length in pixels.
@@ -54,6 +60,7 @@ public:
     /// The bar, then the ticks at its left and right end. The points lie on the lines' middle.
     const std::array<Line, 3>& LineMicroMarker() const { return m_lines; }
 
+    /// The value, above the bar.
     OutlinedLabel* const lbMicroMarker;
 
 protected:

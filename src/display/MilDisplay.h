@@ -16,24 +16,30 @@ class MilDisplay final : public QWidget {
     Q_OBJECT
 
 public:
+    /// Attaches itself under its handle, for as long as it lives; windows outlives it.
     MilDisplay(DisplayWindows& windows, QWidget* parent);
     ~MilDisplay() override;
 
     /// Whether the host draws the picture, and this control only lends its window.
     bool isDrawnByHost() const { return m_windows.painter() == DisplayWindows::Painter::host; }
+    /// None while the host draws into the window.
     QPaintEngine* paintEngine() const override { return hostDraws() ? nullptr : QWidget::paintEngine(); }
 
     /// The window handle as it crosses the seam.
     Long hWnd() const { return m_hWnd; }
 
     /// Frames drawn so far, and frames that came too fast to be drawn.
+    ///@{
     std::uint64_t framesShown() const { return m_framesShown; }
     std::uint64_t framesDropped() const { return m_mailbox.droppedFrames(); }
+    ///@}
+
     /// Shows a stored picture in place of the frames; frames that come go on being taken, and are not drawn.
     /// It fills the control as they do.
     void showPicture(const QImage& picture);
     /// Shows the frames again.
     void showFrames();
+    /// Whether a stored picture is shown.
     bool showsPicture() const { return !m_picture.isNull(); }
 
     /// The latest frame, on the screen unless a stored picture is; null before the first.
@@ -41,16 +47,20 @@ public:
 
     /// What stands on the black display until the first frame: what the operator can do to get one.
     void setPrompt(const QString& prompt);
+    /// As set last; empty before that.
     const QString& prompt() const { return m_prompt; }
 
     /// What a screen reader tells of the picture: where the stage is and whether the picture is live.
     void setSpokenState(const QString& text);
+    /// As set last; empty before that.
     const QString& spokenState() const { return m_spokenState; }
 
 Q_SIGNALS:
     /// x, y in twips from the control's top left corner.
+    ///@{
     void mouseMoved(Qt::MouseButton button, int shift, float x, float y);
     void mouseUp(Qt::MouseButton button, int shift, float x, float y);
+    ///@}
     /// A new frame has been drawn.
     void frameShown();
 

@@ -14,25 +14,34 @@ namespace ocuva {
 
 /// The main window's public fields about its image.
 struct MonitorFields {
-    Long GrabSizeX = 0;      ///< width of the video buffer, pixels
-    Long GrabSizeY = 0;      ///< height of the video buffer, pixels
-    Integer GrabZoom = 0;    ///< zoom divisor: one screen pixel shows that many image pixels, 1 or 2
-    Long ImageSizeX = 0;     ///< width given to milDisp, twips
-    Long ImageSizeY = 0;     ///< height given to milDisp, twips
-    Long InitImageSizeX = 0; ///< the same at the last start or zoom change; the overlays centre on half of it
+    Long GrabSizeX = 0;   ///< width of the video buffer, pixels
+    Long GrabSizeY = 0;   ///< height of the video buffer, pixels
+    Integer GrabZoom = 0; ///< zoom divisor: one screen pixel shows that many image pixels, 1 or 2
+    Long ImageSizeX = 0;  ///< width given to milDisp, twips
+    Long ImageSizeY = 0;  ///< height given to milDisp, twips
+    /// The image size at the last start or zoom change, twips; the overlays centre on half of it.
+    ///@{
+    Long InitImageSizeX = 0;
     Long InitImageSizeY = 0;
-    Long CrossSize = 0; ///< screen pixels at the present zoom
+    ///@}
+    /// Screen pixels. The cross size and the two grid steps are those of the present zoom.
+    ///@{
+    Long CrossSize = 0;
     Long CrossWidth = 0;
     Long GridSizeX = 0;
     Long GridSizeY = 0;
     Long GridLineWidth = 0;
+    ///@}
 };
 
+/// Computes the sizes and lets the window take them. Whatever fails is one line in the host's log, never a
+/// box.
 class MonitorSizing {
 public:
     /// The smallest image in either direction, twips.
     static constexpr Long smallestImage = 360;
 
+    /// All outlive it. Nothing is asked of the host yet.
     MonitorSizing(TnVideo& video, TnLog& log, const Settings& settings, MonitorView& view)
         : m_video(video)
         , m_log(log)
@@ -52,14 +61,20 @@ public:
     /// redraws what lies on the image. An error ends it with a line in the host's log.
     void ResizeAll(bool bResizeForm);
 
+    /// While busy, ComputeImageSize does nothing: the window changes because this object changes it.
+    ///@{
     void setBusy(bool busy) { m_busy = busy; }
     bool isBusy() const { return m_busy; }
+    ///@}
 
     /// Take over the lengths that a zoom change would read from the settings: screen pixels at 1:1, of which
     /// the cross size and the grid steps are divided by the present zoom divisor. Nothing is redrawn.
+    ///@{
     void setCrossLengths(const CrossLengths& cross);
     void setGridLengths(const GridLengths& grid);
+    ///@}
 
+    /// As the last computation left them.
     const MonitorFields& fields() const { return m_fields; }
 
 private:

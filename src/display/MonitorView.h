@@ -7,10 +7,13 @@ namespace ocuva {
 
 /// A rectangle in twips, relative to the part that contains it.
 struct TwipsRect {
+    /// Twips.
+    ///@{
     Long left = 0;
     Long top = 0;
     Long width = 0;
     Long height = 0;
+    ///@}
 
     bool operator==(const TwipsRect&) const = default;
 };
@@ -18,8 +21,11 @@ struct TwipsRect {
 /// Twips per screen pixel: 1440 twips are one inch, and the screen has 96 pixels an inch; a denser screen
 /// scales the pixel, not this number.
 struct ScreenMetrics {
+    /// Above 0.
+    ///@{
     double TwipsPerPixelX = 15.0;
     double TwipsPerPixelY = 15.0;
+    ///@}
 };
 
 enum class MonitorPart {
@@ -31,18 +37,28 @@ enum class MonitorPart {
     tbMain,        ///< the toolbar, at the top of the window
 };
 
+/// The window that is sized; lengths in twips.
 class MonitorView {
 public:
     virtual ~MonitorView() = default;
 
+    /// Of the screen that the window is on.
     virtual ScreenMetrics screen() const = 0;
 
+    /// Where a part is in the part that contains it.
+    ///@{
     virtual TwipsRect rect(MonitorPart part) const = 0;
     virtual void setRect(MonitorPart part, const TwipsRect& rect) = 0;
+    ///@}
 
+    /// Of the client window with menu and status bar, without the window manager's frame.
+    ///@{
     virtual Long windowWidth() const = 0;
     virtual Long windowHeight() const = 0;
+    ///@}
+    /// Or full screen: its size is not the program's to change then.
     virtual bool windowIsMaximised() const = 0;
+    /// Of the same kind as windowWidth and windowHeight.
     virtual void setWindowSize(Long width, Long height) = 0;
 
     /// The handle of milDisp as it crosses the seam.

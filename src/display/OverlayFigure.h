@@ -21,10 +21,14 @@ QString overlayStyleSheet();
 /// is drawn in two colours: a light core in a dark outline. The style sheet gives both.
 class OverlayWidget : public QWidget {
     Q_OBJECT
+    /// Set by the style sheet.
+    ///@{
     Q_PROPERTY(QColor coreColour MEMBER coreColour)
     Q_PROPERTY(QColor outlineColour MEMBER outlineColour)
+    ///@}
 
 public:
+    /// Lies on the display, over what was there before.
     explicit OverlayWidget(QWidget* display);
 
     /// Whether the control has a window of its own, because the host draws the picture.
@@ -50,6 +54,7 @@ struct FigureRegions {
     QRegion core;    ///< lies wholly inside the bars
     QRegion outline; ///< one pixel round the core, also outside the bars
 
+    /// Outline first, then core, in the colours of the overlay.
     void paint(QPainter& painter, const OverlayWidget& colours) const;
 };
 
@@ -63,11 +68,13 @@ class BarFrame final : public OverlayWidget {
     Q_OBJECT
 
 public:
+    /// Without a place until place().
     explicit BarFrame(QWidget* display)
         : OverlayWidget(display) {}
 
     /// Takes its part of the figure; bar in pixels of the display.
     void place(const QRect& bar, const FigureRegions& figure);
+    /// As placed last, without its outline.
     const QRect& bar() const { return m_bar; }
 
 protected:
@@ -85,14 +92,18 @@ private:
 /// and lie below everything that was on the display when they were made.
 class OverlayFigure {
 public:
+    /// The display outlives it. No bar is there yet.
     OverlayFigure(QString name, QWidget* display);
 
     /// Puts one control at each rectangle; an empty rectangle hides its control, and so do controls that are
     /// left over.
     void place(const std::vector<PixelRect>& bars, bool outlined = true);
+    /// Also whether bars are shown that are placed later.
     void show(bool on);
+    /// As show() said last; false before that.
     bool isShown() const { return m_shown; }
 
+    /// All controls ever made for it, those left over too.
     const std::vector<BarFrame*>& bars() const { return m_bars; }
 
     /// Figures of more bars are shown as one control across them, their bars only keep their places: laying

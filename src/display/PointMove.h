@@ -11,8 +11,11 @@ namespace ocuva {
 
 /// A click on the display, all lengths in twips.
 struct ClickOnImage {
+    /// From the display's top left corner.
+    ///@{
     Single x = 0.0F;
     Single y = 0.0F;
+    ///@}
     FramePair reference; ///< where the clicked point shall come to: the centre of the display
     FramePair fullFrame; ///< width and height of the whole display
 };

@@ -12,42 +12,58 @@ namespace ocuva {
 struct CalibrationPoint {
     Integer XI = 0; ///< picture coordinate: 1/10000 of the image's width from its left edge
     Integer YI = 0; ///< 1/10000 of the image's height from its top edge
-    Long XS = 0;    ///< stage units
+    /// Where the stage stands when the point is under the image's centre, stage units.
+    ///@{
+    Long XS = 0;
     Long YS = 0;
     Long ZS = 0;
+    ///@}
 
     bool operator==(const CalibrationPoint&) const = default;
 };
 
+/// The points of one calibration.
 struct CalibrationPoints {
     bool twoPoints = false; ///< only points 1 and 2 count
+    /// In the order of the dialog; an unused third one is all zeros.
     std::array<CalibrationPoint, 3> points;
 
+    /// How many of them count.
     std::size_t count() const { return twoPoints ? 2 : 3; }
     bool operator==(const CalibrationPoints&) const = default;
 };
 
 /// A map per axis from picture coordinates to stage units: stage = scale * picture + offset.
 struct PicturePlan {
+    /// Scale in stage units per picture unit, offset in stage units.
+    ///@{
     double scaleX = 0.0;
     double offsetX = 0.0;
     double scaleY = 0.0;
     double offsetY = 0.0;
+    ///@}
 };
 
 /// The plane on which the stage's Z lies: Z = a * X + b * Y + c.
 struct StagePlan {
+    /// All 0 where there is no plane.
+    ///@{
     double a = 0.0;
     double b = 0.0;
     double c = 0.0;
+    ///@}
 
     bool operator==(const StagePlan&) const = default;
 };
 
+/// A stage position that a calibration gives.
 struct StagePoint {
-    Long XSt = 0; ///< stage units
+    /// Stage units.
+    ///@{
+    Long XSt = 0;
     Long YSt = 0;
     Long ZSt = 0;
+    ///@}
 
     bool operator==(const StagePoint&) const = default;
 };
@@ -57,11 +73,15 @@ struct StagePoint {
 /// 32 bits, or when all points in use have the same coordinate on an axis.
 PicturePlan picturePlanThrough(const CalibrationPoints& points);
 
+/// Points, and the plans computed from them. Changing the points leaves the plans as they are until they are
+/// computed anew.
 class Calibration {
 public:
+    /// Without points; all plans are 0. The library outlives it.
     explicit Calibration(TnLibProxy& libProxy)
         : m_libProxy(libProxy) {}
 
+    /// What the next computation takes.
     CalibrationPoints points;
 
     /// The plan through the points. Throws as picturePlanThrough does; the plan stays as it was then.
@@ -82,8 +102,11 @@ public:
         m_stagePlan = other.m_stagePlan;
     }
 
+    /// As computed last.
+    ///@{
     const PicturePlan& picturePlan() const { return m_picturePlan; }
     const StagePlan& stagePlan() const { return m_stagePlan; }
+    ///@}
 
 private:
     TnLibProxy& m_libProxy;

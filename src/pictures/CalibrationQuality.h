@@ -11,6 +11,7 @@ namespace ocuva {
 
 /// What is wrong with the points, or may be.
 struct CalibrationRemark {
+    /// Up to NoYScale no plan can be computed.
     enum class Kind {
         // No plan can be computed.
         OutOfRange, ///< differences leave 16 bits on the picture or 32 on the stage
@@ -26,32 +27,44 @@ struct CalibrationRemark {
         NearLineOnPicture,
         NearLineOnStage,
     };
-    Kind kind = Kind::OutOfRange;
-    std::size_t first = 0; ///< point numbers from 0, where the kind names two points
+    Kind kind = Kind::OutOfRange; ///< what is remarked
+    /// Point numbers from 0, where the kind names two points.
+    ///@{
+    std::size_t first = 0;
     std::size_t second = 0;
+    ///@}
 
     bool operator==(const CalibrationRemark&) const = default;
 };
 
 /// Where the map of each axis by itself puts a picked point, less where it was found on the stage.
 struct CalibrationResidual {
-    double x = 0.0; ///< stage units
+    /// Stage units.
+    ///@{
+    double x = 0.0;
     double y = 0.0;
+    ///@}
 
+    /// In the plane of the two axes, stage units.
     double length() const;
 };
 
+/// What the dialog tells about a calibration.
 struct CalibrationQuality {
     /// Stage units across the whole picture, with the sign of the direction. Nothing where no plan can be
     /// computed.
+    ///@{
     std::optional<double> unitsPerWidth;
     std::optional<double> unitsPerHeight;
+    ///@}
 
     /// From the one map of three points that takes both axes together: the angle on the stage between the
     /// picture's two axes, 0 to 180 degrees, and by how much the picture is turned against the stage, -90 to
     /// 90 degrees. Nothing with two points or when they lie on a line.
+    ///@{
     std::optional<double> axesAngleDegrees;
     std::optional<double> turnDegrees;
+    ///@}
 
     /// Per point; with three points that have a plan only.
     std::optional<std::array<CalibrationResidual, 3>> residuals;
@@ -67,6 +80,7 @@ struct CalibrationQuality {
 /// A triangle whose height is less than this part of its longest side is nearly a line.
 inline constexpr double nearLineRatio = 0.05;
 
+/// Judges the points in use; what cannot be computed is a remark.
 CalibrationQuality calibrationQuality(const CalibrationPoints& points);
 
 } // namespace ocuva

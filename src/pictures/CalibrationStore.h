@@ -14,6 +14,7 @@ namespace ocuva {
 /// write of one value, so that no mixture of two calibrations can ever stand there.
 class CalibrationStore {
 public:
+    /// The library outlives it.
     explicit CalibrationStore(TnReg& reg)
         : m_reg(reg) {}
 
@@ -27,6 +28,7 @@ private:
     TnReg& m_reg;
 };
 
+/// The text of one value that save writes.
 std::string storedText(const CalibrationPoints& points);
 /// Nothing when the text is no calibration of two or three points.
 std::optional<CalibrationPoints> parseStoredText(std::string_view text);

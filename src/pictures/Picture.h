@@ -13,31 +13,41 @@ namespace ocuva {
 
 /// How finely the picture samples the field. 0: not known, and then nobody is told a scale.
 struct PictureScale {
+    /// Pixels of the picture per centimetre of the sample.
+    ///@{
     double pixelsPerCmX = 0.0;
     double pixelsPerCmY = 0.0;
+    ///@}
 
+    /// In both directions.
     bool isKnown() const { return pixelsPerCmX > 0.0 && pixelsPerCmY > 0.0; }
 };
 
 /// One further fact, such as "stageX" and "1250". The key is letters and digits, the value one line without
 /// control characters.
 struct PictureNote {
+    /// As they stand in the file.
+    ///@{
     QString key;
     QString value;
+    ///@}
 
     bool operator==(const PictureNote&) const = default;
 };
 
+/// One picture, of the camera or from a file.
 struct Picture {
     QImage image; ///< Format_Grayscale8 or Format_RGB888, as files hold them; others are converted when saved
-    PictureScale scale;
-    std::vector<PictureNote> notes;
-    QDateTime taken; ///< local time; invalid when not known
+    PictureScale scale;             ///< of this image, whatever its zoom on the screen
+    std::vector<PictureNote> notes; ///< in the order in which they are written
+    QDateTime taken;                ///< local time; invalid when not known
 };
 
 /// Pictures beyond these sizes are neither written nor read.
+///@{
 inline constexpr int largestSide = 32767;
 inline constexpr qint64 mostPixels = 100'000'000;
+///@}
 
 /// The name as sentences about a file show it, whatever letters it has.
 inline QString nameOf(const std::filesystem::path& file) {
@@ -47,6 +57,7 @@ inline QString nameOf(const std::filesystem::path& file) {
 /// Why a picture could not be saved or opened: a sentence in the platform's 8-bit text that names the file.
 class PictureFileError : public std::runtime_error {
 public:
+    /// The sentence as the operator reads it.
     explicit PictureFileError(const QString& sentence)
         : std::runtime_error(sentence.toLocal8Bit().toStdString()) {}
 };

@@ -20,7 +20,7 @@ public:
 /// shorter than that.
 std::filesystem::path descriptionName(const std::filesystem::path& pictureName);
 
-/// The file's text: strings in double quotes, numbers in decimal, #TRUE# or #FALSE#, items of a line
+/// The file's text: strings in double quotes, numbers in decimal, \#TRUE# or \#FALSE#, items of a line
 /// separated by commas, lines ended by CR LF. 12 lines for two points, 14 for three.
 std::string descriptionText(const CalibrationPoints& points);
 

@@ -14,13 +14,18 @@ namespace ocuva {
 /// in each direction. Not known when magnification or a factor is not above 0.
 PictureScale fieldScale(const Magnification& magnification, QSize pixels);
 
-/// The notes that every picture of the camera carries: where the stage stood (stage units), the magnification
-/// and, where it is known, the field in micrometres.
+/// Where the stage stood when a picture was taken.
 struct StageStand {
+    /// Stage units.
+    ///@{
     Long x = 0;
     Long y = 0;
     Long z = 0;
+    ///@}
 };
+
+/// The notes that every picture of the camera carries: where the stage stood (stage units), the magnification
+/// and, where it is known, the field in micrometres.
 std::vector<PictureNote> cameraNotes(const StageStand& stage, const Magnification& magnification);
 
 /// The image description: with a known scale it has "unit=um", which turns a resolution in centimetres into
@@ -29,9 +34,10 @@ QByteArray imageDescription(const Picture& picture);
 
 /// What such a description says besides scale and version. Empty for a description of any other kind.
 struct ReadNotes {
-    bool inMicrometres = false;
-    std::vector<PictureNote> notes;
+    bool inMicrometres = false;     ///< the resolution of the file is a scale
+    std::vector<PictureNote> notes; ///< in their order
 };
+/// Lines that are no KEY=VALUE are passed over.
 ReadNotes readImageDescription(const QByteArray& text);
 
 } // namespace ocuva

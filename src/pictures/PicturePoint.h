@@ -7,8 +7,11 @@ namespace ocuva {
 
 /// Picture coordinates: 1/10000 of the picture's width from its left edge, and of its height from its top.
 struct PicturePoint {
+    /// 0 to 10000 on the picture.
+    ///@{
     Single XPic = 0.0F;
     Single YPic = 0.0F;
+    ///@}
 
     bool operator==(const PicturePoint&) const = default;
 };

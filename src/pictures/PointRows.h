@@ -23,24 +23,32 @@ class PointRows final : public QFrame {
     Q_OBJECT
 
 public:
+    /// Three rows, all empty and in use.
     explicit PointRows(QWidget* parent);
 
+    /// The controls of one point.
     struct Row {
-        QLabel* LabelPtI = nullptr;
-        std::array<TextBox*, pointFieldCount> boxes{};
+        QLabel* LabelPtI = nullptr;                    ///< "Point 1"
+        std::array<TextBox*, pointFieldCount> boxes{}; ///< by PointField
         QPushButton* ButI = nullptr; ///< picks the point on the image; stays down while it is being selected
         QPushButton* ButX = nullptr; ///< reads the stage
         QLabel* LabelOff = nullptr;  ///< the point's residual
     };
+    /// Of that point; throws std::out_of_range beyond the third.
+    ///@{
     const Row& row(std::size_t point) const { return m_rows.at(point); }
     TextBox* box(std::size_t point, PointField field) const;
+    ///@}
 
+    /// What stands in the boxes, those of unused rows too.
     std::array<PointTexts, 3> texts() const;
     /// Whether a box of a row in use is empty.
     bool hasEmptyBoxes() const;
     /// The first row in use with one of these boxes empty.
     std::optional<std::size_t> firstWithout(std::initializer_list<PointField> fields) const;
+    /// Puts the texts into the boxes of that point.
     void setPoint(std::size_t point, const PointTexts& texts);
+    /// Empties all boxes.
     void clear();
 
     /// Which rows can be used at all.
@@ -48,13 +56,19 @@ public:
     /// While the stage moves, nothing can be picked or read. A button that had the keyboard focus gets it
     /// back afterwards.
     void setBusy(bool busy);
+    /// Keeps the Pick button of that point down, and no other.
     void showSelected(std::optional<std::size_t> point);
+    /// How far each point is off; empty where the quality has no residuals.
     void showResiduals(const CalibrationQuality& quality);
 
 Q_SIGNALS:
+    /// A box has another text, whoever wrote it.
     void edited();
+    /// A button of that point was pressed.
+    ///@{
     void pickPressed(int point);
     void readPressed(int point);
+    ///@}
 
 private:
     void makeHeader(QGridLayout& grid);

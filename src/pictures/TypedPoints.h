@@ -20,10 +20,11 @@ using PointTexts = std::array<std::string, pointFieldCount>;
 /// in words ("Point 2, stage Y: "12abc" is not a number").
 class PointFieldError : public std::runtime_error {
 public:
+    /// reason: what is wrong with the text, as a clause.
     PointFieldError(std::size_t point, PointField field, const std::string& reason);
 
     std::size_t point() const { return m_point; } ///< from 0
-    PointField field() const { return m_field; }
+    PointField field() const { return m_field; }  ///< the box of that point
 
 private:
     std::size_t m_point;

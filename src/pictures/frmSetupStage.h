@@ -20,19 +20,24 @@ namespace ocuva {
 
 /// What the dialog needs; everything outlives it.
 struct SetupStageContext {
-    Calibration& calibration;
+    Calibration& calibration; ///< what OK replaces
+    /// Of the host, and of the main window, which moves the stage.
+    ///@{
     TnReg& reg;
     TnLog& log;
     TnMicroProxy& microProxy;
     StageMover& fOcuva;
+    ///@}
     std::function<void(const QString&)> report; ///< shows an error that leaves a handler
     std::function<void(const QString&)> note;   ///< writes a line to the log
 };
 
+/// Modeless; it lives as long as the main window, shown or not. User-interface thread.
 class frmSetupStage final : public QDialog {
     Q_OBJECT
 
 public:
+    /// Hidden until openModeless.
     frmSetupStage(const SetupStageContext& context, QWidget* parent);
 
     /// Shows the dialog with the calibration's points.
@@ -60,16 +65,22 @@ public:
     /// Closes the dialog; a move is no longer waited for.
     void unload();
 
+    /// The controls, by their names.
+    ///@{
     PointRows* FramePoint = nullptr;
     CalibrationVerdict* verdict = nullptr;
     QRadioButton* optThreePoints = nullptr;
     QRadioButton* optTwoPoints = nullptr;
+    ///@}
     QPushButton* CmdPt = nullptr; ///< closes the point frame, and opens it again
+    /// The controls, by their names.
+    ///@{
     QPushButton* cmdRestore = nullptr;
     QPushButton* OKPicture = nullptr;
     QPushButton* CancelPicture = nullptr;
     QLabel* LabelHint = nullptr;
     QTimer* tMoveWait = nullptr;
+    ///@}
 
 protected:
     void hideEvent(QHideEvent* event) override;
