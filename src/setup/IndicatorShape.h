@@ -8,6 +8,7 @@
 
 namespace ocuva {
 
+/// A round lamp that takes no focus.
 class IndicatorShape final : public QWidget {
     Q_OBJECT
 
@@ -16,10 +17,14 @@ public:
 
     /// Red in the lowest byte, then green, then blue.
     void setColour(Long colour);
+    /// As set last; invalid before that.
     QColor colour() const { return m_colour; }
 
+    /// As large as the lamp, whatever the room.
+    ///@{
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }
+    ///@}
 
 protected:
     void paintEvent(QPaintEvent* event) override;

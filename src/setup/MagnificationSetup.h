@@ -8,14 +8,17 @@
 
 namespace ocuva {
 
+/// As they stand in the boxes.
 struct MagnificationTexts {
-    std::string magnification;
-    std::string x100; ///< width of the field in stage units at magnification 100
-    std::string y100; ///< height of the field
+    std::string magnification; ///< 400 means 400 times
+    std::string x100;          ///< width of the field in stage units at magnification 100
+    std::string y100;          ///< height of the field
 };
 
+/// What the stage page does with them.
 class MagnificationSetup {
 public:
+    /// Both outlive it.
     MagnificationSetup(MagnificationStore& store, SetupMainWindow& mainWindow)
         : m_store(store)
         , m_mainWindow(mainWindow) {}

@@ -11,14 +11,18 @@ namespace ocuva {
 
 /// The grid's pitch as typed, whole micrometres.
 struct GridTexts {
+    /// Of one cell.
+    ///@{
     std::string width;
     std::string height;
+    ///@}
 };
 
 /// The store has the grid in image pixels, the operator in micrometres on the sample; the present
 /// magnification lies between the two. A stage unit is a micrometre.
 class OverlaySetup {
 public:
+    /// All outlive it.
     OverlaySetup(Settings& settings, const MagnificationStore& magnification,
                  const LengthConversion& conversion, SetupMainWindow& mainWindow)
         : m_settings(settings)
@@ -34,6 +38,7 @@ public:
     /// pixels on the image; nothing is changed then.
     void setGrid(const GridTexts& typed);
 
+    /// The stored lengths, screen pixels at 1:1.
     CrossLengths cross() const { return m_settings.readCross(); }
     /// Redraws the cross on the main window and stores it; screen pixels at 1:1.
     void setCross(const CrossLengths& cross);

@@ -9,14 +9,18 @@
 
 namespace ocuva {
 
+/// The range and the number of points that it shows are those of the fine search.
 class SetupAutofocusPage final : public SetupPage {
     Q_OBJECT
 
 public:
+    /// Shows nothing of stores and host before load().
     SetupAutofocusPage(const char* name, const SetupContext& context, QWidget* parent);
 
     void load() override;
 
+    /// The controls, by their names.
+    ///@{
     QGroupBox* frSetupAutoGeneral = nullptr;
     QCheckBox* chkAutoAll = nullptr;
     QComboBox* cbAutoPart = nullptr;
@@ -27,6 +31,7 @@ public:
     TextBox* txtCourseHalf = nullptr;
     TextBox* txtCourseNbPoints = nullptr;
     QCheckBox* chkCourseFix = nullptr;
+    ///@}
 
 private:
     void makeGeneral();

@@ -15,6 +15,7 @@
 
 namespace ocuva {
 
+/// What it shows of the board is the board's own flag: after Shut down it still reads as initialised.
 class SetupBoardPage final : public SetupPage {
     Q_OBJECT
 
@@ -26,6 +27,8 @@ public:
 
     void load() override;
 
+    /// The controls, by their names.
+    ///@{
     QGroupBox* frSetupBoard = nullptr;
     QComboBox* cbBoard = nullptr;
     QCheckBox* VgaCheck = nullptr;
@@ -33,6 +36,7 @@ public:
     QPushButton* cmdShut = nullptr;
     IndicatorShape* shInit = nullptr;
     IndicatorShape* shShut = nullptr;
+    ///@}
 
 Q_SIGNALS:
     /// The board was put up or down.

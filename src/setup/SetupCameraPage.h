@@ -14,10 +14,12 @@
 
 namespace ocuva {
 
+/// It shows what the host took, not what was asked of it; only the gain cannot be asked for.
 class SetupCameraPage final : public SetupPage {
     Q_OBJECT
 
 public:
+    /// Shows nothing of stores and host before load().
     SetupCameraPage(const char* name, const SetupContext& context, QWidget* parent);
     ~SetupCameraPage() override;
 
@@ -26,18 +28,23 @@ public:
     /// Brings page and main window to what board and host have.
     void refresh();
 
+    /// The frame round optCam.
     QGroupBox* frSetupCameraInput = nullptr;
     std::array<QRadioButton*, 4> optCam{}; ///< camera type - 1
 
+    /// The frame round the references.
     QGroupBox* frSetupCameraReferences = nullptr;
     std::array<QSlider*, cameraReferences.size()> sldReference{}; ///< by CameraReference
-    std::array<TextBox*, cameraReferences.size()> txtReference{};
+    std::array<TextBox*, cameraReferences.size()> txtReference{}; ///< by CameraReference
 
+    /// Automatic gain, or one of the ranges of the slider; only the label of the one in force is shown.
+    ///@{
     QGroupBox* frSetupCameraSignal = nullptr;
     QCheckBox* chkAutoGain = nullptr;
     QSlider* sldGain = nullptr;
     QLabel* lblAutoGain = nullptr;
     std::array<QLabel*, gainRangeCount> lblGainRange{};
+    ///@}
 
 private:
     class View;

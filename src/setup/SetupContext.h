@@ -20,12 +20,15 @@ namespace ocuva {
 /// the program runs.
 struct SetupMemory {
     int courseType = 1; ///< index of cbCourseType; the parameters that the page shows are the fine ones
-    bool courseIsFixed = false;
+    bool courseIsFixed = false;  ///< chkCourseFix
     bool gainIsAutomatic = true; ///< as boards begin
     Long gainRange = 2;          ///< index of lblGainRange
 };
 
+/// One for the dialog and all its pages.
 struct SetupContext {
+    /// Where the pages read and write.
+    ///@{
     Host& host;
     Settings& settings;
     MagnificationStore& magnification;
@@ -35,8 +38,10 @@ struct SetupContext {
     CameraMainWindow& cameraWindow;
     SetupMemory& memory;
     StandardList& standards;
+    ///@}
     /// Lets the operator choose a standard and appends it to the list; false when he cancels.
     std::function<bool()> addStandard;
+    /// Brings the drop-down of standards up to the list.
     std::function<void()> fillStageMenu;
     /// The general error report.
     std::function<void(const QString&)> report;

@@ -6,18 +6,25 @@
 
 namespace ocuva {
 
+/// Lengths on the image in the units that each operation names.
 class SetupMainWindow {
 public:
     virtual ~SetupMainWindow() = default;
 
+    /// The image as it is sized now.
     virtual const MonitorFields& fields() const = 0;
     /// Screen pixels at 1:1, as stored; nothing is redrawn.
+    ///@{
     virtual void setCrossLengths(const CrossLengths& cross) = 0;
     virtual void setGridLengths(const GridLengths& grid) = 0;
+    ///@}
 
     /// The centre on the initial image, in twips.
+    ///@{
     virtual void DrawCross(Long centreY, Long centreX) = 0;
     virtual void DrawGrid(Long centreY, Long centreX) = 0;
+    ///@}
+
     /// Throws ArithmeticError when there is no field to draw a scale for.
     virtual void DrawMicroMarker() = 0;
 

@@ -12,10 +12,12 @@
 
 namespace ocuva {
 
+/// Grid and cross are redrawn at each change; the start-up boxes count at the next start.
 class SetupMonitorPage final : public SetupPage {
     Q_OBJECT
 
 public:
+    /// Shows nothing of stores and host before load().
     SetupMonitorPage(const char* name, const SetupContext& context, QWidget* parent);
 
     void load() override;
@@ -25,6 +27,8 @@ public:
     /// The grid in micrometres, by the present magnification.
     void showGrid();
 
+    /// The controls, by their names.
+    ///@{
     QGroupBox* frSetupGrid = nullptr;
     TextBox* txtGridWidth = nullptr;
     TextBox* txtGridHeight = nullptr;
@@ -39,6 +43,7 @@ public:
     QCheckBox* chkShowCross = nullptr;
     QCheckBox* chkShowGrid = nullptr;
     QCheckBox* chkShowLargeButtons = nullptr;
+    ///@}
 
 private:
     struct StartupCheck {

@@ -14,10 +14,12 @@
 
 namespace ocuva {
 
+/// A column of frames with named controls. An error that leaves a handler is reported, and the page goes on.
 class SetupPage : public QWidget {
     Q_OBJECT
 
 public:
+    /// Shows an error to the operator.
     using Report = std::function<void(const QString&)>;
 
     /// Fills every control from the stores and the host. Nothing is written.

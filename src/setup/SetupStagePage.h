@@ -12,14 +12,18 @@
 
 namespace ocuva {
 
+/// What is typed here decides how far a click on the image moves the stage.
 class SetupStagePage final : public SetupPage {
     Q_OBJECT
 
 public:
+    /// Shows nothing of stores and host before load().
     SetupStagePage(const char* name, const SetupContext& context, QWidget* parent);
 
     void load() override;
 
+    /// The controls, by their names; lblMoveSymbols are those of X and Y.
+    ///@{
     QGroupBox* frMagnification = nullptr;
     TextBox* txtMag = nullptr;
     TextBox* txtMagX100 = nullptr;
@@ -29,14 +33,20 @@ public:
     QGroupBox* frMoveX = nullptr;
     QGroupBox* frMoveY = nullptr;
     std::array<QLabel*, 2> lblMoveSymbols{};
+    ///@}
     std::array<QRadioButton*, 2> optMoveX{}; ///< not inverted, inverted
-    std::array<QRadioButton*, 2> optMoveY{};
+    std::array<QRadioButton*, 2> optMoveY{}; ///< the same
 
+    /// The controls, by their names.
+    ///@{
     QGroupBox* frMoveStandardList = nullptr;
     QPushButton* cmdStandardSort = nullptr;
+    ///@}
 
 Q_SIGNALS:
+    /// Magnification or field are stored: lengths in micrometres have changed.
     void magnificationChanged();
+    /// The operator wants to see the list of standards.
     void cmdStandardSort_Click();
 
 private:

@@ -19,6 +19,7 @@ namespace ocuva {
 /// The tabs, by their index in the strip.
 enum class SetupTab { Autofocus = 1, Monitor, Stage, Camera, Board };
 
+/// Modeless. A new one is made for each opening, so that it shows what is stored then. User-interface thread.
 class frmSetup final : public QDialog {
     Q_OBJECT
 
@@ -30,13 +31,16 @@ public:
     SetupTab shownTab() const { return m_shownTab; }
 
     QTabWidget* tsSetup = nullptr; ///< its pages are frsetup0 to frsetup4
+    /// The pages, in the order of the tabs.
+    ///@{
     SetupAutofocusPage* autofocusPage = nullptr;
     SetupMonitorPage* monitorPage = nullptr;
     SetupStagePage* stagePage = nullptr;
     SetupCameraPage* cameraPage = nullptr;
     SetupBoardPage* boardPage = nullptr;
+    ///@}
     QPushButton* cmdSaveDefault = nullptr; ///< disabled where it is not available
-    QPushButton* cmdClose = nullptr;
+    QPushButton* cmdClose = nullptr;       ///< leaves what is typed, as leaving its box would
 
 protected:
     bool event(QEvent* event) override;

@@ -15,12 +15,14 @@ class ButtonMenus {
 public:
     ButtonMenus();
 
+    /// Takes all items off.
     void clear();
 
     /// Appends an item; `text` is shown as it is (an "&" is no mnemonic). False and no change when the key is
     /// empty or already in the list.
     bool add(const QString& key, const QString& text);
 
+    /// Of the items, without the greyed line.
     int count() const;
     QString key(int index) const;  ///< empty when there is no such item
     QString text(int index) const; ///< as given to add; empty when there is no such item

@@ -18,6 +18,7 @@ class ButtonList final : public QListWidget {
     Q_OBJECT
 
 public:
+    /// The name stands in rowDropped of the other list.
     explicit ButtonList(const QString& name);
 
 Q_SIGNALS:
@@ -47,13 +48,17 @@ public:
     ButtonList* const lstAvailable; ///< row 0 is the separator, then the buttons that are not on the bar
     ButtonList* const lstCurrent;   ///< one row for each item of the bar
     QPushButton* const cmdAdd;      ///< the chosen available row goes behind the chosen current row
-    QPushButton* const cmdRemove;
+    QPushButton* const cmdRemove;   ///< takes the chosen current row off the bar
+    /// The chosen current row goes by one.
+    ///@{
     QPushButton* const cmdMoveUp;
     QPushButton* const cmdMoveDown;
-    QPushButton* const cmdReset;
-    QPushButton* const cmdClose;
+    ///@}
+    QPushButton* const cmdReset; ///< back to the design layout
+    QPushButton* const cmdClose; ///< only closes
 
 Q_SIGNALS:
+    /// The user has changed the layout; sent after each single change.
     void layoutChanged(const ToolbarLayout& layout);
 
 protected:

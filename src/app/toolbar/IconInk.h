@@ -13,6 +13,7 @@ enum class IconLook {
     Selected  ///< on the palette's highlight, in lists
 };
 
+/// One colour for each part of a drawing.
 struct IconInk {
     QColor line;       ///< outlines
     QColor body;       ///< faint filling of outlined shapes (translucent)

@@ -15,6 +15,7 @@ namespace ocuva {
 /// Images of one size in one look, found by the button's key.
 class ImageList {
 public:
+    /// sizePx: side of the images in logical pixels.
     ImageList(int sizePx, IconLook look)
         : m_sizePx(sizePx)
         , m_look(look) {}
@@ -30,19 +31,25 @@ private:
     IconLook m_look;
 };
 
+/// Sides of the toolbar's images in logical pixels.
+///@{
 inline constexpr int smallIconPx = 24;
 inline constexpr int largeIconPx = 40;
+///@}
 
 /// Item 0 holds the small images, item 1 the large ones.
 using ImageListArray = std::array<ImageList, 2>;
 
 /// The three control arrays that the toolbar chooses from.
 struct ToolbarImageLists {
+    /// Plain, under the pointer, disabled.
+    ///@{
     ImageListArray ilTbImage{ImageList(smallIconPx, IconLook::Normal),
                              ImageList(largeIconPx, IconLook::Normal)};
     ImageListArray ilTbHot{ImageList(smallIconPx, IconLook::Hot), ImageList(largeIconPx, IconLook::Hot)};
     ImageListArray ilTbDisabled{ImageList(smallIconPx, IconLook::Disabled),
                                 ImageList(largeIconPx, IconLook::Disabled)};
+    ///@}
 };
 
 /// Which item of the arrays the setting "LargeIcons" asks for: 0 for zero, 1 for any other value.

@@ -27,19 +27,25 @@ class MainToolbar final : public QToolBar {
     Q_OBJECT
 
 public:
+    /// In the design layout, with the small images.
     explicit MainToolbar(QWidget* parent = nullptr);
 
     /// Takes over the images; their size becomes the size of the bar. Without it the bar has the small ones.
     void setImageLists(const ImageList& image, const ImageList& hot, const ImageList& disabled);
 
     /// Presses or releases a button of style Check and shows its On image or not; no click is reported.
+    ///@{
     void setValue(const QString& key, bool pressed);
     bool value(const QString& key) const;
+    ///@}
 
     using QWidget::isEnabled;
     using QWidget::setEnabled;
+    /// Whether that button can be clicked.
+    ///@{
     void setEnabled(const QString& key, bool enabled);
     bool isEnabled(const QString& key) const;
+    ///@}
 
     /// The drop-down list of that button; null when it has none.
     ButtonMenus* buttonMenus(const QString& key);
@@ -54,6 +60,7 @@ public:
     /// names no button. Does not emit customized.
     bool restoreLayout(const QString& text);
 
+    /// What is on the bar.
     const ToolbarLayout& buttonLayout() const { return m_layout; }
 
 public Q_SLOTS:

@@ -15,11 +15,12 @@ enum class ButtonStyle {
     Separator
 };
 
+/// One row of the table.
 struct ToolbarButton {
     QLatin1StringView key;     ///< names the button in events, layouts and image lists
     QLatin1StringView text;    ///< what lists, the overflow menu and screen readers call it
     QLatin1StringView tooltip; ///< empty: the button has none
-    ButtonStyle style;
+    ButtonStyle style;         ///< what a click does
 };
 
 /// A text of the table in the user's language.

@@ -17,6 +17,7 @@ class ToolbarDrag final : public QObject {
     Q_OBJECT
 
 public:
+    /// Watches nothing yet; the bar outlives it.
     explicit ToolbarDrag(QToolBar& bar);
     ~ToolbarDrag() override;
 
@@ -29,6 +30,7 @@ public:
 Q_SIGNALS:
     /// The item at index is to go to the gap before the item now at `gap` (the number of actions: the end).
     void moved(int index, int gap);
+    /// The item at index is to go off the bar.
     void removed(int index);
 
 protected:

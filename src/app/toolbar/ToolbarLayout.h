@@ -21,6 +21,7 @@ public:
     /// The text that fromText reads back.
     QString text() const { return m_keys.join(u','); }
 
+    /// In the order of the bar.
     const QStringList& keys() const { return m_keys; }
 
     /// The buttons that the layout does not show, in design order.
@@ -40,7 +41,8 @@ public:
     /// when either number is out of range or the item already stands there.
     bool move(int index, int gap);
 
-    int size() const { return static_cast<int>(m_keys.size()); }
+    int size() const { return static_cast<int>(m_keys.size()); } ///< buttons and separators
+    /// -1 for a key that is not shown.
     int indexOf(const QString& key) const { return static_cast<int>(m_keys.indexOf(key)); }
 
     friend bool operator==(const ToolbarLayout& a, const ToolbarLayout& b) { return a.m_keys == b.m_keys; }

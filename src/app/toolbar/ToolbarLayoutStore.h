@@ -11,6 +11,7 @@ namespace ocuva {
 /// "MainToolbar"; where there is no registry, in the native per-user settings file of the same names.
 class ToolbarLayoutStore {
 public:
+    /// The title names the program's part of the registry.
     explicit ToolbarLayoutStore(QString title = QString::fromLatin1(productTitle));
 
     /// The stored text, empty when there is none. It is not checked here; MainToolbar::restoreLayout does.
