@@ -8,6 +8,7 @@
 
 namespace ocuva {
 
+/// Paints itself; what is inside it are its children, placed by their owner.
 class GroupFrame final : public QWidget {
     Q_OBJECT
 
@@ -15,9 +16,12 @@ public:
     /// Distance from the widget's top to the frame's upper edge, pixels.
     static constexpr int captionInset = 6;
 
+    /// An empty caption leaves the upper edge unbroken.
     GroupFrame(const QString& objectName, const QString& caption, QWidget* parent);
 
+    /// Repaints; the size stays.
     void setCaption(const QString& caption);
+    /// Empty for none.
     const QString& caption() const { return m_caption; }
 
     /// The colour the frame is filled with: its own, or else the palette's.

@@ -12,6 +12,7 @@
 
 namespace ocuva {
 
+/// The window of the manual is made when it is first asked for, and kept.
 class HelpMenu {
 public:
     /// The controls of the report's window are explained; it outlives this. The manual is looked for in the

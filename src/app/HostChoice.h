@@ -8,8 +8,9 @@
 
 namespace ocuva {
 
+/// Which host is to be used.
 struct HostChoice {
-    bool library = false;
+    bool library = false; ///< else the simulated one
     /// Where the libraries are; empty: where the system looks for libraries.
     std::filesystem::path folder;
 };

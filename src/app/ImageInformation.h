@@ -14,11 +14,11 @@ namespace ocuva {
 
 /// What the panel shows of the image's state.
 struct ImageState {
-    bool grabbing = false;
-    Integer zoomDivisor = 2;
+    bool grabbing = false;   ///< a grab was started and not ended
+    Integer zoomDivisor = 2; ///< 1 or 2
     QString storedPicture;   ///< its bare name; empty while the camera's image is shown
     bool calibrated = false; ///< whether the stored picture can be turned into stage positions
-    bool boardReady = true;
+    bool boardReady = true;  ///< the board is initialised
 
     bool operator==(const ImageState&) const = default;
 };
@@ -35,6 +35,7 @@ public:
     void show(const ImageState& state);
     /// The same, with the magnification as it has just been read.
     void showMagnification(Long magnification);
+    /// A frame was drawn: counts for the rate and as a sign of life.
     void frameShown();
     /// Shows measured grey levels until the state changes.
     void showGreyLevels(double mean, double standardDeviation);

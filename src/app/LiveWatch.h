@@ -10,6 +10,7 @@ class LiveWatch {
 public:
     /// So long may a frame be overdue.
     static constexpr std::int64_t patienceMs = 1000;
+    /// Frames are counted over periods of this length.
     static constexpr std::int64_t ratePeriodMs = 1000;
     /// A check that comes so late tells that the program itself was busy, with frames waiting for it.
     static constexpr std::int64_t lateMs = 250;
@@ -23,6 +24,7 @@ public:
     /// there is nothing to ask until the next frame.
     std::int64_t check(std::int64_t nowMs);
 
+    /// As the last check has found; false again with the next frame.
     bool hasStopped() const { return m_stopped; }
     /// When the last frame came, or the grab began.
     std::int64_t lastSignMs() const { return m_lastSignMs; }

@@ -41,8 +41,11 @@ enum class Command {
 /// Actions by their names; the two items of the zoom array are "mnuZoom0" and "mnuZoom1".
 class MainMenu {
 public:
+    /// Fills the bar, which outlives it. `run` is called for each entry that is chosen, with Command::None
+    /// for one that does nothing.
     MainMenu(QMenuBar& bar, const std::function<void(Command)>& run);
 
+    /// Throws std::out_of_range for a name that no entry has.
     QAction* action(std::string_view name) const;
     /// Lets the commands' function keys (F1 to F9, without Shift) work while that window is the active one.
     /// It may go before the menu does, and the other way round.

@@ -18,6 +18,7 @@ class ImageFrame final : public QWidget {
     Q_OBJECT
 
 public:
+    /// Without a bevel until setFramed.
     explicit ImageFrame(QWidget* parent);
     /// The control that the bevel is drawn round.
     void setFramed(const QWidget* framed) { m_framed = framed; }
@@ -32,22 +33,30 @@ private:
 /// The Z buttons: four steps up and four down, the biggest outermost.
 class UpDownPanel {
 public:
+    /// In its design geometry. The buttons do nothing by themselves.
     explicit UpDownPanel(QWidget* parent);
 
+    /// The controls, by their names; buttons by the index of their step in zSteps.
+    ///@{
     GroupFrame* frUpDown = nullptr;
     std::array<QToolButton*, 4> cmdUp{};
     std::array<QToolButton*, 4> cmdDown{};
+    ///@}
 };
 
 /// frMonitor with what is inside it, in its design geometry.
 class MonitorPanels {
 public:
+    /// The display attaches itself to the windows, which outlive it.
     MonitorPanels(DisplayWindows& windows, QWidget* parent);
 
+    /// The controls, by their names, from the outermost to the innermost.
+    ///@{
     GroupFrame* frMonitor = nullptr;
     ImageFrame* frImage = nullptr;
     MilDisplay* milDisp = nullptr;
     MicroMarkerPanel* frMicroMarker = nullptr;
+    ///@}
 };
 
 } // namespace ocuva

@@ -15,26 +15,28 @@ namespace ocuva {
 
 /// What a report tells that only the start of the program knows.
 struct ReportSurroundings {
-    std::filesystem::path dataFolder;
-    Keeper keeper = Keeper::program;
-    QString host;                ///< the host in use, in words
-    std::string commandLine;     ///< as typed, local encoding
-    std::filesystem::path trace; ///< empty where none is written
+    std::filesystem::path dataFolder; ///< where log, journal and settings are looked for
+    Keeper keeper = Keeper::program;  ///< who keeps log and settings there
+    QString host;                     ///< the host in use, in words
+    std::string commandLine;          ///< as typed, local encoding
+    std::filesystem::path trace;      ///< empty where none is written
 };
 
 /// What packing needs of the window.
 struct PackReportContext {
-    QWidget& window;
-    ReportSurroundings surroundings;
-    TnLogKeys& keys; ///< of the host; each report has one of its own
+    QWidget& window;                 ///< tells its screen, and shows that it is busy
+    ReportSurroundings surroundings; ///< what the start has told
+    TnLogKeys& keys;                 ///< of the host; each report has one of its own
     /// Asks for the file, beginning with a full name; empty when the operator cancels.
     std::function<QString(const QString& suggested)> choose;
     std::function<void(const QString&)> log;  ///< a line for the log
     std::function<void(const QString&)> note; ///< told where the report is
 };
 
+/// One for the life of the window; each run makes a report of its own.
 class PackReport {
 public:
+    /// Nothing is read yet.
     explicit PackReport(PackReportContext context);
 
     /// Packs into the file that the operator chooses. The window waits meanwhile. Throws ReportError.

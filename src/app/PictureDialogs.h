@@ -17,7 +17,9 @@ QString choosePictureToSave(QWidget& owner, const QString& folder);
 /// registry beside the toolbar's layout ("Pictures/Folder"); else the user's folder for pictures.
 class PictureFolder {
 public:
+    /// Read afresh; for a folder that is gone, the one for pictures.
     QString last() const;
+    /// Keeps the folder of that picture; written at once.
     void remember(const QString& pictureName) const;
 };
 

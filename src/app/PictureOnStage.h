@@ -11,11 +11,15 @@
 
 namespace ocuva {
 
+/// What it needs; everything outlives it.
 struct PictureOnStageContext {
+    /// The calibration in force, host and stage behind the dialog, and the panels that tell positions.
+    ///@{
     Calibration& calibration;
     Host& host;
     StageMover& fOcuva;
     StatusBar& sbMain;
+    ///@}
     QWidget& window;                            ///< owns the dialog
     std::function<void(const QString&)> report; ///< shows an error and writes it to the log
     std::function<void(const QString&)> log;    ///< writes an error to the log, and nothing else
@@ -25,6 +29,7 @@ struct PictureOnStageContext {
 /// calibration takes up the one that was accepted last.
 class PictureOnStage {
 public:
+    /// The dialog is made and not shown; the calibration is not taken up yet.
     explicit PictureOnStage(const PictureOnStageContext& context);
     ~PictureOnStage();
 
@@ -53,6 +58,7 @@ public:
     /// Closes the dialog.
     void unload();
 
+    /// Shown or not.
     frmSetupStage& dialog() { return *m_frmSetupStage; }
 
 private:

@@ -19,20 +19,29 @@ namespace ocuva {
 
 /// What the pictures need; everything outlives them.
 struct PicturesContext {
+    /// Where a picture comes from, and what is noted with it.
+    ///@{
     TnLog& log;
     CTnVideoBoard& board;
     CTnVideoImage& image;
     const CTnStage& stage;
     const MagnificationStore& magnification;
+    ///@}
     /// The calibration, taken up from where it was kept at its first use.
     std::function<Calibration&()> calibration;
     /// The calibration has been replaced by that of a picture.
     std::function<void()> calibrationRead;
+    /// Where it is shown.
+    ///@{
     const MonitorPanels& panels;
     ImageInformation& information;
+    ///@}
     /// Each asks for a file, beginning in a folder; empty when the operator cancels.
+    ///@{
     std::function<QString(const QString& folder)> chooseToOpen;
     std::function<QString(const QString& folder)> chooseToSave;
+    ///@}
+    /// Shows an error that leaves the picture on the screen.
     std::function<void(const QString&)> report;
     /// The window shows another image now: live or still, stored or not.
     std::function<void()> imageChanged;
@@ -42,17 +51,20 @@ struct PicturesContext {
 
 /// A stored picture that is shown in place of the live image.
 struct StoredPicture {
-    QString name; ///< full
-    Picture picture;
+    QString name;            ///< full
+    Picture picture;         ///< as it was read
     bool calibrated = false; ///< the calibration is the one of its description
 
+    /// The name without its folder.
     QString bareName() const;
     /// Its field as magnification and factors; nothing when the file does not tell.
     std::optional<Magnification> field() const;
 };
 
+/// One picture at a time is shown in place of the live image.
 class Pictures {
 public:
+    /// The camera's image is shown.
     explicit Pictures(const PicturesContext& context)
         : m_context(context) {}
 

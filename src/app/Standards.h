@@ -11,19 +11,25 @@
 
 namespace ocuva {
 
+/// What it needs; everything outlives it.
 struct StandardsContext {
+    /// Where the list is kept and shown, and what moves the stage.
+    ///@{
     TnReg& reg;
     TnLibProxy& libProxy;
     MainToolbar& tbMain;
     StageMover& fOcuva;
-    QWidget& window; ///< owns the dialogs
-    std::function<void(const QString&)> report;
+    ///@}
+    QWidget& window;                            ///< owns the dialogs
+    std::function<void(const QString&)> report; ///< shows an error
     /// Asks for the file of a standard in a folder; empty when the operator cancels.
     std::function<QString(const QString& folder)> chooseFile;
 };
 
+/// A choice from the drop-down drives there at once.
 class Standards {
 public:
+    /// The drop-down is empty until FillStageMenu.
     explicit Standards(const StandardsContext& context);
     ~Standards();
 
@@ -43,7 +49,9 @@ public:
     /// Closes the move dialog.
     void unload();
 
+    /// For the dialog that edits it; FillStageMenu brings the drop-down up to it.
     StandardList& list() { return m_list; }
+    /// Shown or not.
     frmMove& moveDialog() { return *m_frmMove; }
 
 private:

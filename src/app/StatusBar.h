@@ -15,6 +15,7 @@ class StatusPanel final : public QLabel {
     Q_OBJECT
 
 public:
+    /// The key is its object name; the tooltip is its name for screen readers too.
     StatusPanel(const QString& key, const QString& toolTip, QWidget* parent);
 
     /// Tells screen readers too, which read a panel by what it is and not by what it says.
@@ -22,15 +23,20 @@ public:
 
     /// A round lamp of that colour before the text.
     void setLamp(const QColor& colour);
+    /// Invalid for none.
     const QColor& lamp() const { return m_lamp; }
 
     /// Shows another text in place of its own for as long as it is not empty; text() stays what it is.
     void setTip(const QString& tip);
+    /// Empty while it shows its own text.
     const QString& tip() const { return m_tip; }
 
 Q_SIGNALS:
+    /// By the left button, let go over it, or by Space.
     void clicked();
+    /// By the left button, or by Enter. No clicked follows.
     void doubleClicked();
+    /// Its own text is another one; tips do not count.
     void textChanged();
 
 protected:
@@ -45,10 +51,12 @@ private:
     bool m_doubleClick = false; // the release that ends a double click is not one more click
 };
 
+/// Fixed panels, always shown.
 class StatusBar final : public QStatusBar {
     Q_OBJECT
 
 public:
+    /// All panels are empty.
     explicit StatusBar(QWidget* parent);
 
     /// The panel "X", "Y", "Z" or "Info"; null for any other key.
@@ -58,9 +66,12 @@ public:
     QString spokenText() const;
 
 Q_SIGNALS:
+    /// Of any panel.
+    ///@{
     void panelClicked();
     void panelTextChanged();
     void panelDoubleClicked();
+    ///@}
     /// The information panel, after panelClicked.
     void informationClicked();
 

@@ -45,10 +45,13 @@ class frmSplash;
 
 /// What the main window needs of the world; everything outlives it.
 struct MainWindowContext {
+    /// What stands behind the seam, and what the process is doing.
+    ///@{
     Host& host;
     DisplayWindows& displayWindows;
     Automation& automation;
     ProcessFlags& flags;
+    ///@}
     frmSplash& splash;                    ///< serves as about box
     QString windowTitle;                  ///< says so when the host is simulated
     std::function<void()> endProcess;     ///< the last step of the exit operation
@@ -57,6 +60,7 @@ struct MainWindowContext {
     ReportSurroundings report = {};       ///< what a packed report tells of the start
 };
 
+/// One for the life of the process. It owns board, image, stage and all dialogs. User-interface thread.
 class frmOcuva final : public QMainWindow,
                        public StageMover,
                        private CameraMainWindow,
@@ -80,6 +84,8 @@ public:
     void initialiseCamera();
 
     // Operations that other windows call.
+    /// As StageWatch, MonitorSizing, Overlays and nearScaleValue say.
+    ///@{
     void SyncStageMove(Integer axis) override { m_watch.SyncStageMove(axis); }
     void UpdateStagePos() { m_watch.UpdateStagePos(); }
     void ComputeImageSize(bool bInit, Integer nZoom) { m_sizing.ComputeImageSize(bInit, nZoom); }
@@ -90,26 +96,37 @@ public:
     void ShowGrid(bool bShow) { m_overlays->ShowGrid(bShow); }
     void DrawMicroMarker() override { m_overlays->DrawMicroMarker(); }
     static Integer ComputeNearScaleVal(Integer value) { return nearScaleValue(value); }
+    ///@}
     /// Moves the stage so that the clicked point comes to the reference point; lengths in twips.
     void moveToPoint(const ClickOnImage& click);
     /// Shows the stage position of a place of the picture, in twips on milDisp, in the position panels.
     void showPointedPosition(Single x, Single y);
+    /// One focus search of the host from begin to end; an error goes to the log alone.
     void DoFocus() override;
+    /// Puts the video board down.
     void Shutdown();
 
     /// Runs a command as its menu item, shortcut or toolbar key does.
     void run(Command command);
 
+    /// The image's sizes as they are now.
     const MonitorFields& fields() const override { return m_sizing.fields(); }
+    /// There after Load.
+    ///@{
     CTnVideoBoard& cxvbBoard() { return *m_board; }
     CTnVideoImage& vimage() { return *m_image; }
+    ///@}
+    /// Its MoveEnd is handled here.
     CTnStage& cxsStage() override { return m_stage; }
     /// The calibration of picture against stage; the one accepted last unless another was computed since.
     Calibration& calibration() { return m_pictureOnStage->calibration(); }
+    /// The calibration and its dialog.
     PictureOnStage& pictureOnStage() { return *m_pictureOnStage; }
+    /// The list of standards and the move dialog.
     Standards& standards() { return *m_standards; }
     /// The set-up dialog as it was opened last; null before that.
     frmSetup* setupDialog() { return m_frmSetup.get(); }
+    /// There after Load.
     Pictures& pictures() { return *m_pictures; }
 
     /// The images that the toolbar chooses from: small and large, plain, under the pointer, disabled.
@@ -118,22 +135,30 @@ public:
     /// Asks for the file of a standard; the common open-file dialog unless set otherwise.
     std::function<QString(const QString& folder)> chooseStandard;
     /// Ask for the file of a picture; the common dialogs unless set otherwise.
+    ///@{
     std::function<QString(const QString& folder)> choosePictureToOpen;
     std::function<QString(const QString& folder)> choosePictureToSave;
+    ///@}
     /// Asks for the file of a report, suggesting one; the common save dialog unless set otherwise.
     std::function<QString(const QString& suggested)> chooseReport;
 
+    /// The controls and timers, by their names.
+    ///@{
     MainToolbar* tbMain = nullptr;
     StatusBar* sbMain = nullptr;
     QTimer* tServerCheckIdle = nullptr;
     QTimer* tStageMove = nullptr;
     QTimer* tInitTBMain = nullptr;
+    ///@}
 
+    /// The parts of the window.
+    ///@{
     HelpMenu& help() { return m_help; }
     const MainMenu& menu() const { return *m_menu; }
     const MonitorPanels& panels() const { return *m_panels; }
     const Overlays& overlays() const { return *m_overlays; }
     const UpDownPanel& upDown() const { return *m_upDown; }
+    ///@}
 
 protected:
     void resizeEvent(QResizeEvent* event) override;

@@ -7,6 +7,7 @@ class QPushButton;
 
 namespace ocuva {
 
+/// Made once. It names the product and its version.
 class frmSplash final : public QDialog {
     Q_OBJECT
 

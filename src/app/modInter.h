@@ -11,21 +11,27 @@
 
 namespace ocuva {
 
+/// What the start needs of the world; everything outlives it.
 struct StartContext {
+    /// What stands behind the seam.
+    ///@{
     Host& host;
     DisplayWindows& displayWindows;
     Automation& automation;
+    ///@}
     std::string commandLine;                    ///< the words after the program's name, as they were typed
     std::function<bool()> anotherCopyIsRunning; ///< asked once, after the command line has been scanned
-    QString windowTitle;
-    std::function<void()> endProcess;
-    int minuteMs = modServer::idleTickMs; ///< a minute of the idle clock, in milliseconds on the wall
-    JournalSink journal = {};             ///< told what is done to the instrument
-    ReportSurroundings report = {};       ///< what a packed report tells of the start
+    QString windowTitle;                        ///< says so when the host is simulated
+    std::function<void()> endProcess;           ///< the last step of the exit operation
+    int minuteMs = modServer::idleTickMs;       ///< a minute of the idle clock, in milliseconds on the wall
+    JournalSink journal = {};                   ///< told what is done to the instrument
+    ReportSurroundings report = {};             ///< what a packed report tells of the start
 };
 
+/// Owns the windows. User-interface thread.
 class modInter {
 public:
+    /// Nothing is shown and no host call is made before Main.
     explicit modInter(const StartContext& context);
     ~modInter();
 
@@ -33,9 +39,12 @@ public:
     /// at once.
     bool Main();
 
+    /// There once Main has returned true; the flags before, too.
+    ///@{
     const ProcessFlags& flags() const { return m_flags; }
     frmOcuva& mainWindow() { return *m_frmOcuva; }
     frmSplash& splash() { return *m_frmSplash; }
+    ///@}
 
 private:
     StartContext m_context;
