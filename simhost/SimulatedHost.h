@@ -17,6 +17,7 @@
 
 namespace simhost {
 
+/// What is around the host; what is left out is its own.
 struct SimulatedHostOptions {
     /// Where stores, standards, log and "simulator.ini" are; made and seeded where needed. Empty: the user's
     /// own.
@@ -42,6 +43,8 @@ public:
     explicit SimulatedHost(SimulatedHostOptions options);
     ~SimulatedHost() override;
 
+    /// ocuva::Host.
+    ///@{
     ocuva::TnReg& tn_reg() override;
     ocuva::TnLog& tn_log() override;
     ocuva::TnLogKeys& Tn_log() override;
@@ -51,9 +54,10 @@ public:
     ocuva::TnVideo& tn_video() override;
     ocuva::TnVduti& tn_vduti() override;
     std::unique_ptr<ocuva::Notifier> createNotifier() override;
+    ///@}
 
-    // What no real host tells: the truth, for tests and for the bench.
-
+    /// What no real host tells: the truth, for tests and for the bench.
+    ///@{
     const Truth& truth() const;
     const SurfaceShape& trueSurface() const;
     FieldSize trueField();
@@ -61,6 +65,7 @@ public:
     VideoBoard& board();
     Clock& clock();
     const std::filesystem::path& dataFolder() const;
+    ///@}
 
 private:
     struct Libraries;

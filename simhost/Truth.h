@@ -9,6 +9,7 @@
 
 namespace simhost {
 
+/// Computed afresh at each question, at the clock's time.
 class Truth {
 public:
     /// All outlive the truth.

@@ -9,10 +9,14 @@
 
 namespace simhost {
 
+/// One message, as a notifier hands it on.
 struct BusMessage {
+    /// Bytes in the platform's 8-bit text; the bus does not look into them.
+    ///@{
     std::string component;
     std::string subComponent;
     std::string id;
+    ///@}
 
     bool operator==(const BusMessage&) const = default;
 };
@@ -31,10 +35,11 @@ enum class FrameState {
     malformed, ///< no frame and no beginning of one; the stream cannot be read any further
 };
 
+/// What the beginning of a stream holds.
 struct DecodedFrame {
-    FrameState state = FrameState::incomplete;
-    std::size_t usedBytes = 0; ///< length of the frame when complete
-    BusMessage message;        ///< filled when complete
+    FrameState state = FrameState::incomplete; ///< usedBytes and message count only when complete
+    std::size_t usedBytes = 0;                 ///< length of the frame when complete
+    BusMessage message;                        ///< filled when complete
 };
 
 /// Reads the frame at the beginning of a stream. Never asks for more than busFrameMaxBytes.
@@ -44,9 +49,12 @@ DecodedFrame decodeBusFrame(std::string_view bytes);
 /// letter; an empty filter all; a text that is neither nothing.
 class BusFilter {
 public:
+    /// Never throws; what is not understood lets nothing through.
     explicit BusFilter(std::string_view text = {});
 
+    /// Whether the text is empty or of the form "DST_APP=X".
     bool isUnderstood() const { return m_kind != Kind::none; }
+    /// Looks at the component alone.
     bool letsThrough(const BusMessage& message) const;
 
 private:

@@ -23,6 +23,7 @@ namespace simhost {
 /// arrives while a receiver runs waits until that returns, even when the receiver runs an event loop itself.
 class BusNotifier final : public ocuva::Notifier {
 public:
+    /// Listens nowhere yet.
     explicit BusNotifier(std::shared_ptr<const PeerFolder> peers);
     ~BusNotifier() override;
 

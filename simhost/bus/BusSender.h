@@ -32,6 +32,7 @@ inline constexpr std::chrono::milliseconds busStallLimit{2000};
 /// Used on the thread that made it, which needs an event loop for what waits.
 class BusSender {
 public:
+    /// Looks for peers at each send.
     explicit BusSender(std::shared_ptr<const PeerFolder> peers);
     /// Flushes.
     ~BusSender();

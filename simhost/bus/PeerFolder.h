@@ -22,6 +22,7 @@ struct Peer {
 /// alone; a folder that is another user's, or that others may write to, is not used. Any thread.
 class PeerFolder {
 public:
+    /// The folder is not looked at yet. An empty log keeps silent.
     PeerFolder(const std::filesystem::path& dataFolder, BusLog log);
 
     /// Makes the peer's file, whole at once. False, after a log line, when that cannot be done.
@@ -33,6 +34,7 @@ public:
     /// Nothing when the file is gone or is none of ours.
     std::optional<Peer> read(const std::string& peerName) const;
 
+    /// One line to whoever was named at the making.
     void log(const std::string& line) const;
 
 private:

@@ -8,6 +8,7 @@
 
 namespace simhost {
 
+/// Milliseconds, as doubles.
 class Clock {
 public:
     virtual ~Clock() = default;
@@ -29,11 +30,13 @@ public:
 /// Wall time, run faster or slower by a factor (2 = twice as fast; 0.01 to 1000).
 class RealClock final : public Clock {
 public:
+    /// A factor out of range is brought to its nearest end.
     explicit RealClock(double timeFactor = 1.0);
     double nowMs() const override;
     void spend(double ms) override;
     bool isVirtual() const override { return false; }
     double wallMs(double ms) const override { return ms / m_timeFactor; }
+    /// Simulated milliseconds for each one on the wall.
     double timeFactor() const { return m_timeFactor; }
 
 private:
@@ -55,13 +58,14 @@ public:
     /// A part of the world that acts at times of its own (the camera): `nextDueMs` names the next one
     /// (infinity for none), `act` is called when it is reached, on the advancing thread.
     struct Ticker {
-        std::function<double()> nextDueMs;
-        std::function<void(double nowMs)> act;
+        std::function<double()> nextDueMs;     ///< time of its next act, on this clock
+        std::function<void(double nowMs)> act; ///< what it does then
         /// Called at the end of each advance, for what is worth doing only once; may be empty.
         std::function<void()> settle = {};
     };
     /// Tickers are added and removed while time stands; returns a number for removeTicker.
     int addTicker(Ticker ticker);
+    /// A number that is not in use does nothing.
     void removeTicker(int number);
 
 private:

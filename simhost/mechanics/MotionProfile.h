@@ -18,6 +18,7 @@ struct MotionState {
     double velocity = 0.0; ///< stage units per second
 };
 
+/// Times in milliseconds of the clock.
 class MotionProfile {
 public:
     /// An axis that stands for ever.
@@ -31,13 +32,16 @@ public:
     /// Adds a further way, gone when the one before has stopped.
     void append(double target, MotionLimits limits);
 
+    /// Before the beginning, the state that it began with.
     MotionState stateAt(double timeMs) const;
 
     /// Where something is at a time that the axis pushes along with play: it was at `carried` when the
     /// profile began, and stays within [axis, axis + play]. So going up pushes it, going down first takes up
     /// the play.
     double carriedAt(double timeMs, double carried, double play) const;
+    /// From when on it stands.
     double endMs() const { return m_endMs; }
+    /// Where it comes to stand.
     double target() const { return m_target; }
 
 private:

@@ -15,25 +15,32 @@ namespace simhost {
 
 /// One axis. Units are stage units (micrometres) and seconds.
 struct AxisSettings {
-    ocuva::Long lower = 0; ///< limit, reached
-    ocuva::Long upper = 0; ///< limit, reached
-    double speed = 0.0;
-    double acceleration = 0.0;
-    ocuva::Long start = 0;    ///< position when the simulated host starts; pulled inside the limits
-    ocuva::Long backlash = 0; ///< how far the approach move goes away, 0 or more
+    ocuva::Long lower = 0;     ///< limit, reached
+    ocuva::Long upper = 0;     ///< limit, reached
+    double speed = 0.0;        ///< units per second
+    double acceleration = 0.0; ///< units per second squared
+    ocuva::Long start = 0;     ///< position when the simulated host starts; pulled inside the limits
+    ocuva::Long backlash = 0;  ///< how far the approach move goes away, 0 or more
 };
 
+/// The axes of the stage as it is built.
 struct StageSettings {
+    /// X, Y and Z: by default a stage of 50 mm in the plane and 2 mm in height.
+    ///@{
     AxisSettings x{-25000, 25000, 8000.0, 40000.0, 0, 10};
     AxisSettings y{-25000, 25000, 8000.0, 40000.0, 0, 10};
     AxisSettings z{-1000, 1000, 200.0, 2000.0, 0, 10};
+    ///@}
 };
 
 /// A place of the stage between whole units, as the camera sees it while the stage moves.
 struct StagePoint {
+    /// Stage units.
+    ///@{
     double x = 0.0;
     double y = 0.0;
     double z = 0.0;
+    ///@}
 };
 
 /// Commands and readings of the stage by axis code: 1 = X, 2 = Y, 3 = Z, and 0 = all where an operation says
@@ -69,6 +76,7 @@ public:
     /// On a virtual clock each answer takes statusReadMs, so that a loop that does nothing but ask comes to
     /// its end, as it does on real hardware.
     bool isMoving(ocuva::Long axis, bool& moving);
+    /// Both ends can be reached.
     bool limits(ocuva::Long axis, ocuva::Long& lower, ocuva::Long& upper) const;
 
     /// All three axes at one instant, between whole units: where the motors are.

@@ -7,6 +7,7 @@
 
 namespace simhost {
 
+/// One axis.
 struct AxisWear {
     double play = 0.0;           ///< stage units, 0 or more; a move up takes it up
     double driftPerMinute = 0.0; ///< stage units
@@ -24,8 +25,8 @@ struct StageWear {
     /// The axis that stalls, 0 for none: stallAfter units from where a move began it stops, reports that it
     /// moves until stallTimeoutMs later, and then stands short of its target.
     ocuva::Long stallAxis = 0;
-    double stallAfter = 0.0;
-    double stallTimeoutMs = 3000.0;
+    double stallAfter = 0.0;        ///< stage units
+    double stallTimeoutMs = 3000.0; ///< simulated milliseconds
 
     /// Something else that sends X, once each period, to an absolute target so far above or below where it
     /// was bound for, in turn. 0 for nothing.

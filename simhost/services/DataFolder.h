@@ -9,6 +9,7 @@
 
 namespace simhost {
 
+/// Where the files of one simulated host are.
 class DataFolder {
 public:
     /// Looks a variable of the environment up; nothing when it is not set.
@@ -17,8 +18,10 @@ public:
     /// OCUVA_DATA where it is set and not empty; else "Ocuva" in the place for a user's data: %LOCALAPPDATA%
     /// on Windows, elsewhere $XDG_DATA_HOME if absolute, or $HOME/.local/share. Without any of them it is in
     /// the system's folder for temporary files.
+    ///@{
     static std::filesystem::path locate();
     static std::filesystem::path locate(const Environment& environment);
+    ///@}
 
     /// Makes the folder where needed and seeds it at its first start. A seeding that was cut short is
     /// completed by the next open; a completed one is never repeated, so what the user deletes stays deleted.
@@ -28,9 +31,12 @@ public:
 
     /// Absolute.
     const std::filesystem::path& path() const { return m_path; }
+    /// In it; what they name may be gone.
+    ///@{
     std::filesystem::path standards() const { return m_path / "standards"; }
     std::filesystem::path simulatorConfig() const { return m_path / "simulator.ini"; }
     std::filesystem::path logFile() const { return m_path / "tarn.log"; }
+    ///@}
 
 private:
     explicit DataFolder(std::filesystem::path path)

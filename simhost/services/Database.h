@@ -14,6 +14,7 @@ namespace simhost {
 /// One thread at a time.
 class Database {
 public:
+    /// The log outlives it; the folder need not be there.
     Database(std::filesystem::path standardsFolder, HostLog& log);
 
     /// A handle onto an empty object, above 0; 0 for any type but "OCUVASTD" (with a log line).

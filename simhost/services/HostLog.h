@@ -18,6 +18,7 @@ namespace simhost {
 /// (base/FileRotation.h); no call ever waits for another process. Any thread.
 class LineFile {
 public:
+    /// Nothing is written yet.
     explicit LineFile(std::filesystem::path path, ocuva::FileLimit limit = {})
         : m_path(std::move(path))
         , m_limit(limit) {}
@@ -28,6 +29,7 @@ public:
     /// From the next line on; not while another thread appends.
     void limitTo(const ocuva::FileLimit& limit) { m_limit = limit; }
 
+    /// As given at its making.
     const std::filesystem::path& path() const { return m_path; }
 
 private:
@@ -47,11 +49,13 @@ public:
     /// nowText gives the time stamp of a line; without one it is the local time. It is called under a lock.
     explicit HostLog(std::filesystem::path path, std::function<std::string()> nowText = {});
 
+    /// One line.
     void line(std::string_view text) noexcept;
 
     /// Another limit than that of FileLimit itself, from the next line on.
     void limitTo(const ocuva::FileLimit& limit);
 
+    /// As given at its making.
     const std::filesystem::path& path() const { return m_file.path(); }
 
 private:

@@ -25,8 +25,10 @@
 
 namespace simhost {
 
+/// The text of one file, as it is: what nobody changes keeps every byte.
 class IniText {
 public:
+    /// A larger text is refused.
     static constexpr std::size_t maxBytes = 16u * 1024u * 1024u;
 
     /// An empty text: every read finds nothing.
@@ -37,6 +39,7 @@ public:
     /// end-of-file mark 0x1A; or no section although there are lines that are neither blank nor comments.
     static std::optional<IniText> parse(std::string text, std::string* reason = nullptr);
 
+    /// As it was read, with the changes since.
     const std::string& text() const { return m_text; }
 
     /// The value as read (trimmed, unquoted); nothing when section or key is absent, "" when it is empty.

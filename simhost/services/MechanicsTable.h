@@ -7,9 +7,9 @@ namespace simhost {
 
 /// Grade "ideal" has the setting's default, which spoils nothing. A key that is given overrides its grade.
 struct GradedSetting {
-    SimSetting setting;
-    double inStatic;  ///< grade "static": wrong, but always in the same way
-    double inDynamic; ///< grade "dynamic": also changes while one looks
+    SimSetting setting; ///< its default is that of grade "ideal"
+    double inStatic;    ///< grade "static": wrong, but always in the same way
+    double inDynamic;   ///< grade "dynamic": also changes while one looks
 };
 
 namespace settings {

@@ -14,7 +14,7 @@ namespace simhost {
 
 /// What changes when somebody writes a file or puts another in its place.
 struct FileStamp {
-    std::uint64_t size = 0;
+    std::uint64_t size = 0; ///< bytes
     std::int64_t modifiedNs =
         0;                      ///< since 1970; as fine as the file system's clock, which may tick in seconds
     std::int64_t changedNs = 0; ///< last change of content, name or rights; 0 where the system has none
@@ -25,12 +25,14 @@ struct FileStamp {
 /// Nothing when there is no such file.
 std::optional<FileStamp> fileStamp(const std::filesystem::path& file);
 
+/// What a file held, or why nothing was read.
 struct FileReading {
+    /// absent is no problem; the others have left text empty.
     enum class State { absent, read, tooLarge, unreadable };
-    State state = State::absent;
-    std::string text;    ///< when read
-    FileStamp stamp;     ///< when read or too large: as it was before the first byte was read
-    std::string problem; ///< when unreadable
+    State state = State::absent; ///< which of them
+    std::string text;            ///< when read
+    FileStamp stamp;             ///< when read or too large: as it was before the first byte was read
+    std::string problem;         ///< when unreadable
 };
 
 /// Reads a regular file of at most maxBytes; anything but a regular file is unreadable.
@@ -44,8 +46,9 @@ std::filesystem::path asidePath(const std::filesystem::path& file);
 /// time (hold a FileLock).
 std::string replaceFile(const std::filesystem::path& file, std::string_view text);
 
+/// How an append went.
 struct Appending {
-    std::string problem;
+    std::string problem;          ///< the system's words; empty on success
     std::size_t writtenBytes = 0; ///< of a piece that failed; a disk may have room for its beginning only
 };
 

@@ -15,11 +15,18 @@ namespace simhost {
 
 /// One setting: where it stands, its default and the range that is accepted, both ends included.
 struct SimSetting {
+    /// Where it stands in the file.
+    ///@{
     const char* section;
     const char* key;
+    ///@}
+    /// In the unit that the comment tells.
     double defaultValue;
+    /// Both are accepted.
+    ///@{
     double lowest;
     double highest;
+    ///@}
     const char* comment; ///< meaning and unit, as the seeded file tells it
 };
 
@@ -93,6 +100,7 @@ std::string defaultSimConfigText();
 /// value is the number alone; nothing may stand behind it. One thread at a time.
 class SimConfig {
 public:
+    /// The log outlives it.
     SimConfig(const std::filesystem::path& file, HostLog& log);
     /// The same for what was read already; the file's name is for the log.
     SimConfig(FileReading reading, std::filesystem::path file, HostLog& log);
@@ -104,8 +112,11 @@ public:
     ocuva::Long getLong(std::string_view section, std::string_view key, ocuva::Long defaultValue,
                         ocuva::Long lowest, ocuva::Long highest);
 
+    /// The same with section, key, default and range of a row of the table.
+    ///@{
     double getDouble(const SimSetting& setting);
     ocuva::Long getLong(const SimSetting& setting);
+    ///@}
 
     /// The sample that the [Optics] settings describe.
     SurfaceShape surface();

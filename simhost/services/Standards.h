@@ -23,18 +23,22 @@ namespace simhost {
 inline constexpr const char* standardType = "OCUVASTD"; ///< type name of the database object, and the section
 inline constexpr std::size_t maxStandardBytes = 1024u * 1024u;
 
+/// Where a standard is.
 struct StagePosition {
-    ocuva::Long x = 0; ///< stage units
+    /// Stage units.
+    ///@{
+    ocuva::Long x = 0;
     ocuva::Long y = 0;
     ocuva::Long z = 0;
+    ///@}
     bool operator==(const StagePosition&) const = default;
 };
 
 /// What one file holds.
 struct StandardFile {
-    std::string name;
-    std::optional<StagePosition> position;
-    std::string problem; ///< why the file is no standard; empty when it is one
+    std::string name;                      ///< as the file gives it, else the file's own
+    std::optional<StagePosition> position; ///< nothing where the file gives none
+    std::string problem;                   ///< why the file is no standard; empty when it is one
 };
 
 StandardFile readStandardFile(const std::filesystem::path& file);
@@ -48,9 +52,9 @@ std::string standardText(const std::string& name, const StagePosition& position)
 
 /// A standard that sits on the stage.
 struct StandardMount {
-    std::string name;
-    ocuva::Long x = 0; ///< stage units
-    ocuva::Long y = 0;
+    std::string name;  ///< of the standard
+    ocuva::Long x = 0; ///< its middle, stage units
+    ocuva::Long y = 0; ///< its middle, stage units
     ocuva::Long z = 0; ///< the focus at its middle
 };
 

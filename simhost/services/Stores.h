@@ -43,10 +43,12 @@ public:
 
     /// The stored value, or the default when store, section or key is absent (getInt: or the value begins
     /// with no whole number of 32 bits). An empty value is a value to getString.
+    ///@{
     ocuva::Long getInt(std::string_view section, std::string_view key, ocuva::Long defaultValue,
                        std::string_view store);
     std::string getString(std::string_view section, std::string_view key, std::string_view defaultValue,
                           std::string_view store);
+    ///@}
 
     /// On the disk when it returns true. False, with a log line, when it could not be written or IniText
     /// refuses it.
@@ -55,8 +57,10 @@ public:
 
     /// Number of entries of a section, and the entry of a number counted from 1 as "key=value"; "" for a
     /// number out of range.
+    ///@{
     ocuva::Long entryCount(std::string_view section, std::string_view store);
     std::string entry(std::string_view section, ocuva::Long number, std::string_view store);
+    ///@}
 
     /// A number that is another one whenever the store's content is: who reads often keeps what he read
     /// together with this number. Costs one look at the file's stamp while nothing changes. Numbers of

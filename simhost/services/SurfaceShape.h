@@ -11,6 +11,7 @@ struct SurfaceShape {
     double tiltY = 0.0;     ///< units of Z per unit of Y
     double curvature = 0.0; ///< units of Z per square unit of distance from x = y = 0
 
+    /// Stage units of Z; x and y are true stage positions.
     double at(double x, double y) const {
         return height + tiltX * x + tiltY * y + curvature * (x * x + y * y);
     }
