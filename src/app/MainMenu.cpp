@@ -2,7 +2,9 @@
 
 #include "report/Report.h"
 
-#include <QCoreApplication>
+#include <QAbstractSpinBox>
+#include <QApplication>
+#include <QLineEdit>
 
 namespace ocuva {
 
@@ -76,6 +78,14 @@ QAction* addItem(QMenuBar& bar, QMenu* menu, Kind kind, const QString& caption) 
     return kind == Kind::Separator ? menu->addSeparator() : menu->addAction(caption);
 }
 
+bool drives(Command command) { return command == Command::Backlash || command == Command::Focus; }
+
+bool somebodyTypes() {
+    const QWidget* const focused = QApplication::focusWidget();
+    return qobject_cast<const QLineEdit*>(focused) != nullptr ||
+           qobject_cast<const QAbstractSpinBox*>(focused) != nullptr;
+}
+
 } // namespace
 
 bool MainMenu::isAvailable(Command command) { return command != Command::PackReport || canPackReports(); }
@@ -97,7 +107,11 @@ MainMenu::MainMenu(QMenuBar& bar, const std::function<void(Command)>& run) {
         if (*row.tip != '\0') {
             action->setStatusTip(QCoreApplication::translate("MainMenu", row.tip));
         }
-        QObject::connect(action, &QAction::triggered, &bar, [run, command = row.command] { run(command); });
+        QObject::connect(action, &QAction::triggered, &bar, [run, command = row.command] {
+            if (!drives(command) || !somebodyTypes()) {
+                run(command);
+            }
+        });
         m_actions[row.name] = action;
     }
 }

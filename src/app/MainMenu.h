@@ -47,8 +47,9 @@ public:
 
     /// Throws std::out_of_range for a name that no entry has.
     QAction* action(std::string_view name) const;
-    /// Lets the commands' function keys (F1 to F9, without Shift) work while that window is the active one.
-    /// It may go before the menu does, and the other way round.
+    /// Lets the commands' function keys (F1 to F9, without Shift) work while that window is the active one,
+    /// but those that drive the stage not while somebody types in one of its fields. It may go before the
+    /// menu does, and the other way round.
     void lendFunctionKeys(QWidget& window) const;
     /// Whether the command can be run in this build of the program, wherever it is reached from.
     static bool isAvailable(Command command);

@@ -2,6 +2,7 @@
 
 #include "tests/app/WindowRig.h"
 
+#include <QLineEdit>
 #include <QStatusTipEvent>
 
 using namespace ocuva;
@@ -146,6 +147,24 @@ TEST_F(NextStep, TheKeysOfTheCommandsWorkInSetupAndInTheCalibrationToo) {
         host.calls.clear();
         QTest::keyClick(dialog, Qt::Key_F4);
         EXPECT_THAT(host.calls, testing::Contains("TarnAutoFocusExt(-1)")) << name;
+    }
+}
+
+TEST_F(NextStep, NoFunctionKeyDrivesTheStageWhileOneTypesInAField) {
+    action("Picture")->trigger();
+    action("mnuSetup")->trigger();
+    for (const char* name : {"frmSetupStage", "frmSetup"}) {
+        auto* dialog = child<QDialog>(name);
+        ASSERT_NE(dialog, nullptr) << name;
+        QApplication::setActiveWindow(dialog);
+        auto* field = dialog->findChild<QLineEdit*>();
+        ASSERT_NE(field, nullptr) << name;
+        field->setFocus();
+        ASSERT_EQ(QApplication::focusWidget(), field) << name;
+        host.calls.clear();
+        QTest::keyClick(field, Qt::Key_F4);
+        QTest::keyClick(field, Qt::Key_F6);
+        EXPECT_THAT(host.calls, testing::IsEmpty()) << name;
     }
 }
 
