@@ -39,7 +39,7 @@ HOST_FUNCTION TarnLong TARN_CALL TarnLoadStageRelSecure(TarnLong axis, TarnSingl
     if (!is_axis(axis)) {
         return 0;
     }
-    return load(axis, (double)(loaded[axis] ? target[axis] : position[axis]) + distance);
+    return load(axis, (double)position[axis] + distance);
 }
 
 HOST_FUNCTION TarnLong TARN_CALL TarnReadStagePos(TarnLong axis, TarnLong* read) {

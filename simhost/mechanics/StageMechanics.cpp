@@ -139,7 +139,9 @@ bool StageMechanics::loadRelative(Long axis, double distance) {
     if (refuses || one == nullptr || !whole) {
         return false;
     }
-    const std::int64_t target = std::int64_t{one->boundFor()} + *whole;
+    // From where it is and not from where it is bound for: the program has counted the distance from a
+    // position that it read, or a picture that it showed, just now.
+    const std::int64_t target = std::int64_t{ocuva::toLong(one->positionAt(nowMs))} + *whole;
     if (target < one->settings.lower || target > one->settings.upper) {
         return false;
     }

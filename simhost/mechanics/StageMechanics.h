@@ -46,9 +46,8 @@ struct StagePoint {
 /// Commands and readings of the stage by axis code: 1 = X, 2 = Y, 3 = Z, and 0 = all where an operation says
 /// so. Every operation answers false to any other axis and changes nothing then.
 ///
-/// A move is loaded first and set going afterwards. Loads before the start build on each other: an absolute
-/// load replaces the loaded target, a relative one is added to it. With nothing loaded a relative load counts
-/// from where the axis stands or, while it moves, from the target that it is bound for. A refused load leaves
+/// A move is loaded first and set going afterwards; of several loads before a start the last one counts. A
+/// relative load counts from where the axis is at that moment, also while it moves. A refused load leaves
 /// what was loaded before. Targets are whole units (half to even), so an axis always stands on one.
 ///
 /// Any thread may call; where the axis is follows from the clock alone.

@@ -165,8 +165,8 @@ TarnLong TARN_CALL TarnStartStage(TarnLong axis);
 /* Loads an absolute target for axis 1, 2 or 3 (rounded to whole units); TarnStartStage sets it going.
  * Non-zero when it was taken; a target outside the limits is refused. */
 TarnLong TARN_CALL TarnLoadStageAbs(TarnLong axis, TarnSingle target);
-/* Loads a move relative to where the axis stands or, while it moves, is bound for. Refused (zero, nothing
- * loaded) when the target would leave the limits. */
+/* Loads a move relative to the axis's present position, also while it moves. Refused (zero, nothing loaded)
+ * when the target would leave the limits. */
 TarnLong TARN_CALL TarnLoadStageRelSecure(TarnLong axis, TarnSingle distance);
 /* Present position of axis 1, 2 or 3. Non-zero on success. */
 TarnLong TARN_CALL TarnReadStagePos(TarnLong axis, TarnLong* position);
