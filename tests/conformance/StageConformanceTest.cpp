@@ -147,8 +147,8 @@ TEST_P(StageConformance, NumbersThatAreNoDistanceAreRefused) {
     EXPECT_EQ(stage().TarnStartStage(1), 0);
 }
 
-// Guards against a place typed, or clicked on the image, during a move that the stage then misses: the program
-// counts the distance from where it has just read, or seen, that the stage is.
+// Guards against a place typed, or clicked on the image, during a move that the stage then misses: the
+// program counts the distance from where it has just read, or seen, that the stage is.
 TEST_P(StageConformance, ARelativeMoveOfAMovingAxisCountsFromWhereItIs) {
     constexpr TarnLong readLate = 300; // units that an axis may go between the read and the load
     const TarnLong wanted = at(1) - 1000;
