@@ -36,12 +36,14 @@ FormerFile::~FormerFile() {
 
 std::error_code FormerFile::moveAway() {
     std::error_code error;
-    if (std::filesystem::is_directory(m_target, error)) {
+    // Asked beforehand: Windows' rename tells a file that is not there like a disk that fails.
+    const auto type = std::filesystem::symlink_status(m_target, error).type();
+    if (type == std::filesystem::file_type::not_found || std::filesystem::is_directory(m_target, error)) {
         return {};
     }
     std::filesystem::rename(m_target, m_path, error);
     m_movedAway = !error;
-    return error == std::errc::no_such_file_or_directory ? std::error_code() : error;
+    return error;
 }
 
 void FormerFile::drop() {
