@@ -47,13 +47,27 @@ bool drain(QLocalSocket& socket, qint64 bytesLeft) {
     return true;
 }
 
+void closeWhenWritten(std::unique_ptr<QLocalSocket> socket) {
+    QLocalSocket* remaining = socket.release();
+    QObject::connect(remaining, &QLocalSocket::disconnected, remaining, &QObject::deleteLater);
+    remaining->disconnectFromServer();
+}
+
 } // namespace
 
 BusSender::BusSender(std::shared_ptr<const PeerFolder> peers)
     : m_peers(std::move(peers))
     , m_machine(machineName()) {}
 
-BusSender::~BusSender() { flush(); }
+BusSender::~BusSender() {
+    flush();
+    for (auto& [name, connection] : m_connections) {
+        if (isOfThisProcess(name) && isConnected(connection.socket.get()) &&
+            connection.socket->bytesToWrite() > 0) {
+            closeWhenWritten(std::move(connection.socket));
+        }
+    }
+}
 
 int BusSender::send(const BusMessage& message, const std::string& exceptPeer) {
     const auto frame = encodeBusFrame(message);
@@ -156,7 +170,10 @@ void BusSender::forget(const std::string& peerName, const Connection& connection
 
 void BusSender::flush() {
     for (auto& [name, connection] : m_connections) {
-        if (isConnected(connection.socket.get()) && !connection.stuck && !drain(*connection.socket, 0)) {
+        // A peer of this process may be on this very thread: it cannot read while we wait, and it ends with
+        // us.
+        if (!isOfThisProcess(name) && isConnected(connection.socket.get()) && !connection.stuck &&
+            !drain(*connection.socket, 0)) {
             m_peers->log("Messages: a peer has stopped reading; what waits for it may be lost");
             connection.stuck = true;
         }

@@ -36,14 +36,18 @@ QStringList socketPlaces() {
 
 #endif
 
+std::string processPrefix() { return std::to_string(QCoreApplication::applicationPid()) + '-'; }
+
 } // namespace
 
 std::string machineName() { return QSysInfo::machineHostName().toStdString(); }
 
 std::string newPeerName() {
     const QString random = QString::number(QRandomGenerator::system()->generate64(), 36);
-    return (QString::number(QCoreApplication::applicationPid()) + QLatin1Char('-') + random).toStdString();
+    return processPrefix() + random.toStdString();
 }
+
+bool isOfThisProcess(const std::string& peerName) { return peerName.starts_with(processPrefix()); }
 
 bool listenForUser(QLocalServer& server, const std::string& peerName) {
     server.setSocketOptions(QLocalServer::UserAccessOption);

@@ -13,6 +13,9 @@ std::string machineName();
 /// A name that no other notifier has or had.
 std::string newPeerName();
 
+/// Whether newPeerName gave that name in this process.
+bool isOfThisProcess(const std::string& peerName);
+
 /// Lets the server listen under a name made from the peer name, for this user alone. The socket lies in the
 /// first of the user's runtime folder, the folder for temporary files and /tmp whose path leaves room for its
 /// name; the data folder would often be too deep. False when none serves.

@@ -19,6 +19,8 @@ namespace simhost {
 
 namespace {
 
+#ifndef _WIN32 // the memory is read from /proc
+
 /// What bus_load says of itself while it counts.
 struct Tally {
     int heard = 0;
@@ -79,6 +81,8 @@ TEST(BusUnderLoad, LosesNoneOfAHundredThousandMessagesOfFourSendersAndLeavesTheM
     EXPECT_LT(tallies.back().residentKiB, tallies.front().residentKiB + toleratedKiB);
 }
 
+#endif
+
 TEST(BusUnderLoad, TakesFromEverySenderInTurn) {
     Place place;
     MessageBus bus = place.makeBus();
@@ -128,6 +132,9 @@ TEST(BusUnderLoad, IsHarmedByNoGarbage) {
         sockets.back()->write(bytes.data(), static_cast<qint64>(bytes.size()));
         sockets.back()->flush();
         bus.sendByName("good " + std::to_string(i));
+        if (i % 100 == 99) {
+            letEverythingArrive(); // Windows has places for so many callers at the door, and refuses the next
+        }
     }
     const auto goodOnes = [&receiver] {
         std::set<std::string> found;

@@ -115,6 +115,7 @@ public:
     bool says(const std::function<bool(const std::string& said)>& what) {
         return eventually([&] {
             m_said += m_process.readAllStandardOutput().toStdString();
+            std::erase(m_said, '\r'); // of Windows' line ends
             return what(m_said);
         });
     }
@@ -144,7 +145,8 @@ inline void sendRaw(const Place& place, const std::string& bytes) {
     socket.connectToServer(socketOf(place));
     ASSERT_TRUE(socket.waitForConnected());
     socket.write(bytes.data(), static_cast<qint64>(bytes.size()));
-    socket.flush();
+    EXPECT_TRUE(eventually(
+        [&] { return socket.bytesToWrite() == 0 || socket.state() != QLocalSocket::ConnectedState; }));
 }
 
 } // namespace simhost
