@@ -1,6 +1,7 @@
 #include "display/MicroMarkerPanel.h"
 #include "display/TwipsGeometry.h"
 #include "tests/app/WindowRig.h"
+#include "tests/support/Pattern.h"
 
 using namespace ocuva;
 using testing::Contains;
@@ -31,7 +32,7 @@ struct OverlaysOnTheWindow : WindowRig {
     std::string label() { return marker().lbMicroMarker->text().toStdString(); }
     int barPixels() { return marker().LineMicroMarker()[0].X2 - marker().LineMicroMarker()[0].X1; }
     std::string setting(const char* key) {
-        return host.settings[std::string("Ocuva.INI|Configuration|") + key];
+        return host.settings[std::string("Ocuva.INI|Configuration|").append(key)];
     }
     bool visible(const OverlayFigure& figure) {
         const auto& bars = figure.bars();
@@ -286,7 +287,7 @@ TEST_F(InformationPanel, SaysThatTheImageIsNotLiveUntilFramesComeBack) {
     EXPECT_EQ(panel("Info"), "Live   1:2   400x");
     EXPECT_TRUE(check->isActive());
     ASSERT_TRUE(QTest::qWaitFor([this] { return panel("Info").rfind("Not live since ", 0) == 0; }));
-    EXPECT_THAT(panel("Info"), testing::MatchesRegex("Not live since [0-2][0-9]:[0-5][0-9]:[0-6][0-9] .*"));
+    EXPECT_THAT(panel("Info"), HasForm("Not live since [0-2][0-9]:[0-5][0-9]:[0-6][0-9] .*"));
     EXPECT_FALSE(check->isActive());
 
     auto frame = std::make_shared<Frame>();

@@ -1,6 +1,7 @@
 #include "app/PackReport.h"
 
 #include "tests/app/WindowRig.h"
+#include "tests/support/Pattern.h"
 
 #include <QDir>
 #include <QFile>
@@ -38,7 +39,7 @@ TEST_F(PackReportCommand, SuggestsADatedNamePacksIntoTheChosenFileAndSaysWhereIt
     const QString name = target.filePath(QStringLiteral("a.zip"));
     packAs(name);
     EXPECT_THAT(QFileInfo(suggested.value(0)).fileName().toStdString(),
-                testing::MatchesRegex("ocuva-report-[0-9]{8}-[0-9]{4}"));
+                HasForm("ocuva-report-[0-9]{8}-[0-9]{4}"));
     EXPECT_GT(QFileInfo(name).size(), 0);
     EXPECT_THAT(child<QWidget>("Info")->toolTip().toStdString(),
                 testing::HasSubstr("Report saved: '" + name.toStdString() + "'"));

@@ -433,7 +433,7 @@ TEST_F(PictureDialogs, OfferBothTypesSuggestVideoAndFollowTheChosenTypeWithTheEx
     EXPECT_EQ(suggested, QStringLiteral("Video"));
     EXPECT_EQ(suffix, QStringLiteral("tif"));
     EXPECT_EQ(suffixOfBmp, QStringLiteral("bmp"));
-    EXPECT_EQ(name, path("Video.bmp"));
+    EXPECT_EQ(name, QDir::toNativeSeparators(path("Video.bmp")));
 }
 
 TEST_F(PictureDialogs, GiveNoNameWhenTheyAreCancelled) {

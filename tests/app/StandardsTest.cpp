@@ -269,7 +269,8 @@ TEST_F(MoveDialog, AsksForStandardsInTheHostsDirectoryAndStartsFromItsPattern) {
         nameEdit->setText(QStringLiteral("Albite")); // the extension is added
         static_cast<QDialog*>(dialog)->accept();
     });
-    EXPECT_EQ(chooseStandardFile(window(), folder.path()), folder.filePath(QStringLiteral("Albite.std")));
+    EXPECT_EQ(chooseStandardFile(window(), folder.path()),
+              QDir::toNativeSeparators(folder.filePath(QStringLiteral("Albite.std"))));
 }
 
 TEST_F(MoveDialog, ChangesNothingWhenTheFileDialogIsCancelled) {

@@ -2,10 +2,9 @@
 // The whole program on a stub host, as Main starts it.
 
 #include "app/modInter.h"
+#include "tests/support/OwnRegistry.h"
 #include "tests/support/StubHost.h"
 
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QTest>
 
 #include <gmock/gmock.h>
@@ -13,7 +12,6 @@
 namespace ocuva {
 
 struct WindowRig : testing::Test {
-    QTemporaryDir registry; // the toolbar layout must not come from, or go to, the developer's own
     StubHost host;
     DisplayWindows windows;
     NoAutomation automation;
@@ -23,7 +21,7 @@ struct WindowRig : testing::Test {
     bool anotherCopy = false;
     std::unique_ptr<modInter> inter;
 
-    WindowRig() { QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, registry.path()); }
+    WindowRig() { emptyRegistry(); }
 
     bool start(const std::string& commandLine = "") {
         inter = std::make_unique<modInter>(

@@ -1,6 +1,7 @@
+#include "support/OwnRegistry.h"
+
 #include <QApplication>
-#include <QSettings>
-#include <QTemporaryDir>
+#include <QFont>
 
 #include <gmock/gmock.h>
 
@@ -11,9 +12,13 @@ int main(int argc, char** argv) {
         qputenv("QT_QPA_PLATFORM", "offscreen");
     }
     const QApplication application(argc, argv);
-    // Windows remember their places; not in the developer's own settings.
-    const QTemporaryDir registry;
-    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, registry.path());
+#ifdef _WIN32
+    // The offscreen platform does not know the system's usual font there.
+    QFont font(QStringLiteral("DejaVu Sans"));
+    font.setPointSizeF(8.25);
+    QApplication::setFont(font);
+#endif
+    const ocuva::OwnRegistry registry;
     testing::InitGoogleMock(&argc, argv);
     return RUN_ALL_TESTS();
 }

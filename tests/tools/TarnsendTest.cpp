@@ -36,7 +36,12 @@ struct Tarnsend {
         EXPECT_EQ(process.exitStatus(), QProcess::NormalExit);
         return process.exitCode();
     }
-    std::string out() { return process.readAllStandardOutput().toStdString(); }
+    /// With plain line ends, whatever the system's are.
+    std::string out() {
+        return process.readAllStandardOutput()
+            .replace(QByteArrayLiteral("\r\n"), QByteArrayLiteral("\n"))
+            .toStdString();
+    }
     std::string err() { return process.readAllStandardError().toStdString(); }
 };
 

@@ -1,6 +1,7 @@
 #include "app/help/HelpPictures.h"
 #include "app/help/HelpWindow.h"
 #include "controls/WindowPlace.h"
+#include "tests/support/OwnRegistry.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
@@ -8,7 +9,6 @@
 #include <QPainter>
 #include <QScreen>
 #include <QScrollBar>
-#include <QSettings>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTextBlock>
@@ -21,12 +21,11 @@ namespace ocuva {
 namespace {
 
 struct HelpRig : testing::Test {
-    QTemporaryDir registry; // the size must not come from, or go to, the developer's own
     QTemporaryDir place;
     HelpView view;
 
     HelpRig() {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, registry.path());
+        emptyRegistry();
         view.resize(600, 300);
         view.show();
     }

@@ -3,12 +3,12 @@
 #include "ToolbarRig.h"
 #include "app/toolbar/ToolbarLayout.h"
 #include "app/toolbar/ToolbarLayoutStore.h"
+#include "tests/support/OwnRegistry.h"
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QSettings>
-#include <QTemporaryDir>
-#include <QUuid>
 
 using namespace ocuva;
 
@@ -18,16 +18,6 @@ std::string restored(const char* from) {
     const auto layout = ToolbarLayout::fromText(text(from));
     return layout ? layout->text().toStdString() : "refused";
 }
-
-// Sends the per-user store to a folder of the test's own.
-struct StoreFolder {
-    explicit StoreFolder(const QString& path) {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, path);
-    }
-    ~StoreFolder() { QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, QDir::homePath()); }
-    StoreFolder(const StoreFolder&) = delete;
-    StoreFolder& operator=(const StoreFolder&) = delete;
-};
 
 } // namespace
 
@@ -103,18 +93,13 @@ TEST(ToolbarLayout, RemovingWhatIsNotThereIsRefused) {
 }
 
 TEST(ToolbarLayoutStore, WhatIsSavedIsLoadedByTheNextRun) {
-    const QTemporaryDir folder;
-    const StoreFolder store(folder.path());
-    const QString title = QUuid::createUuid().toString(); // a registry keeps what an earlier test wrote
-    EXPECT_EQ(ToolbarLayoutStore(title).load(), QString());
-    EXPECT_TRUE(ToolbarLayoutStore(title).save(text("Setup,Sep1,Save")));
-    EXPECT_EQ(ToolbarLayoutStore(title).load(), text("Setup,Sep1,Save"));
-    QSettings(QSettings::NativeFormat, QSettings::UserScope, text("Brem"), title).clear();
+    emptyRegistry();
+    EXPECT_EQ(ToolbarLayoutStore().load(), QString());
+    EXPECT_TRUE(ToolbarLayoutStore().save(text("Setup,Sep1,Save")));
+    EXPECT_EQ(ToolbarLayoutStore().load(), text("Setup,Sep1,Save"));
 }
 
 TEST(ToolbarLayoutStore, TheLayoutLiesUnderTheNamesOfTheRegistryKey) {
-    const QTemporaryDir folder;
-    const StoreFolder store(folder.path());
     ASSERT_TRUE(ToolbarLayoutStore().save(text("Grid")));
     const QSettings key(QSettings::NativeFormat, QSettings::UserScope, text("Brem"), text("Ocuva"));
     EXPECT_EQ(key.value(text("CustomToolbar/MainToolbar")).toString(), text("Grid"));
@@ -122,8 +107,6 @@ TEST(ToolbarLayoutStore, TheLayoutLiesUnderTheNamesOfTheRegistryKey) {
 }
 
 TEST(ToolbarLayoutStore, TitlesKeepTheirLayoutsApart) {
-    const QTemporaryDir folder;
-    const StoreFolder store(folder.path());
     ASSERT_TRUE(ToolbarLayoutStore(text("One")).save(text("Grid")));
     EXPECT_EQ(ToolbarLayoutStore(text("Two")).load(), QString());
 }
@@ -131,17 +114,13 @@ TEST(ToolbarLayoutStore, TitlesKeepTheirLayoutsApart) {
 #ifndef _WIN32 // a registry is no file that can be blocked or edited by hand
 
 TEST(ToolbarLayoutStore, AWriteThatFailsIsReported) {
-    const QTemporaryDir folder;
-    QFile inTheWay(folder.filePath(text("file")));
-    ASSERT_TRUE(inTheWay.open(QIODevice::WriteOnly));
-    inTheWay.close();
-    const StoreFolder store(inTheWay.fileName() + text("/below"));
+    const QString path =
+        QSettings(QSettings::NativeFormat, QSettings::UserScope, text("Brem"), text("Unwritable")).fileName();
+    ASSERT_TRUE(QDir().mkpath(path)); // a folder in the file's place
     EXPECT_FALSE(ToolbarLayoutStore(text("Unwritable")).save(text("Grid")));
 }
 
 TEST(ToolbarLayoutStore, AFileEditedByHandWithoutQuotesIsUnderstood) {
-    const QTemporaryDir folder;
-    const StoreFolder store(folder.path());
     const ToolbarLayoutStore edited(text("Edited"));
     ASSERT_TRUE(edited.save(text("Save")));
     const QString path =

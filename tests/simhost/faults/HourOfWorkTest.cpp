@@ -4,10 +4,9 @@
 #include "simhost/SimulatedHost.h"
 #include "simhost/faults/HostFunctions.h"
 #include "tests/simhost/services/TempFolder.h"
+#include "tests/support/OwnRegistry.h"
 
 #include <QMessageBox>
-#include <QSettings>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
@@ -54,7 +53,7 @@ struct Findings {
 class Workplace {
 public:
     Workplace() {
-        QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, m_registry.path());
+        emptyRegistry();
         configure("");
         simhost::SimulatedHostOptions options;
         options.dataFolder = m_folder.path();
@@ -164,7 +163,6 @@ private:
         found.answered = m_notifier->sent == "OCUVA_SERVER_IS_UP";
     }
 
-    QTemporaryDir m_registry;
     TempFolder m_folder;
     std::shared_ptr<simhost::VirtualClock> m_clock = std::make_shared<simhost::VirtualClock>();
     DisplayWindows m_windows;

@@ -166,9 +166,9 @@ TEST(DataFolder, AFileInItsPlaceIsToldInOneSentence) {
 TEST(DataFolder, APlaceWhereNothingCanBeMadeIsToldWithTheReason) {
     const TempFolder temp;
     temp.write("file", "");
-    EXPECT_THAT(
-        errorOf(temp / "file/data"),
-        AllOf(HasSubstr('"' + (temp / "file/data").string() + "\" cannot be created: "), EndsWith(".")));
+    const auto folder = temp / "file" / "data";
+    EXPECT_THAT(errorOf(folder),
+                AllOf(HasSubstr('"' + folder.string() + "\" cannot be created: "), EndsWith(".")));
     EXPECT_THAT(errorOf(""), HasSubstr("its name is empty"));
 }
 

@@ -1,11 +1,13 @@
 #include "simhost/services/UniqueKey.h"
 
+#include "tests/support/Pattern.h"
+
 #include <gmock/gmock.h>
 #include <set>
 
 TEST(UniqueKey, IsAUuidOfLowerCaseDigits) {
     EXPECT_THAT(simhost::uniqueKey(),
-                testing::MatchesRegex("[0-9a-f]{8}-[0-9a-f]{4}-4[0-9a-f]{3}-[89ab][0-9a-f]{3}-[0-9a-f]{12}"));
+                ocuva::HasForm("[0-9a-f]{8}-[0-9a-f]{4}-4[0-9a-f]{3}-[89ab][0-9a-f]{3}-[0-9a-f]{12}"));
 }
 
 TEST(UniqueKey, NoTwoAreEqual) {
