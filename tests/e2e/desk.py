@@ -154,9 +154,7 @@ class Desk:
         wait_until(lambda: self._try("xdotool", "get_num_desktops"), "The window manager did not come up")
         if self._wine:
             # A Wine stays with the display that it was started on, so this desk has one of its own.
-            made = Path(os.environ["WINEPREFIX"])
-            shutil.copytree(made, self.folder / "wine", symlinks=True, ignore=shutil.ignore_patterns("windows"))
-            (self.folder / "wine" / "drive_c" / "windows").symlink_to(made / "drive_c" / "windows")
+            shutil.copytree(os.environ["OCUVA_FRESH_WINE"], self.folder / "wine", symlinks=True)
             self._env["WINEPREFIX"] = str(self.folder / "wine")
             self._place_asker = self._start(str(self._places), log="places.log", stdin=subprocess.PIPE,
                                             stdout=subprocess.PIPE, text=True)
@@ -257,6 +255,9 @@ class Desk:
 
     def activate(self, window):
         self._do("xdotool", "windowactivate", "--sync", window)
+        if self._wine:
+            # Wine gives the keys to the window that Windows takes for the active one, which follows a little later.
+            wait_until(lambda: self.place(0) == self.area(window), "The window does not get the keys")
 
     # -- hands and eyes
 
