@@ -130,9 +130,9 @@ bool PointRows::hasEmptyBoxes() const {
         .has_value();
 }
 
-std::optional<std::size_t> PointRows::firstWithout(std::initializer_list<PointField> fields) const {
+std::optional<std::size_t> PointRows::firstWithout(std::initializer_list<PointField> wanted) const {
     for (std::size_t i = 0; i < m_rows.size(); ++i) {
-        if (isInUse(i) && std::any_of(fields.begin(), fields.end(), [this, i](PointField field) {
+        if (isInUse(i) && std::any_of(wanted.begin(), wanted.end(), [this, i](PointField field) {
                 return box(i, field)->text().isEmpty();
             })) {
             return i;

@@ -45,7 +45,7 @@ public:
     /// Whether a box of a row in use is empty.
     bool hasEmptyBoxes() const;
     /// The first row in use with one of these boxes empty.
-    std::optional<std::size_t> firstWithout(std::initializer_list<PointField> fields) const;
+    std::optional<std::size_t> firstWithout(std::initializer_list<PointField> wanted) const;
     /// Puts the texts into the boxes of that point.
     void setPoint(std::size_t point, const PointTexts& texts);
     /// Empties all boxes.
