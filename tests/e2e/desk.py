@@ -143,7 +143,7 @@ class Desk:
                 if not key.startswith(("QT_", "OCUVA_", "XDG_", "WAYLAND_", "DBUS_"))}
         self._env = kept | {
             "DISPLAY": f":{number}",
-            "QT_QPA_PLATFORM": "windows" if self._wine else "xcb",
+            "QT_QPA_PLATFORM": "xcb",  # which Wine does not pass on
             "LC_ALL": "C.UTF-8",
             "OCUVA_DATA": str(self.folder / "data"),
             "XDG_CONFIG_HOME": str(self.folder / "config"),
