@@ -215,7 +215,7 @@ private:
     void enableMoveTimer(bool on) override;
     void showPosition(Integer axis, const std::string& text) override;
     void moveTakesLong() override;
-    void watchedMoveEnded(bool moved) override;
+    void watchedMoveEnded() override;
 
     // CameraMainWindow
     void enableAcq(bool on) override;

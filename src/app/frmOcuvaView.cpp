@@ -40,7 +40,6 @@ void frmOcuva::showPosition(Integer axis, const std::string& text) {
 namespace {
 
 QString stageMoves() { return frmOcuva::tr("Stage moving"); }
-QString stageDidNotMove() { return frmOcuva::tr("Stage did not move"); }
 
 } // namespace
 
@@ -48,15 +47,7 @@ void frmOcuva::moveTakesLong() {
     m_information->showNote(stageMoves(), tr("X, Y and Z are shown when it stands"));
 }
 
-void frmOcuva::watchedMoveEnded(bool moved) {
-    m_information->takeOff(stageMoves());
-    if (moved) {
-        m_information->takeOff(stageDidNotMove());
-    } else {
-        m_information->showNote(
-            stageDidNotMove(), tr("It was there already, or the move was refused: at a limit, or not ready"));
-    }
-}
+void frmOcuva::watchedMoveEnded() { m_information->takeOff(stageMoves()); }
 
 ScreenMetrics frmOcuva::screen() const { return screenMetrics(); }
 

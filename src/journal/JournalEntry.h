@@ -14,9 +14,6 @@ struct JournalPosition {
     Long x = 0; ///< stage units
     Long y = 0; ///< stage units
     Long z = 0; ///< stage units
-
-    /// Whether all three axes stand at the same place.
-    bool operator==(const JournalPosition&) const = default;
 };
 
 /// One line of the journal but for its time.

@@ -44,7 +44,7 @@ void StageWatch::moveEnded() {
     UpdateStagePos();
     if (wasWatched) {
         note(m_journal, {"move", m_from, m_shown, "ended"});
-        m_view.watchedMoveEnded(m_ticksMoving > 0 || m_from != m_shown);
+        m_view.watchedMoveEnded();
     }
 }
 

@@ -34,9 +34,8 @@ public:
     virtual void showPosition(Integer axis, const std::string& text) = 0;
     /// The watched move has run for longMoveTicks.
     virtual void moveTakesLong() {}
-    /// The watched move has ended, and the position is shown. Not moved: no tick saw the stage moving, and it
-    /// stands where it stood, because it was there already or the host refused the move.
-    virtual void watchedMoveEnded(bool /*moved*/) {}
+    /// The watched move has ended, and the position is shown.
+    virtual void watchedMoveEnded() {}
 };
 
 /// The states above, one object for the life of the window. User-interface thread.
