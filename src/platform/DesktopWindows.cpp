@@ -9,10 +9,13 @@ namespace ocuva {
 
 namespace {
 
-/// Null for a window that the system does not know: not made yet, or on a platform without real windows.
+/// Null unless the system knows it for a window of this process: one that is not made yet, or on a platform
+/// without real windows, whose numbers can be those of another program's.
 HWND systemWindow(WId id) {
     const auto window = reinterpret_cast<HWND>(id);
-    return IsWindow(window) != FALSE ? window : nullptr;
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    return process == GetCurrentProcessId() ? window : nullptr;
 }
 
 LONG_PTR moduleInstance(HWND window) { return GetWindowLongPtrA(window, GWLP_HINSTANCE); }
