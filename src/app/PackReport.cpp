@@ -109,10 +109,7 @@ QString chooseReportFile(QWidget& owner, const QString& suggested) {
     offerKinds(dialog, reportKinds);
     // Without its extension, so that it gets that of the type chosen.
     dialog.selectFile(QFileInfo(suggested).fileName());
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
-        return {};
-    }
-    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
+    return chosenFile(dialog);
 }
 
 PackReport::PackReport(PackReportContext context)

@@ -17,13 +17,6 @@ const auto pictureKinds = QStringLiteral("TIFF (*.tif):*.tif"
                                          "|BMP (*.bmp):*.bmp");
 const auto folderPath = QStringLiteral("Pictures/Folder");
 
-QString run(QFileDialog& dialog) {
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
-        return {};
-    }
-    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
-}
-
 QSettings store() {
     return {QSettings::NativeFormat, QSettings::UserScope, QString::fromLatin1(registryOrganisation),
             QString::fromLatin1(productTitle)};
@@ -36,7 +29,7 @@ QString choosePictureToOpen(QWidget& owner, const QString& folder) {
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
     offerKinds(dialog, pictureKinds);
-    return run(dialog);
+    return chosenFile(dialog);
 }
 
 QString choosePictureToSave(QWidget& owner, const QString& folder) {
@@ -45,7 +38,7 @@ QString choosePictureToSave(QWidget& owner, const QString& folder) {
     dialog.setFileMode(QFileDialog::AnyFile);
     offerKinds(dialog, pictureKinds);
     dialog.selectFile(QString::fromLatin1(defaultName));
-    return run(dialog);
+    return chosenFile(dialog);
 }
 
 QString PictureFolder::last() const {

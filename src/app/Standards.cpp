@@ -3,7 +3,6 @@
 #include "controls/FileFilter.h"
 #include "standards/StandardText.h"
 
-#include <QDir>
 #include <QFileDialog>
 
 namespace ocuva {
@@ -80,10 +79,7 @@ QString chooseStandardFile(QWidget& owner, const QString& folder) {
     dialog.setAcceptMode(QFileDialog::AcceptOpen);
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.selectFile(QStringLiteral("*") + QString::fromLatin1(extension));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
-        return {};
-    }
-    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
+    return chosenFile(dialog);
 }
 
 } // namespace ocuva

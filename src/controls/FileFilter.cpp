@@ -1,5 +1,6 @@
 #include "controls/FileFilter.h"
 
+#include <QDir>
 #include <QStringList>
 
 namespace ocuva {
@@ -27,6 +28,13 @@ void offerKinds(QFileDialog& dialog, const QString& filter) {
             }
         }
     });
+}
+
+QString chosenFile(QFileDialog& dialog) {
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) {
+        return {};
+    }
+    return QDir::toNativeSeparators(dialog.selectedFiles().constFirst());
 }
 
 } // namespace ocuva

@@ -1,5 +1,5 @@
 #pragma once
-// The kinds of files that a file dialog offers, written as one text.
+// The kinds of files that a file dialog offers, written as one text, and the file that is chosen.
 
 #include <QFileDialog>
 #include <QList>
@@ -23,5 +23,8 @@ QList<FileKind> fileKinds(const QString& filter);
 /// Lets the dialog offer the kinds of that text. A name typed without extension gets that of the kind
 /// chosen, the first one at the beginning.
 void offerKinds(QFileDialog& dialog, const QString& filter);
+
+/// Runs the dialog. Gives the full name in the system's notation, empty when the operator cancels.
+QString chosenFile(QFileDialog& dialog);
 
 } // namespace ocuva

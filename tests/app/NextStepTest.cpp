@@ -26,6 +26,16 @@ struct NextStep : WindowRig {
         QStatusTipEvent event(tip);
         QCoreApplication::sendEvent(window().menuBar(), &event);
     }
+    // The set-up and the calibration dialog, open; the one that is asked for is the active window.
+    QDialog& dialogWithKeys(const char* name) {
+        action("Picture")->trigger();
+        action("mnuSetup")->trigger();
+        auto* dialog = child<QDialog>(name);
+        EXPECT_NE(dialog, nullptr) << name;
+        QApplication::setActiveWindow(dialog);
+        host.calls.clear();
+        return *dialog;
+    }
     // Presses a Z button and lets its move be watched for as many ticks as the stage moves, and one more.
     void stepZ(int ticksMoving) {
         window().upDown().cmdUp[0]->click();
@@ -125,30 +135,18 @@ TEST_F(NextStep, TheEndOfAMoveLeavesANoteAboutSomethingElse) {
 }
 
 TEST_F(NextStep, TheKeysOfTheCommandsWorkInSetupAndInTheCalibrationToo) {
-    action("Picture")->trigger();
-    action("mnuSetup")->trigger();
     for (const char* name : {"frmSetupStage", "frmSetup"}) {
-        auto* dialog = child<QDialog>(name);
-        ASSERT_NE(dialog, nullptr) << name;
-        QApplication::setActiveWindow(dialog);
-        host.calls.clear();
-        QTest::keyClick(dialog, Qt::Key_F4);
+        QTest::keyClick(&dialogWithKeys(name), Qt::Key_F4);
         EXPECT_THAT(host.calls, testing::Contains("TarnAutoFocusExt(-1)")) << name;
     }
 }
 
 TEST_F(NextStep, NoFunctionKeyDrivesTheStageWhileOneTypesInAField) {
-    action("Picture")->trigger();
-    action("mnuSetup")->trigger();
     for (const char* name : {"frmSetupStage", "frmSetup"}) {
-        auto* dialog = child<QDialog>(name);
-        ASSERT_NE(dialog, nullptr) << name;
-        QApplication::setActiveWindow(dialog);
-        auto* field = dialog->findChild<QLineEdit*>();
+        auto* field = dialogWithKeys(name).findChild<QLineEdit*>();
         ASSERT_NE(field, nullptr) << name;
         field->setFocus();
         ASSERT_EQ(QApplication::focusWidget(), field) << name;
-        host.calls.clear();
         QTest::keyClick(field, Qt::Key_F4);
         QTest::keyClick(field, Qt::Key_F6);
         EXPECT_THAT(host.calls, testing::IsEmpty()) << name;
