@@ -95,8 +95,13 @@ private:
             fail("more");
         }
         const std::size_t end = m_rest.find('\n');
+        if (end == std::string_view::npos) {
+            // A file that was cut off ends like this, perhaps in the middle of a number that still reads as
+            // one.
+            fail("the end of the line");
+        }
         std::string_view line = m_rest.substr(0, end);
-        m_rest.remove_prefix(end == std::string_view::npos ? m_rest.size() : end + 1);
+        m_rest.remove_prefix(end + 1);
         if (!line.empty() && line.back() == '\r') {
             line.remove_suffix(1);
         }

@@ -24,8 +24,9 @@ std::filesystem::path descriptionName(const std::filesystem::path& pictureName);
 /// separated by commas, lines ended by CR LF. 12 lines for two points, 14 for three.
 std::string descriptionText(const CalibrationPoints& points);
 
-/// Reads such a text back. Lines may end with LF alone and blanks may stand round an item; everything else
-/// that the lines do not allow is refused with the number of the line.
+/// Reads such a text back. Lines may end with LF alone and blanks may surround an item; everything else that
+/// the lines do not allow is refused with the number of the line, also a last line without its end: the file
+/// may have been cut off inside a number.
 CalibrationPoints parseDescription(std::string_view text);
 
 /// Writes the text of a description under that very name.

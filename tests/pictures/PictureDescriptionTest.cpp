@@ -5,6 +5,7 @@
 #include <iterator>
 
 using namespace ocuva;
+using testing::AllOf;
 using testing::HasSubstr;
 
 namespace {
@@ -83,7 +84,17 @@ TEST(PictureDescription, IsReadWithPlainLineFeedsAndBlanksRoundItsItems) {
     }
     EXPECT_EQ(parseDescription(text), threePoints);
     EXPECT_EQ(parseDescription(replaced(text, "-320,240,5", " -320 ,\t240,5 ")), threePoints);
-    EXPECT_EQ(parseDescription(text.substr(0, text.size() - 1)), threePoints);
+}
+
+TEST(PictureDescription, CutOffInsideItsLastLineIsRefusedWithThatLinesNumber) {
+    const std::size_t lastLine = threePointText.rfind("0,-1,7");
+    for (std::size_t length = lastLine + 1; length < threePointText.size(); ++length) {
+        EXPECT_THAT(errorOf(threePointText.substr(0, length)), HasSubstr("Line 14 ")) << length;
+    }
+    const std::string longNumber = replaced(threePointText, "0,-1,7", "0,-1,1234567");
+    EXPECT_THAT(errorOf(longNumber.substr(0, longNumber.size() - 5)),
+                AllOf(HasSubstr("Line 14 "), HasSubstr("the end of the line was expected")));
+    EXPECT_THAT(errorOf(twoPointText.substr(0, twoPointText.size() - 2)), HasSubstr("Line 12 "));
 }
 
 TEST(PictureDescription, NamesTheLineThatDoesNotParse) {
