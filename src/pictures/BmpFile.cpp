@@ -6,7 +6,9 @@
 #include <QtEndian>
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 namespace ocuva {
@@ -36,27 +38,100 @@ QImage forWriter(const Picture& picture) {
     return image;
 }
 
-// Qt fills the rest of a picture that is cut off with black; the header tells how long the file must be.
-bool isCutOff(QFile& file, const QSize& size) {
-    constexpr qint64 headerBytes = 34;
-    constexpr qint64 dataOffsetAt = 10;
-    constexpr qint64 bitsAt = 28;
-    constexpr qint64 compressionAt = 30;
-    constexpr quint32 runLength8 = 1;
-    constexpr quint32 runLength4 = 2;
-    const QByteArray header = file.peek(headerBytes);
-    if (header.size() < headerBytes) {
-        return true;
+constexpr quint32 os2Header = 12;
+constexpr quint32 windowsHeader = 40;
+constexpr quint32 os2SecondHeader = 64;
+
+constexpr quint32 uncompressed = 0;
+constexpr quint32 runLength8 = 1;
+constexpr quint32 runLength4 = 2;
+constexpr quint32 bitFields = 3;
+
+// What a BMP says about itself, whichever of the headers it has.
+struct BmpHeader {
+    quint32 dataAt = 0;
+    quint32 bytes = 0; // of the header; it tells the kind
+    qint64 width = 0;
+    qint64 height = 0; // the sign, which means that the first row is the top one, is dropped
+    quint32 bits = 0;
+    quint32 compression = uncompressed;
+    qint64 dataBytes = 0; // 0: not given
+
+    bool isRunLength() const { return compression == runLength8 || compression == runLength4; }
+};
+
+BmpHeader headerOf(QFile& file) {
+    constexpr qint64 mostBytes = 38;
+    const QByteArray bytes = file.peek(mostBytes).leftJustified(mostBytes, '\0');
+    const auto at32 = [&bytes](int at) { return qFromLittleEndian<quint32>(bytes.constData() + at); };
+    const auto signedAt32 = [&bytes](int at) {
+        return std::abs(qint64{qFromLittleEndian<qint32>(bytes.constData() + at)});
+    };
+    const auto at16 = [&bytes](int at) { return qFromLittleEndian<quint16>(bytes.constData() + at); };
+    BmpHeader header;
+    header.dataAt = at32(10);
+    header.bytes = at32(14);
+    if (header.bytes == os2Header) {
+        header.width = at16(18);
+        header.height = at16(20);
+        header.bits = at16(24);
+        return header;
     }
-    const auto compression = qFromLittleEndian<quint32>(header.constData() + compressionAt);
-    if (compression == runLength8 || compression == runLength4) {
-        return false;
-    }
-    const auto start = qint64{qFromLittleEndian<quint32>(header.constData() + dataOffsetAt)};
-    const auto bits = qint64{qFromLittleEndian<quint16>(header.constData() + bitsAt)};
-    const qint64 line = (qint64{size.width()} * bits + 31) / 32 * 4;
-    return file.size() < start + line * size.height();
+    header.width = signedAt32(18);
+    header.height = signedAt32(22);
+    header.bits = at16(28);
+    header.compression = at32(30);
+    header.dataBytes = at32(34);
+    return header;
 }
+
+// Qt reads what is not a picture as one, or fills the rest of a picture that is cut off with black.
+QString refusal(const BmpHeader& header, qint64 fileBytes) {
+    constexpr std::array<quint32, 5> knownHeaders{os2Header, windowsHeader, os2SecondHeader, 108, 124};
+    constexpr qint64 maskBytes = 12;
+    if (std::find(knownHeaders.begin(), knownHeaders.end(), header.bytes) == knownHeaders.end()) {
+        return QStringLiteral("a BMP with a header of %1 bytes is not one that can be read")
+            .arg(header.bytes);
+    }
+    const bool fieldsAllowed = header.compression == bitFields && header.bytes != os2SecondHeader;
+    if (header.compression != uncompressed && !header.isRunLength() && !fieldsAllowed) {
+        return QStringLiteral("its compression (number %1) is not one that can be read")
+            .arg(header.compression);
+    }
+    if (header.width < 1 || header.height < 1) {
+        return QStringLiteral("it holds no picture");
+    }
+    if (header.width > largestSide || header.height > largestSide ||
+        header.width * header.height > mostPixels) {
+        return QStringLiteral("its %1 x %2 pixels are too many").arg(header.width).arg(header.height);
+    }
+    const qint64 line = (header.width * header.bits + 31) / 32 * 4;
+    const qint64 data = header.isRunLength() ? header.dataBytes : line * header.height;
+    if (fileBytes < header.dataAt + data) {
+        return QStringLiteral("it is cut off");
+    }
+    if (header.compression == bitFields && header.bytes == windowsHeader &&
+        header.dataAt < 14 + windowsHeader + maskBytes) {
+        return QStringLiteral("it does not say which bits belong to which colour");
+    }
+    return {};
+}
+
+// Qt reads no image that takes more than its limit, which is below the largest picture that is saved here.
+class RoomForLargestPicture {
+public:
+    RoomForLargestPicture() {
+        constexpr qint64 bytesPerPixel = 4;
+        constexpr qint64 bytesPerMiB = 1024 * 1024;
+        QImageReader::setAllocationLimit(static_cast<int>(mostPixels * bytesPerPixel / bytesPerMiB) + 1);
+    }
+    ~RoomForLargestPicture() { QImageReader::setAllocationLimit(m_before); }
+    RoomForLargestPicture(const RoomForLargestPicture&) = delete;
+    RoomForLargestPicture& operator=(const RoomForLargestPicture&) = delete;
+
+private:
+    int m_before = QImageReader::allocationLimit();
+};
 
 } // namespace
 
@@ -84,25 +159,17 @@ Picture readBmp(const std::filesystem::path& name) {
     if (!file.open(QIODevice::ReadOnly)) {
         fail(file.errorString());
     }
+    if (const QString reason = refusal(headerOf(file), file.size()); !reason.isEmpty()) {
+        fail(reason);
+    }
+    const RoomForLargestPicture room;
     QImageReader reader(&file, "bmp");
-    const QSize size = reader.size();
-    if (!size.isValid() || size.isEmpty()) {
-        fail(QStringLiteral("it is none"));
-    }
-    if (size.width() > largestSide || size.height() > largestSide ||
-        qint64{size.width()} * size.height() > mostPixels) {
-        fail(QStringLiteral("its %1 x %2 pixels are too many").arg(size.width()).arg(size.height()));
-    }
-    file.seek(0);
-    if (isCutOff(file, size)) {
-        fail(QStringLiteral("it is cut off"));
-    }
-    QImageReader whole(&file, "bmp");
     Picture picture;
-    picture.image = whole.read();
+    picture.image = reader.read();
     if (picture.image.isNull()) {
-        fail(whole.errorString());
+        fail(reader.errorString());
     }
+    picture.surplus.furtherChannels = picture.image.hasAlphaChannel() ? 1 : 0;
     picture.image.convertTo(picture.image.isGrayscale() && picture.image.format() == QImage::Format_Indexed8
                                 ? QImage::Format_Grayscale8
                                 : QImage::Format_RGB888);

@@ -12,8 +12,9 @@ namespace ocuva {
 /// PictureFileError.
 void writeBmp(const std::filesystem::path& name, const Picture& picture);
 
-/// Reads a BMP. It does not say whether its resolution is a microscope's or a printer's, so its scale is not
-/// known. Throws PictureFileError for what is none, damaged, cut off or too large.
+/// Reads a BMP of Windows or OS/2, whichever row comes first. It does not say whether its resolution is a
+/// microscope's or a printer's, so its scale is not known. Throws PictureFileError for what is none, damaged,
+/// cut off or too large.
 Picture readBmp(const std::filesystem::path& name);
 
 } // namespace ocuva

@@ -35,12 +35,23 @@ struct PictureNote {
     bool operator==(const PictureNote&) const = default;
 };
 
+/// What the file of a picture holds beyond what is read of it, and what saving the picture would therefore
+/// lose.
+struct FileSurplus {
+    bool furtherPages = false; ///< only the first is read
+    int bitsPerChannel = 8;    ///< more than 8 are reduced to 8
+    int furtherChannels = 0;   ///< beside those of the colours, such as transparency; they are not read
+
+    bool operator==(const FileSurplus&) const = default;
+};
+
 /// One picture, of the camera or from a file.
 struct Picture {
     QImage image; ///< Format_Grayscale8 or Format_RGB888, as files hold them; others are converted when saved
     PictureScale scale;             ///< of this image, whatever its zoom on the screen
     std::vector<PictureNote> notes; ///< in the order in which they are written
     QDateTime taken;                ///< local time; invalid when not known
+    FileSurplus surplus = {};       ///< of the file that it was read from
 };
 
 /// Pictures beyond these sizes are neither written nor read.

@@ -40,12 +40,20 @@ constexpr std::array<ByFirstBytes, 3> readers{{{"II", readTiff}, {"MM", readTiff
 QString text(const std::exception& error) { return QString::fromLocal8Bit(error.what()); }
 QString text(const std::error_code& error) { return QString::fromLocal8Bit(error.message()); }
 
-Writer writerFor(const std::filesystem::path& name) {
+// Null when no format goes by that name.
+Writer writerByExtension(const std::filesystem::path& name) {
     const QString extension = QFileInfo(nameOf(name)).suffix();
     for (const ByExtension& row : writers) {
         if (extension.compare(row.extension, Qt::CaseInsensitive) == 0) {
             return row.write;
         }
+    }
+    return nullptr;
+}
+
+Writer writerFor(const std::filesystem::path& name) {
+    if (const Writer writer = writerByExtension(name); writer != nullptr) {
+        return writer;
     }
     fail(name, QStringLiteral("its name must end in .tif or .bmp"));
 }
@@ -65,6 +73,8 @@ void checkTarget(const std::filesystem::path& name, const QImage& image) {
 }
 
 } // namespace
+
+bool canBeSavedAs(const std::filesystem::path& name) { return writerByExtension(name) != nullptr; }
 
 void savePicture(const std::filesystem::path& name, const Picture& picture, const CalibrationPoints& points) {
     const Writer write = writerFor(name);

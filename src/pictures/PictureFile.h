@@ -15,6 +15,9 @@ public:
     using PictureFileError::PictureFileError;
 };
 
+/// Whether savePicture() takes such a name.
+bool canBeSavedAs(const std::filesystem::path& name);
+
 /// Saves as BMP under a name that ends in ".bmp", and as TIFF under one that ends in ".tif" or ".tiff", in
 /// any letter case; refuses every other name. Picture and description are both written aside first; then the
 /// former description is taken away, the picture takes its place and after it the description, so that at no

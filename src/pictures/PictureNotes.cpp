@@ -1,7 +1,9 @@
 #include "pictures/PictureNotes.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <iterator>
 
 namespace ocuva {
 
@@ -34,6 +36,25 @@ QByteArray plain(QByteArray text) {
         c = c >= ' ' && c <= '~' ? c : '?';
     }
     return text.trimmed();
+}
+
+// Keys that say how pages and values are to be taken, as ImageJ documents them.
+struct StructuralKey {
+    const char* key;
+    bool ofValues; // otherwise of the pages
+};
+constexpr std::array<StructuralKey, 22> structuralKeys{
+    {{"images", false},  {"channels", false}, {"slices", false},    {"frames", false}, {"hyperstack", false},
+     {"mode", false},    {"loop", false},     {"finterval", false}, {"fps", false},    {"tunit", false},
+     {"spacing", false}, {"zunit", false},    {"zorigin", false},   {"min", true},     {"max", true},
+     {"cf", true},       {"c0", true},        {"c1", true},         {"c2", true},      {"c3", true},
+     {"c4", true},       {"vunit", true}}};
+
+const StructuralKey* structural(const QString& key) {
+    const auto* const found =
+        std::find_if(structuralKeys.begin(), structuralKeys.end(),
+                     [&key](const StructuralKey& one) { return key == QLatin1StringView(one.key); });
+    return found != structuralKeys.end() ? found : nullptr;
 }
 
 bool isKey(const QString& key) {
@@ -99,6 +120,22 @@ ReadNotes readImageDescription(const QByteArray& text) {
         }
     }
     return result;
+}
+
+std::vector<PictureNote> notesOfOnePage(const std::vector<PictureNote>& notes, int bitsPerChannel) {
+    std::vector<PictureNote> kept;
+    std::copy_if(notes.begin(), notes.end(), std::back_inserter(kept),
+                 [bitsPerChannel](const PictureNote& note) {
+                     const StructuralKey* key = structural(note.key);
+                     return key == nullptr || (key->ofValues && bitsPerChannel == 8);
+                 });
+    return kept;
+}
+
+bool tellOfFurtherPages(const std::vector<PictureNote>& notes) {
+    return std::any_of(notes.begin(), notes.end(), [](const PictureNote& note) {
+        return note.key == QLatin1StringView("images") && note.value.toDouble() > 1.0;
+    });
 }
 
 } // namespace ocuva

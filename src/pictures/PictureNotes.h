@@ -40,4 +40,12 @@ struct ReadNotes {
 /// Lines that are no KEY=VALUE are passed over.
 ReadNotes readImageDescription(const QByteArray& text);
 
+/// The notes that stay true of one page with 8 bits a channel. Those that describe a stack of pages
+/// ("images", "hyperstack" ...) are left out, and, when the values were not 8-bit ones, those that speak of
+/// values ("min", "max" ...).
+std::vector<PictureNote> notesOfOnePage(const std::vector<PictureNote>& notes, int bitsPerChannel);
+
+/// Whether the notes speak of more than one page; some files of several pages say it only there.
+bool tellOfFurtherPages(const std::vector<PictureNote>& notes);
+
 } // namespace ocuva

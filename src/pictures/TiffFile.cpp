@@ -4,22 +4,30 @@
 #include "pictures/PictureNotes.h"
 
 #include <QByteArray>
+#include <QFile>
+#include <QTransform>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cmath>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
 #include <memory>
+#include <optional>
 #include <system_error>
 #include <tiffio.h>
+#include <utility>
 #include <vector>
 
 namespace ocuva {
 
 namespace {
 
+// Of an image description no more than this is looked at: lines of KEY=VALUE need little, and a foreign one
+// may be as long as the file.
+constexpr std::size_t longestDescription = std::size_t{64} * 1024;
 constexpr const char* timeForm = "yyyy:MM:dd HH:mm:ss";
 // Strips of about this size: few calls, and a strip that had to be repacked is still in the cache when
 // written.
@@ -53,12 +61,18 @@ int swallowWarning(TIFF* /*file*/, void* /*data*/, const char* /*module*/, const
 
 using TiffHandle = std::unique_ptr<TIFF, decltype(&TIFFClose)>;
 
-TiffHandle open(const std::filesystem::path& name, const char* mode, Trouble& trouble) {
-    const std::unique_ptr<TIFFOpenOptions, decltype(&TIFFOpenOptionsFree)> options(TIFFOpenOptionsAlloc(),
-                                                                                   TIFFOpenOptionsFree);
+using Options = std::unique_ptr<TIFFOpenOptions, decltype(&TIFFOpenOptionsFree)>;
+
+Options optionsFor(Trouble& trouble) {
+    Options options(TIFFOpenOptionsAlloc(), TIFFOpenOptionsFree);
     TIFFOpenOptionsSetErrorHandlerExtR(options.get(), noteError, &trouble);
     TIFFOpenOptionsSetWarningHandlerExtR(options.get(), swallowWarning, nullptr);
     TIFFOpenOptionsSetMaxSingleMemAlloc(options.get(), mostMemory);
+    return options;
+}
+
+TiffHandle open(const std::filesystem::path& name, const char* mode, Trouble& trouble) {
+    const Options options = optionsFor(trouble);
     errno = 0;
 #ifdef _WIN32
     return {TIFFOpenWExt(name.c_str(), mode, options.get()), TIFFClose};
@@ -66,6 +80,52 @@ TiffHandle open(const std::filesystem::path& name, const char* mode, Trouble& tr
     return {TIFFOpenExt(name.c_str(), mode, options.get()), TIFFClose};
 #endif
 }
+
+// A file in memory, for the tiles that libtiff 4.5 reads only from a file that it may map: mapped from the
+// disk, somebody who cuts the file off meanwhile would end the program.
+class FileInMemory {
+public:
+    explicit FileInMemory(const std::filesystem::path& name) {
+        QFile file(nameOf(name));
+        if (file.open(QIODevice::ReadOnly) && file.size() <= mostMemory) {
+            m_bytes = file.readAll();
+        }
+    }
+
+    TiffHandle open(Trouble& trouble) {
+        const Options options = optionsFor(trouble);
+        return {TIFFClientOpenExt("", "r", this, read, write, seek, close, size, map, unmap, options.get()),
+                TIFFClose};
+    }
+
+private:
+    static FileInMemory& of(thandle_t handle) { return *static_cast<FileInMemory*>(handle); }
+    static tmsize_t read(thandle_t handle, void* into, tmsize_t bytes) {
+        FileInMemory& file = of(handle);
+        const tmsize_t there = std::clamp<tmsize_t>(file.m_bytes.size() - file.m_at, 0, bytes);
+        std::copy_n(file.m_bytes.constData() + file.m_at, there, static_cast<char*>(into));
+        file.m_at += there;
+        return there;
+    }
+    static tmsize_t write(thandle_t /*handle*/, void* /*from*/, tmsize_t /*bytes*/) { return 0; }
+    static toff_t seek(thandle_t handle, toff_t offset, int whence) {
+        FileInMemory& file = of(handle);
+        const tmsize_t from = whence == SEEK_CUR ? file.m_at : whence == SEEK_END ? file.m_bytes.size() : 0;
+        file.m_at = std::clamp<tmsize_t>(from + static_cast<tmsize_t>(offset), 0, file.m_bytes.size());
+        return static_cast<toff_t>(file.m_at);
+    }
+    static int close(thandle_t /*handle*/) { return 0; }
+    static toff_t size(thandle_t handle) { return static_cast<toff_t>(of(handle).m_bytes.size()); }
+    static int map(thandle_t handle, void** base, toff_t* bytes) {
+        *base = of(handle).m_bytes.data();
+        *bytes = size(handle);
+        return 1;
+    }
+    static void unmap(thandle_t /*handle*/, void* /*base*/, toff_t /*bytes*/) {}
+
+    QByteArray m_bytes;
+    tmsize_t m_at = 0;
+};
 
 [[noreturn]] void failWriting(const Trouble& trouble) {
     throw PictureFileError(trouble.text.isEmpty() ? QStringLiteral("the disk refused it") : trouble.text);
@@ -156,7 +216,6 @@ Layout layoutOf(TIFF* file) {
 // 0: not one of the plain layouts whose bytes are the picture's.
 int plainSamples(TIFF* file, const Layout& layout) {
     const bool plain = layout.bitsPerSample == 8 && layout.planar == PLANARCONFIG_CONTIG &&
-                       layout.orientation == ORIENTATION_TOPLEFT &&
                        layout.sampleFormat == SAMPLEFORMAT_UINT && TIFFIsTiled(file) == 0;
     if (plain && layout.samples == 1 && layout.photometric == PHOTOMETRIC_MINISBLACK) {
         return 1;
@@ -196,6 +255,8 @@ bool readAnyLayout(TIFF* file, const Layout& layout, QImage& image, Trouble& tro
         return false;
     }
     constexpr int stopOnError = 1;
+    // As it lies in the file: libtiff turns no picture on its side.
+    TIFFSetField(file, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
     if (TIFFReadRGBAImageOriented(file, layout.width, layout.height,
                                   reinterpret_cast<std::uint32_t*>(image.bits()), ORIENTATION_TOPLEFT,
                                   stopOnError) == 0) {
@@ -205,11 +266,28 @@ bool readAnyLayout(TIFF* file, const Layout& layout, QImage& image, Trouble& tro
     return true;
 }
 
+FileSurplus surplusOf(TIFF* file, const Layout& layout) {
+    const bool inThree = layout.photometric == PHOTOMETRIC_RGB || layout.photometric == PHOTOMETRIC_YCBCR;
+    const int ofColours = inThree ? 3 : layout.photometric == PHOTOMETRIC_SEPARATED ? 4 : 1;
+    return {TIFFLastDirectory(file) == 0, std::max<int>(layout.bitsPerSample, 8),
+            std::max(layout.samples - ofColours, 0)};
+}
+
+QByteArray descriptionStart(const char* text) {
+    const std::size_t length = strnlen(text, longestDescription + 1);
+    QByteArray start(text, static_cast<qsizetype>(std::min(length, longestDescription)));
+    if (length > longestDescription) {
+        start.truncate(start.lastIndexOf('\n') + 1); // a line that was cut would say something else
+    }
+    return start;
+}
+
 void readInformation(TIFF* file, Picture& picture) {
     const char* text = nullptr;
     if (TIFFGetField(file, TIFFTAG_IMAGEDESCRIPTION, &text) == 1 && text != nullptr) {
-        const ReadNotes read = readImageDescription(QByteArray(text));
-        picture.notes = read.notes;
+        const ReadNotes read = readImageDescription(descriptionStart(text));
+        picture.notes = notesOfOnePage(read.notes, picture.surplus.bitsPerChannel);
+        picture.surplus.furtherPages = picture.surplus.furtherPages || tellOfFurtherPages(read.notes);
         std::uint16_t unit = RESUNIT_INCH;
         float x = 0.0F;
         float y = 0.0F;
@@ -225,6 +303,67 @@ void readInformation(TIFF* file, Picture& picture) {
     }
 }
 
+// Empty for pixels that have a colour to show.
+QString unknownColours(const Layout& layout) {
+    const auto saved = [](const QString& what) {
+        return QStringLiteral("its pixels %1; save it with 8 or 16 bits a channel first").arg(what);
+    };
+    switch (layout.sampleFormat) {
+    case SAMPLEFORMAT_IEEEFP:
+        return saved(QStringLiteral("are floating-point numbers"));
+    case SAMPLEFORMAT_COMPLEXIEEEFP:
+    case SAMPLEFORMAT_COMPLEXINT:
+        return saved(QStringLiteral("are complex numbers"));
+    case SAMPLEFORMAT_INT:
+        return saved(QStringLiteral("are signed numbers"));
+    default:
+        break;
+    }
+    constexpr std::array<std::uint16_t, 5> readableBits{1, 2, 4, 8, 16};
+    if (std::find(readableBits.begin(), readableBits.end(), layout.bitsPerSample) == readableBits.end()) {
+        return saved(QStringLiteral("have %1 bits a channel").arg(layout.bitsPerSample));
+    }
+    if (layout.photometric == PHOTOMETRIC_CIELAB || layout.photometric == PHOTOMETRIC_ICCLAB ||
+        layout.photometric == PHOTOMETRIC_ITULAB) {
+        return QStringLiteral("its colours are L*a*b*; save it with RGB colours first");
+    }
+    return {};
+}
+
+// Tiles without compression whose size is no multiple of 1 KiB: libtiff 4.5 takes them for damaged unless the
+// file is mapped.
+bool wantsMappedFile(TIFF* file, const Layout& layout) {
+    constexpr tmsize_t readAtOnce = 1024;
+    return TIFFIsTiled(file) != 0 && layout.compression == COMPRESSION_NONE &&
+           TIFFTileSize(file) % readAtOnce != 0;
+}
+
+bool liesOnItsSide(const Layout& layout) { return layout.orientation >= ORIENTATION_LEFTTOP; }
+
+// The picture as it is to be seen, from the order in which its rows and columns are stored.
+QImage upright(const QImage& stored, std::uint16_t orientation) {
+    struct Turn {
+        std::uint16_t orientation;
+        int degrees;
+        bool mirrored; // left and right, after the turn
+    };
+    constexpr std::array<Turn, 7> turns{{{ORIENTATION_TOPRIGHT, 0, true},
+                                         {ORIENTATION_BOTRIGHT, 180, false},
+                                         {ORIENTATION_BOTLEFT, 180, true},
+                                         {ORIENTATION_LEFTTOP, 90, true},
+                                         {ORIENTATION_RIGHTTOP, 90, false},
+                                         {ORIENTATION_RIGHTBOT, 270, true},
+                                         {ORIENTATION_LEFTBOT, 270, false}}};
+    const auto turn = std::find_if(turns.begin(), turns.end(),
+                                   [orientation](const Turn& one) { return one.orientation == orientation; });
+    if (turn == turns.end()) {
+        return stored;
+    }
+    const QImage turned =
+        turn->degrees == 0 ? stored : stored.transformed(QTransform().rotate(turn->degrees));
+    return turned.mirrored(turn->mirrored, false).convertToFormat(stored.format());
+}
+
 // Before memory is taken for it: what cannot be a whole picture.
 QString refusal(const std::filesystem::path& name, const Layout& layout, int samples) {
     if (layout.width < 1 || layout.height < 1) {
@@ -234,6 +373,9 @@ QString refusal(const std::filesystem::path& name, const Layout& layout, int sam
     if (layout.width > std::uint32_t{largestSide} || layout.height > std::uint32_t{largestSide} ||
         pixels > std::uint64_t{mostPixels}) {
         return QStringLiteral("its %1 x %2 pixels are too many").arg(layout.width).arg(layout.height);
+    }
+    if (const QString reason = unknownColours(layout); !reason.isEmpty()) {
+        return reason;
     }
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(name, error);
@@ -277,8 +419,9 @@ Picture readTiff(const std::filesystem::path& name) {
     const auto troubleOr = [&trouble](const char* otherwise) {
         return trouble.text.isEmpty() ? QString::fromLatin1(otherwise) : trouble.text;
     };
+    std::optional<FileInMemory> memory; // outlives what is open on it
     // Read, not mapped into memory: a file that somebody cuts off meanwhile is an error then and no crash.
-    const TiffHandle file = open(name, "rm", trouble);
+    TiffHandle file = open(name, "rm", trouble);
     if (!file) {
         fail(troubleOr("it is none"));
     }
@@ -295,6 +438,12 @@ Picture readTiff(const std::filesystem::path& name) {
     if (picture.image.isNull()) {
         fail(QStringLiteral("there is not enough memory"));
     }
+    if (wantsMappedFile(file.get(), layout)) {
+        file = memory.emplace(name).open(trouble);
+        if (!file) {
+            fail(troubleOr("it cannot be read"));
+        }
+    }
     errno = 0;
     trouble.text.clear();
     const bool whole = samples > 0 ? readStrips(file.get(), layout, samples, picture.image)
@@ -302,7 +451,12 @@ Picture readTiff(const std::filesystem::path& name) {
     if (!whole) {
         fail(troubleOr("it is damaged"));
     }
+    picture.surplus = surplusOf(file.get(), layout);
     readInformation(file.get(), picture);
+    picture.image = upright(picture.image, layout.orientation);
+    if (liesOnItsSide(layout)) {
+        std::swap(picture.scale.pixelsPerCmX, picture.scale.pixelsPerCmY);
+    }
     return picture;
 }
 

@@ -2,6 +2,7 @@
 
 #include "pictures/BmpFile.h"
 #include "pictures/PictureDescription.h"
+#include "pictures/SaveWarnings.h"
 #include "pictures/TiffFile.h"
 #include "tests/pictures/PictureSamples.h"
 #include "tests/simhost/services/TempFolder.h"
@@ -302,4 +303,158 @@ TEST_F(OpenedPictures, SavedAgainKeepTheirScaleAndNotes) {
     savePicture(folder / "a.tif", samplePicture(grey), points);
     savePicture(folder / "b.tif", openPicture(folder / "a.tif"), points);
     EXPECT_EQ(bytesOf(folder, "a.tif"), bytesOf(folder, "b.tif"));
+}
+
+TEST_F(OpenedPictures, ThatLieOnTheirSideAreShownUpright) {
+    writeForeign("side.tif", [](TIFF* file) {
+        TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, 8);
+        TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
+        TIFFSetField(file, TIFFTAG_ORIENTATION, ORIENTATION_RIGHTTOP);
+        TIFFSetField(file, TIFFTAG_RESOLUTIONUNIT, RESUNIT_CENTIMETER);
+        TIFFSetField(file, TIFFTAG_XRESOLUTION, 100.0);
+        TIFFSetField(file, TIFFTAG_YRESOLUTION, 200.0);
+        TIFFSetField(file, TIFFTAG_IMAGEDESCRIPTION, "ImageJ=1.53t\nunit=um\n");
+        std::array<std::uint8_t, 4> row{1, 2, 3, 4};
+        TIFFWriteScanline(file, row.data(), 0);
+        row = {5, 6, 7, 8};
+        TIFFWriteScanline(file, row.data(), 1);
+    });
+    const Picture opened = openPicture(folder / "side.tif");
+    ASSERT_EQ(opened.image.size(), QSize(2, 4));
+    EXPECT_EQ(opened.image.format(), QImage::Format_Grayscale8);
+    EXPECT_EQ(qRed(opened.image.pixel(1, 0)), 1) << "the first stored row is the right-hand column";
+    EXPECT_EQ(qRed(opened.image.pixel(0, 3)), 8);
+    EXPECT_EQ(opened.scale.pixelsPerCmX, 200.0);
+    EXPECT_EQ(opened.scale.pixelsPerCmY, 100.0);
+}
+
+TEST_F(OpenedPictures, WhosePixelsAreNoGreyLevelsAreRefusedWithAWayOut) {
+    const struct {
+        int format;
+        int bits;
+        const char* said;
+    } rows[] = {{SAMPLEFORMAT_INT, 8, "signed numbers"},
+                {SAMPLEFORMAT_INT, 16, "signed numbers"},
+                {SAMPLEFORMAT_IEEEFP, 16, "floating-point numbers"},
+                {SAMPLEFORMAT_UINT, 32, "32 bits a channel"}};
+    for (const auto& row : rows) {
+        writeForeign("odd.tif", [&row](TIFF* file) {
+            TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, row.bits);
+            TIFFSetField(file, TIFFTAG_SAMPLEFORMAT, row.format);
+            TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
+            std::array<std::uint32_t, 4> line{};
+            TIFFWriteScanline(file, line.data(), 0);
+            TIFFWriteScanline(file, line.data(), 1);
+        });
+        EXPECT_THAT(errorOfOpening("odd.tif"),
+                    AllOf(HasSubstr(row.said), HasSubstr("save it with 8 or 16 bits a channel first")));
+    }
+}
+
+TEST_F(OpenedPictures, InSmallTilesWithoutCompressionAreRead) {
+    writeForeign("tiles.tif", [this](TIFF* file) {
+        TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, 8);
+        TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
+        TIFFSetField(file, TIFFTAG_TILEWIDTH, 16);
+        TIFFSetField(file, TIFFTAG_TILELENGTH, 16);
+        std::vector<std::uint8_t> tile(256, 77);
+        TIFFWriteTile(file, tile.data(), 0, 0, 0, 0);
+    });
+    EXPECT_EQ(qRed(openPicture(folder / "tiles.tif").image.pixel(3, 1)), 77);
+}
+
+TEST_F(OpenedPictures, WithAnEndlessDescriptionReadOnlyItsBeginning) {
+    writeForeign("long.tif", [](TIFF* file) {
+        TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, 8);
+        TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
+        std::string description = "ImageJ=1.53t\nstageX=5\n";
+        for (int line = 0; line < 20000; ++line) {
+            description += "no key\n";
+        }
+        TIFFSetField(file, TIFFTAG_IMAGEDESCRIPTION, (description + "stageY=6\n").c_str());
+        std::array<std::uint8_t, 4> row{1, 2, 3, 4};
+        TIFFWriteScanline(file, row.data(), 0);
+        TIFFWriteScanline(file, row.data(), 1);
+    });
+    EXPECT_EQ(openPicture(folder / "long.tif").notes,
+              (std::vector<PictureNote>{{QStringLiteral("stageX"), QStringLiteral("5")}}));
+}
+
+TEST_F(OpenedPictures, OfSeveralPagesOrMoreBitsLoseTheNotesThatSpeakOfThemAndSayWhatASaveLoses) {
+    constexpr const char* description =
+        "ImageJ=1.53t\nimages=2\nslices=2\nhyperstack=true\nmin=0.0\nmax=4095.0\nstageX=5\n";
+    writeForeign("stack.tif", [](TIFF* file) {
+        for (int page = 0; page < 2; ++page) {
+            TIFFSetField(file, TIFFTAG_IMAGEWIDTH, 4);
+            TIFFSetField(file, TIFFTAG_IMAGELENGTH, 2);
+            TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, 16);
+            TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
+            TIFFSetField(file, TIFFTAG_IMAGEDESCRIPTION, description);
+            std::array<std::uint16_t, 4> row{};
+            TIFFWriteScanline(file, row.data(), 0);
+            TIFFWriteScanline(file, row.data(), 1);
+            TIFFWriteDirectory(file);
+        }
+    });
+    const Picture stack = openPicture(folder / "stack.tif");
+    EXPECT_EQ(stack.surplus, (FileSurplus{true, 16, 0}));
+    EXPECT_EQ(saveWarnings(stack, folder / "stack.tif"),
+              (QStringList{QStringLiteral("Only the first page of this picture is saved."),
+                           QStringLiteral("Only 8 of its 16 bits a channel are saved.")}));
+    savePicture(folder / "stack.tif", stack, points);
+    const Picture saved = openPicture(folder / "stack.tif");
+    EXPECT_EQ(saved.notes, (std::vector<PictureNote>{{QStringLiteral("stageX"), QStringLiteral("5")}}));
+    EXPECT_EQ(saved.surplus, FileSurplus{});
+    EXPECT_THAT(saveWarnings(saved, folder / "stack.tif"), IsEmpty());
+}
+
+TEST_F(OpenedPictures, OfEightBitsKeepTheirRangeOfGreyLevels) {
+    const std::vector<PictureNote> notes{{QStringLiteral("images"), QStringLiteral("1")},
+                                         {QStringLiteral("max"), QStringLiteral("200.0")}};
+    EXPECT_EQ(notesOfOnePage(notes, 8), (std::vector<PictureNote>{notes[1]}));
+    EXPECT_THAT(notesOfOnePage(notes, 16), IsEmpty());
+    EXPECT_FALSE(tellOfFurtherPages(notes));
+}
+
+TEST_F(SavedPictures, ThatShareADescriptionWithAnotherPictureAreAnnounced) {
+    const Picture picture = samplePicture(grey);
+    EXPECT_THAT(saveWarnings(picture, folder / "Right.bmp"), IsEmpty());
+    savePicture(folder / "Right.tif", picture, points);
+    savePicture(folder / "Wrong.tif", picture, points);
+    EXPECT_THAT(saveWarnings(picture, folder / "Right.tif"), IsEmpty());
+    EXPECT_EQ(saveWarnings(picture, folder / "Right.bmp"),
+              QStringList{QStringLiteral(
+                  "\"Right.pic\" is the description of Right.tif too. After this save it holds "
+                  "the calibration of the new picture alone.")});
+    std::filesystem::remove(folder / "Right.pic");
+    EXPECT_EQ(saveWarnings(picture, folder / "Right.bmp"),
+              QStringList{QStringLiteral(
+                  "\"Right.pic\" will be written, and will be taken for the description of Right.tif too.")});
+}
+
+TEST_F(SavedPictures, AsBmpAboveThirtyThreeMegapixelsCanBeOpenedAgain) {
+    QImage large(6000, 5700, QImage::Format_RGB888);
+    large.fill(QColor(1, 2, 3));
+    savePicture(folder / "Video.bmp", samplePicture(large), points);
+    EXPECT_EQ(openPicture(folder / "Video.bmp").image, large);
+}
+
+TEST_F(OpenedPictures, OfOs2OrWithTheTopRowFirstAreReadFromBmp) {
+    const std::string pixels("\1\2\3\4\5\6\0\0\7\x8\x9\xa\xb\xc\0\0", 16);
+    folder.write("os2.bmp", std::string("BM\x2a\0\0\0\0\0\0\0\x1a\0\0\0"
+                                        "\xc\0\0\0\2\0\2\0\1\0\x18\0",
+                                        26) +
+                                pixels);
+    const QImage os2 = openPicture(folder / "os2.bmp").image;
+    ASSERT_EQ(os2.size(), QSize(2, 2));
+    EXPECT_EQ(os2.pixel(0, 1), qRgb(3, 2, 1));
+    const std::string header("BM\x46\0\0\0\0\0\0\0\x36\0\0\0"
+                             "\x28\0\0\0\2\0\0\0\xfe\xff\xff\xff\1\0\x18\0",
+                             30);
+    folder.write("top.bmp", header + std::string(24, '\0') + pixels);
+    const QImage top = openPicture(folder / "top.bmp").image;
+    ASSERT_EQ(top.size(), QSize(2, 2));
+    EXPECT_EQ(top.pixel(0, 0), qRgb(3, 2, 1));
+    folder.write("cut.bmp", header + std::string(24, '\0') + pixels.substr(1));
+    EXPECT_THAT(errorOfOpening("cut.bmp"), HasSubstr("cut off"));
 }

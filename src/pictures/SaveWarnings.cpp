@@ -1,0 +1,66 @@
+#include "pictures/SaveWarnings.h"
+
+#include "pictures/PictureDescription.h"
+#include "pictures/PictureFile.h"
+
+#include <QObject>
+
+#include <algorithm>
+#include <system_error>
+
+namespace ocuva {
+
+namespace {
+
+QStringList losses(const FileSurplus& surplus) {
+    QStringList lost;
+    if (surplus.furtherPages) {
+        lost << QObject::tr("Only the first page of this picture is saved.");
+    }
+    if (surplus.bitsPerChannel > 8) {
+        lost << QObject::tr("Only 8 of its %1 bits a channel are saved.").arg(surplus.bitsPerChannel);
+    }
+    if (surplus.furtherChannels > 0) {
+        lost << QObject::tr("Its transparency, or whatever else it holds besides its colours, is not saved.");
+    }
+    return lost;
+}
+
+// Other pictures than the target whose description has the same name.
+QStringList sharers(const std::filesystem::path& target) {
+    const std::filesystem::path description = descriptionName(target).filename();
+    QStringList names;
+    std::error_code error;
+    std::filesystem::directory_iterator entry(std::filesystem::absolute(target).parent_path(), error);
+    for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
+        const std::filesystem::path name = entry->path().filename();
+        std::error_code ignored;
+        const bool isTarget =
+            name == target.filename() || std::filesystem::equivalent(*entry, target, ignored);
+        if (!isTarget && canBeSavedAs(name) && descriptionName(name) == description) {
+            names << nameOf(name);
+        }
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+} // namespace
+
+QStringList saveWarnings(const Picture& picture, const std::filesystem::path& target) {
+    QStringList warnings = losses(picture.surplus);
+    if (const QStringList others = sharers(target); !others.isEmpty()) {
+        const std::filesystem::path description = descriptionName(target);
+        std::error_code error;
+        const QString sentence =
+            std::filesystem::exists(description, error)
+                ? QObject::tr("\"%1\" is the description of %2 too. After this save it holds the calibration "
+                              "of the new "
+                              "picture alone.")
+                : QObject::tr("\"%1\" will be written, and will be taken for the description of %2 too.");
+        warnings << sentence.arg(nameOf(description.filename()), others.join(QStringLiteral(", ")));
+    }
+    return warnings;
+}
+
+} // namespace ocuva
