@@ -5,6 +5,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QSettings>
 #include <QStandardPaths>
 
@@ -39,6 +40,13 @@ QString choosePictureToSave(QWidget& owner, const QString& folder) {
     offerKinds(dialog, pictureKinds);
     dialog.selectFile(QString::fromLatin1(defaultName));
     return chosenFile(dialog);
+}
+
+bool askToSaveAnyway(QWidget& owner, const QString& losses) {
+    QMessageBox box(QMessageBox::Warning, QObject::tr("Save As"), losses,
+                    QMessageBox::Save | QMessageBox::Cancel, &owner);
+    box.setDefaultButton(QMessageBox::Cancel);
+    return box.exec() == QMessageBox::Save;
 }
 
 QString PictureFolder::last() const {

@@ -13,6 +13,9 @@ QString choosePictureToOpen(QWidget& owner, const QString& folder);
 /// Suggests the name "Video"; a name without extension gets that of the chosen type, ".tif" or ".bmp".
 QString choosePictureToSave(QWidget& owner, const QString& folder);
 
+/// Shows what a save would lose; true when the operator saves all the same. Cancel is the default.
+bool askToSaveAnyway(QWidget& owner, const QString& losses);
+
 /// The folder that a picture was saved to or opened from last, kept from one start to the next in the user's
 /// registry beside the toolbar's layout ("Pictures/Folder"); else the user's folder for pictures.
 class PictureFolder {

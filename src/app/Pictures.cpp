@@ -3,6 +3,7 @@
 #include "pictures/CameraImage.h"
 #include "pictures/PictureDescription.h"
 #include "pictures/PictureFile.h"
+#include "pictures/SaveWarnings.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -38,6 +39,10 @@ void Pictures::log(const QString& line) {
 void Pictures::save() {
     const QString name = m_context.chooseToSave(m_folder.last());
     if (name.isEmpty()) {
+        return;
+    }
+    const QStringList losses = saveWarnings(m_stored ? m_stored->picture : Picture(), pathOf(name));
+    if (!losses.isEmpty() && !m_context.saveAnyway(losses.join(u'\n'))) {
         return;
     }
     m_folder.remember(name);

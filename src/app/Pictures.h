@@ -41,6 +41,8 @@ struct PicturesContext {
     std::function<QString(const QString& folder)> chooseToOpen;
     std::function<QString(const QString& folder)> chooseToSave;
     ///@}
+    /// Asks whether to save although that loses what the text says.
+    std::function<bool(const QString&)> saveAnyway;
     /// Shows an error that leaves the picture on the screen.
     std::function<void(const QString&)> report;
     /// The window shows another image now: live or still, stored or not.

@@ -139,6 +139,8 @@ public:
     std::function<QString(const QString& folder)> choosePictureToOpen;
     std::function<QString(const QString& folder)> choosePictureToSave;
     ///@}
+    /// Asks whether to save although that loses something; a message box unless set otherwise.
+    std::function<bool(const QString& losses)> saveAnyway;
     /// Asks for the file of a report, suggesting one; the common save dialog unless set otherwise.
     std::function<QString(const QString& suggested)> chooseReport;
 

@@ -208,6 +208,38 @@ TEST_F(SavingAPicture, WhileAStoredOneIsShownSavesThatOneWithItsOwnScaleAndNotes
     EXPECT_EQ(readDescription(file("Copy.tif")), storedPoints);
 }
 
+TEST_F(SavingAPicture, ThatReplacesAnotherPicturesDescriptionIsAskedAboutFirst) {
+    store("Right.tif");
+    std::string said;
+    bool answer = false;
+    window().saveAnyway = [&](const QString& losses) {
+        said = losses.toStdString();
+        return answer;
+    };
+    save("Right.bmp");
+    EXPECT_THAT(said, HasSubstr("Right.pic"));
+    EXPECT_FALSE(std::filesystem::exists(file("Right.bmp")));
+    EXPECT_EQ(readDescription(file("Right.tif")), storedPoints);
+    EXPECT_THAT(host.calls, IsEmpty());
+    answer = true;
+    save("Right.bmp");
+    EXPECT_TRUE(std::filesystem::exists(file("Right.bmp")));
+}
+
+TEST_F(SavingAPicture, AnswersItsQuestionByEnterWithCancel) {
+    store("Right.tif");
+    bool asked = false;
+    QTimer::singleShot(0, &window(), [&asked] {
+        if (QWidget* box = QApplication::activeModalWidget()) {
+            asked = true;
+            QTest::keyClick(box, Qt::Key_Return);
+        }
+    });
+    save("Right.bmp");
+    EXPECT_TRUE(asked);
+    EXPECT_FALSE(std::filesystem::exists(file("Right.bmp")));
+}
+
 TEST_F(OpeningAPicture, ShowsItInPlaceOfTheLiveImageAndSaysSoInTitlePanelAndFrame) {
     store("Stored.tif");
     open("Stored.tif");
