@@ -9,12 +9,19 @@ import shutil
 import subprocess
 import tempfile
 import time
+import traceback
 from pathlib import Path
 from typing import NamedTuple
 
 PATIENCE_S = 30.0  # for anything the program is expected to do; a busy machine is slow, a hung program never comes
 POLL_S = 0.02
 SCREEN = "1280x1024x24"
+
+
+def cannot_start(program, error):
+    """The failure of a program that the test needs and the machine does not have."""
+    return Failure(f"'{program}' cannot be started ({error.strerror}). scripts/packages.txt lists the packages that the "
+                   "tour needs; './run --tour DIR' installs them and builds the programs")
 
 
 class Area(NamedTuple):
@@ -39,6 +46,14 @@ class Area(NamedTuple):
 
 class Failure(Exception):
     """What went wrong, as a sentence."""
+
+
+def as_sentence(error):
+    """Any error as one sentence: a Failure in its own words, everything else with the line of the test that met it."""
+    if isinstance(error, Failure):
+        return str(error)
+    where = traceback.extract_tb(error.__traceback__)[-1]
+    return f"{type(error).__name__}: {error} ({Path(where.filename).name}, line {where.lineno}: {where.line})"
 
 
 def wait_until(condition, otherwise, patience_s=PATIENCE_S):
@@ -162,8 +177,11 @@ class Desk:
     def _start(self, *command, log, pass_fds=(), stdin=subprocess.DEVNULL, stdout=None, text=False, **extra_env):
         env = (self._env or dict(os.environ)) | extra_env
         with open(self.folder / log, "wb") as output:
-            process = subprocess.Popen(self._runnable(command), env=self._named_environment(env), stdin=stdin,
-                                       stdout=stdout or output, stderr=output, pass_fds=pass_fds, text=text)
+            try:
+                process = subprocess.Popen(self._runnable(command), env=self._named_environment(env), stdin=stdin,
+                                           stdout=stdout or output, stderr=output, pass_fds=pass_fds, text=text)
+            except OSError as error:
+                raise cannot_start(command[0], error) from error
         self._processes.append(process)
         return process
 
@@ -180,8 +198,13 @@ class Desk:
 
     def _try(self, *command):
         """The command's output, or None when it fails."""
-        done = subprocess.run(self._runnable(command), env=self._env, stdin=subprocess.DEVNULL, capture_output=True, text=True,
-                              timeout=PATIENCE_S)
+        try:
+            done = subprocess.run(self._runnable(command), env=self._env, stdin=subprocess.DEVNULL, capture_output=True,
+                                  text=True, timeout=PATIENCE_S)
+        except subprocess.TimeoutExpired as error:
+            raise Failure(f"'{' '.join(command)}' did not end within {PATIENCE_S:.0f} s") from error
+        except OSError as error:
+            raise cannot_start(command[0], error) from error
         return done.stdout if done.returncode == 0 else None
 
     def _do(self, *command):
