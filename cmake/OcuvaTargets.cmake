@@ -12,6 +12,10 @@ function(ocuva_target_rules target)
     if(CMAKE_UNITY_BUILD)
         # Among joined sources a local name hides the constants of another source, which the other does not mean.
         target_compile_options(${target} PRIVATE -Wno-shadow)
+        if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+            # ... and GCC takes each of them for a header, in which local types would be a mistake.
+            target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
+        endif()
     endif()
     # The arithmetic of the picture and of the lengths must be the same on every machine.
     target_compile_options(${target} PRIVATE -ffp-contract=off)
