@@ -5,16 +5,21 @@
 #include "platform/Desktop.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPixmap>
 #include <QPushButton>
+#include <QTimer>
+#include <QWindow>
 
 namespace ocuva {
 
 namespace {
 
 constexpr int emblemPx = 72;
+constexpr int longestWaitMs = 2000; // for a window system that is slow or shows nothing
+constexpr int wakeMs = 20;
 
 QPixmap emblem(qreal devicePixelRatio) {
     QPixmap pixmap = QPixmap::fromImage(drawEmblem(qRound(emblemPx * devicePixelRatio)));
@@ -71,8 +76,15 @@ void frmSplash::EnableOkButton() { cmdOk->show(); }
 
 void frmSplash::showAndRepaint() {
     show();
+    // The slow steps that follow handle no event: a window that the window system has not shown by then stays
+    // an empty frame until they are over. Nothing of the program is subscribed to any event yet.
+    const QDeadlineTimer bound(longestWaitMs);
+    QTimer wake;
+    wake.start(wakeMs);
+    while (!windowHandle()->isExposed() && !bound.hasExpired()) {
+        QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents | QEventLoop::WaitForMoreEvents);
+    }
     repaint();
-    // Lets the window system map the window; nothing of the program is subscribed to any event yet.
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
 }
 
