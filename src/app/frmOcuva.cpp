@@ -5,6 +5,8 @@
 #include "autofocus/DoFocus.h"
 #include "base/Numbers.h"
 #include "base/Product.h"
+#include "controls/DialogPlaces.h"
+#include "controls/InSight.h"
 #include "controls/WindowPlace.h"
 #include "display/TwipsGeometry.h"
 #include "platform/Desktop.h"
@@ -98,7 +100,11 @@ void frmOcuva::makeControls() {
     resize(pixelsX(designWindowWidth), monitor.bottom() + 1 + pixelsY(designBottomMargin) +
                                            menuBar()->sizeHint().height() + sbMain->sizeHint().height());
     setMinimumSize(1, 1);
-    new WindowPlace(*this, WindowPlace::Keeps::Position); // its size is that of the image
+    m_place = new WindowPlace(*this);
+    keepInSight(*m_panels->frImage, InSight::Watched);
+    keepInSight(*m_upDown->frUpDown, InSight::Watched);
+    keepInSight(*sbMain, InSight::Hint);
+    new DialogPlaces(*this);
 }
 
 void frmOcuva::makeTimers() {
@@ -186,6 +192,11 @@ void frmOcuva::tInitTBMain_Timer() {
     tInitTBMain->stop();
     restoreToolbarLayout();
     m_standards->FillStageMenu();
+}
+
+void frmOcuva::showAtStart() {
+    m_place->restoreMaximised();
+    show();
 }
 
 void frmOcuva::initialiseCamera() { CameraSetup(m_context.host.tn_video(), *m_board, *this).refresh(false); }

@@ -42,6 +42,7 @@ namespace ocuva {
 
 class frmSetup;
 class frmSplash;
+class WindowPlace;
 
 /// What the main window needs of the world; everything outlives it.
 struct MainWindowContext {
@@ -82,6 +83,9 @@ public:
     void setUpToolbar();
     /// The board and camera parameters that this window shares with the set-up dialog.
     void initialiseCamera();
+
+    /// Shows the window at the end of an interactive start: as large as the user left it, or maximised.
+    void showAtStart();
 
     // Operations that other windows call.
     /// As StageWatch, MonitorSizing, Overlays and nearScaleValue say.
@@ -267,6 +271,7 @@ private:
     RestingWindows m_resting;
 
     QWidget* m_client = nullptr;
+    WindowPlace* m_place = nullptr;
     std::unique_ptr<MainMenu> m_menu;
     std::unique_ptr<MonitorPanels> m_panels;
     std::unique_ptr<UpDownPanel> m_upDown;

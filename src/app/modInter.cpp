@@ -35,7 +35,7 @@ bool modInter::Main() {
     m_frmOcuva->initialiseCamera();
 
     if (!m_flags.serverMode) {
-        m_frmOcuva->show();
+        m_frmOcuva->showAtStart();
         m_frmSplash->close();
     }
     m_frmSplash->EnableOkButton();

@@ -1,9 +1,11 @@
 #include "controls/WindowPlace.h"
 
 #include "base/Product.h"
+#include "controls/InSight.h"
+#include "controls/ScrollableContents.h"
 
+#include <QApplication>
 #include <QEvent>
-#include <QGuiApplication>
 #include <QScreen>
 #include <QSettings>
 #include <QStyle>
@@ -16,7 +18,8 @@ namespace ocuva {
 
 namespace {
 
-constexpr int gapPixels = 6; // between a window and the one beside it
+constexpr int usersChangeMs =
+    150; // long enough for the window system to tell that it has maximised the window
 
 int area(const QRect& rect) { return rect.isEmpty() ? 0 : rect.width() * rect.height(); }
 
@@ -28,6 +31,9 @@ QSettings registry() {
     return {QSettings::NativeFormat, QSettings::UserScope, QString::fromLatin1(registryOrganisation),
             QString::fromLatin1(productTitle)};
 }
+
+QString keyOf(const QString& window) { return QStringLiteral("WindowPlaces/") + window; }
+QString maximisedKeyOf(const QString& window) { return keyOf(window) + QStringLiteral("Maximised"); }
 
 QList<QRect> screensInUse() {
     QList<QRect> screens;
@@ -58,62 +64,79 @@ QRect broughtOnScreen(const QRect& rect, const QList<QRect>& screens) {
             size};
 }
 
-namespace {
+std::optional<RememberedPlace> WindowPlaceStore::load(const QString& window) const {
+    const QVariant stored = registry().value(keyOf(window));
+    if (stored.typeId() == QMetaType::QPoint) {
+        return RememberedPlace{stored.toPoint(), {}};
+    }
+    const QRect place = stored.toRect();
+    return place.isValid() ? std::optional(RememberedPlace{place.topLeft(), place.size()}) : std::nullopt;
+}
 
-// What is left of that size on the side of the other window that leaves most of it.
-QSize roomBeside(const QRect& other, QSize size, const QRect& screen) {
-    const QSize right(screen.right() - other.right() - gapPixels, screen.height());
-    const QSize left(other.left() - screen.left() - gapPixels, screen.height());
-    const QSize below(screen.width(), screen.bottom() - other.bottom() - gapPixels);
-    const QSize above(screen.width(), other.top() - screen.top() - gapPixels);
-    QSize most;
-    for (const QSize& room : {right, left, below, above}) {
-        const QSize leaves = size.boundedTo(room);
-        if (area({QPoint(), leaves}) > area({QPoint(), most})) {
-            most = leaves;
+void WindowPlaceStore::save(const QString& window, const RememberedPlace& place) const {
+    registry().setValue(keyOf(window),
+                        place.size ? QVariant(QRect(place.corner, *place.size)) : QVariant(place.corner));
+}
+
+bool WindowPlaceStore::loadMaximised(const QString& window) const {
+    return registry().value(maximisedKeyOf(window)).toBool();
+}
+
+void WindowPlaceStore::saveMaximised(const QString& window, bool maximised) const {
+    QSettings store = registry();
+    if (maximised) {
+        store.setValue(maximisedKeyOf(window), true);
+    } else {
+        store.remove(maximisedKeyOf(window));
+    }
+}
+
+QSize frameMargins(const QWidget& window) {
+    const auto known = [](const QWidget& of) { return of.frameGeometry().size() - of.size(); };
+    if (!known(window).isNull()) {
+        return known(window);
+    }
+    for (const QWidget* other : QApplication::topLevelWidgets()) {
+        if (other->isVisible() && !known(*other).isNull()) {
+            return known(*other);
         }
     }
-    return most;
+    return {0, window.style()->pixelMetric(QStyle::PM_TitleBarHeight)};
 }
 
-} // namespace
-
-QRect besideWindow(const QRect& other, QSize size, const QRect& screen, QSize smallest) {
-    const QRect right(QPoint(other.right() + 1 + gapPixels, other.top()), size);
-    const QRect left(QPoint(other.left() - gapPixels - size.width(), other.top()), size);
-    const QRect below(QPoint(other.left(), other.bottom() + 1 + gapPixels), size);
-    const QRect above(QPoint(other.left(), other.top() - gapPixels - size.height()), size);
-    for (const QRect& place : {right, left, below, above}) {
-        const QRect onScreen = broughtOnScreen(place, {screen});
-        if (!onScreen.intersects(other)) {
-            return onScreen;
-        }
+void placeFrame(QWidget& window, const QRect& frame, bool resize) {
+    const bool frameIsUnknown = window.frameGeometry().size() == window.size();
+    if (resize) {
+        window.resize(frame.size() - frameMargins(window));
     }
-    if (smallest.isValid()) {
-        const QSize smaller = roomBeside(other, size, screen);
-        if (smaller == smaller.expandedTo(smallest)) {
-            return besideWindow(other, smaller, screen);
-        }
+    window.move(frame.topLeft());
+    if (QWindow* handle = window.windowHandle(); handle != nullptr && frameIsUnknown) {
+        // Until the window system has told the frame, a widget takes its contents' corner for the frame's;
+        // and a size that the handle has not heard of yet would bring that corner back.
+        handle->resize(window.size());
+        handle->setFramePosition(frame.topLeft());
     }
-    const QPoint corner(screen.right() + 1 - size.width(), screen.bottom() + 1 - size.height());
-    return broughtOnScreen({corner, size}, {screen});
 }
 
-std::optional<QRect> WindowPlaceStore::load(const QString& window) const {
-    const QRect place = registry().value(QStringLiteral("WindowPlaces/") + window).toRect();
-    return place.isValid() ? std::optional(place) : std::nullopt;
-}
-
-void WindowPlaceStore::save(const QString& window, const QRect& place) const {
-    registry().setValue(QStringLiteral("WindowPlaces/") + window, place);
-}
-
-WindowPlace::WindowPlace(QWidget& window, Keeps keeps, std::function<QRect(QSize)> firstPlace)
+WindowPlace::WindowPlace(QWidget& window, FirstPlace firstPlace)
     : QObject(&window)
     , m_window(window)
-    , m_keeps(keeps)
-    , m_firstPlace(std::move(firstPlace))
-    , m_place(WindowPlaceStore().load(window.objectName())) {
+    , m_firstPlace(std::move(firstPlace)) {
+    if (const auto stored = WindowPlaceStore().load(window.objectName())) {
+        m_place = QRect(stored->corner, stored->size.value_or(QSize(1, 1)));
+        m_moved = true;
+        m_sized = stored->size.has_value();
+    }
+    for (QTimer* timer : {&m_settling, &m_usersChange}) {
+        timer->setSingleShot(true);
+    }
+    m_settling.setInterval(settleMs);
+    m_usersChange.setInterval(usersChangeMs);
+    connect(&m_settling, &QTimer::timeout, this, &WindowPlace::settled);
+    connect(&m_usersChange, &QTimer::timeout, this, &WindowPlace::takeUsersChange);
+    // A window system that loses or gains a screen moves windows of its own accord.
+    connect(qApp, &QGuiApplication::screenAdded, this, &WindowPlace::settle);
+    connect(qApp, &QGuiApplication::screenRemoved, this, &WindowPlace::settle);
     window.installEventFilter(this);
 }
 
@@ -124,10 +147,14 @@ bool WindowPlace::eventFilter(QObject* watched, QEvent* event) {
             if (!event->spontaneous()) {
                 beforeShow();
             }
+            settle();
             break;
         case QEvent::Move:
         case QEvent::Resize:
-            note();
+            changed(*event);
+            break;
+        case QEvent::WindowStateChange:
+            stateChanged();
             break;
         case QEvent::Hide:
             if (!event->spontaneous()) {
@@ -141,62 +168,122 @@ bool WindowPlace::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-// A window that has never been on the screen does not know its frame yet.
-QSize WindowPlace::frameMargins() const {
-    const QSize known = m_window.frameGeometry().size() - m_window.size();
-    return known.isNull() ? QSize(0, m_window.style()->pixelMetric(QStyle::PM_TitleBarHeight)) : known;
+bool WindowPlace::isNormal() const {
+    return !m_window.windowState().testAnyFlags(Qt::WindowMaximized | Qt::WindowFullScreen |
+                                                Qt::WindowMinimized);
+}
+
+std::optional<QRect> WindowPlace::wantedFrame(QSize margins) const {
+    const QSize size = (m_sized ? m_place->size() : m_window.size()) + margins;
+    if (m_moved) {
+        const QRect frame(m_place->topLeft(), size);
+        const QWidget& main = outermost(m_window);
+        return &main == &m_window ? frame : clearOfHint(frame, surroundingsOf(main));
+    }
+    const std::optional<QRect> present =
+        m_place ? std::optional(QRect(m_place->topLeft(), size)) : std::nullopt;
+    return m_firstPlace ? m_firstPlace(size, present) : present;
 }
 
 void WindowPlace::beforeShow() {
-    if (m_window.windowState().testAnyFlags(Qt::WindowMaximized | Qt::WindowFullScreen)) {
+    if (!isNormal() && !m_window.isMinimized()) {
         return;
     }
-    const QSize margins = frameMargins();
-    QRect frame;
-    if (m_place) {
-        const bool keepsSize = m_keeps == Keeps::PositionAndSize;
-        frame = {m_place->topLeft(), (keepsSize ? m_place->size() : m_window.size()) + margins};
-    } else if (m_firstPlace) {
-        frame = m_firstPlace(m_window.size() + margins);
-    } else {
-        return;
-    }
-    frame = broughtOnScreen(frame, screensInUse());
-    if (m_keeps == Keeps::PositionAndSize) {
-        m_window.resize(frame.size() - margins);
-    }
-    m_window.move(frame.topLeft());
-    const bool frameIsUnknown = m_window.frameGeometry().size() == m_window.size();
-    if (QWindow* handle = m_window.windowHandle(); handle != nullptr && frameIsUnknown) {
-        // Until the window system has told the frame, a widget takes its contents' corner for the frame's;
-        // and a size that the handle has not heard of yet would bring that corner back.
-        handle->resize(m_window.size());
-        handle->setFramePosition(frame.topLeft());
+    const QSize margins = frameMargins(m_window);
+    scrollWhatDoesNotFit(m_window, m_window.screen()->availableSize() - margins);
+    if (const auto frame = wantedFrame(margins)) {
+        placeFrame(m_window, broughtOnScreen(*frame, screensInUse()), true);
+        m_opens = true;
     }
 }
 
-void WindowPlace::note() {
-    const bool isNormal = !m_window.windowState().testAnyFlags(Qt::WindowMaximized | Qt::WindowFullScreen |
-                                                               Qt::WindowMinimized);
-    if (m_window.isVisible() && isNormal) {
-        m_place = QRect(m_window.pos(), m_window.size());
+void WindowPlace::restoreMaximised() {
+    m_maximised = WindowPlaceStore().loadMaximised(m_window.objectName());
+    if (!m_maximised) {
+        return;
     }
+    if (const auto frame = wantedFrame(frameMargins(m_window))) {
+        placeFrame(m_window, broughtOnScreen(*frame, screensInUse()), true);
+    }
+    m_window.setWindowState(m_window.windowState() | Qt::WindowMaximized);
+}
+
+void WindowPlace::changed(const QEvent& event) {
+    if (!event.spontaneous()) {
+        settle(); // the program's own doing
+    } else if (!m_settling.isActive() && m_window.isVisible()) {
+        m_usersPlace = presentPlace();
+        m_usersChange.start();
+    }
+}
+
+void WindowPlace::stateChanged() {
+    if (m_window.isVisible() && !m_window.isMinimized()) {
+        m_maximised = m_window.isMaximized();
+    }
+    m_usersChange.stop();
+    settle();
+}
+
+void WindowPlace::settle() {
+    if (m_usersChange.isActive()) {
+        takeUsersChange();
+    }
+    m_settling.start();
+}
+
+void WindowPlace::settled() {
+    if (!m_window.isVisible() || !isNormal()) {
+        return;
+    }
+    if (const QWindow* handle = m_window.windowHandle(); handle != nullptr && !handle->isExposed()) {
+        m_settling.start(); // a slow window system has not answered yet
+        return;
+    }
+    const QRect frame = m_window.frameGeometry();
+    const QRect onScreen = broughtOnScreen(frame, screensInUse());
+    if (std::exchange(m_opens, false) && onScreen != frame) {
+        // Its frame, known only now, is thicker than was reckoned with.
+        m_window.resize(onScreen.size() - frameMargins(m_window));
+        m_window.move(onScreen.topLeft());
+    }
+    m_place = presentPlace();
+}
+
+void WindowPlace::takeUsersChange() {
+    m_usersChange.stop();
+    if (!isNormal()) {
+        return; // the change was that to another state
+    }
+    m_moved = m_moved || m_place != m_usersPlace;
+    m_sized = m_sized || !m_place || m_place->size() != m_usersPlace.size();
+    m_place = m_usersPlace;
 }
 
 void WindowPlace::afterHide() {
-    const bool isLarge = m_window.windowState().testAnyFlags(Qt::WindowMaximized | Qt::WindowFullScreen);
-    if (m_place && !isLarge) {
-        WindowPlaceStore().save(m_window.objectName(), *m_place);
+    if (m_usersChange.isActive()) {
+        takeUsersChange();
+    } else if (m_settling.isActive() && isNormal()) {
+        m_place = presentPlace();
+    }
+    m_settling.stop();
+    const WindowPlaceStore store;
+    if (isTheUsers() && m_place) {
+        store.save(m_window.objectName(),
+                   {m_place->topLeft(), m_sized ? std::optional(m_place->size()) : std::nullopt});
+    }
+    if (m_maximised != store.loadMaximised(m_window.objectName())) {
+        store.saveMaximised(m_window.objectName(), m_maximised);
     }
 }
 
-std::function<QRect(QSize)> besideItsOwner(const QWidget* owner, QSize smallest) {
+FirstPlace besideItsOwner(const QWidget* owner, QSize smallest) {
     if (owner == nullptr) {
         return {};
     }
-    return [owner, smallest](QSize size) {
-        const QWidget* window = owner->window();
-        return besideWindow(window->frameGeometry(), size, window->screen()->availableGeometry(), smallest);
+    return [owner, smallest](QSize size, const std::optional<QRect>& present) {
+        const Surroundings around = surroundingsOf(outermost(*owner), owner->window());
+        return present && isClear(*present, around) ? *present : dialogPlace(around, size, smallest);
     };
 }
 

@@ -1,11 +1,13 @@
 #pragma once
-// Where the windows of the program stand, remembered from one opening to the next and brought on to a screen
-// that is there.
+// Where the windows of the program are: kept from one opening to the next once the user has moved or sized
+// them, and brought on to a screen that is there.
 
 #include <QList>
 #include <QObject>
+#include <QPoint>
 #include <QRect>
 #include <QString>
+#include <QTimer>
 #include <QWidget>
 
 #include <functional>
@@ -18,35 +20,53 @@ namespace ocuva {
 /// right and lower edge. Unchanged when there is no screen.
 QRect broughtOnScreen(const QRect& rect, const QList<QRect>& screens);
 
-/// The place for a window of that size beside another, both on that screen: to its right, else to its left,
-/// below or above, its upper (left) edges in line. Where there is room nowhere, as much smaller as it must be
-/// on the side where most of it is left, but not below `smallest`; else, or with no `smallest`, in the
-/// screen's right lower corner, which hides least.
-QRect besideWindow(const QRect& other, QSize size, const QRect& screen, QSize smallest = {});
-
-/// The rectangles of the windows by their object names, in the user's registry beside the toolbar's layout:
-/// sub-key "WindowPlaces".
-class WindowPlaceStore {
-public:
-    /// Nothing when none is stored, or one that is no rectangle.
-    std::optional<QRect> load(const QString& window) const;
-    /// Replaces the one before; written at once.
-    void save(const QString& window, const QRect& place) const;
+/// What the user chose for a window.
+struct RememberedPlace {
+    QPoint corner;             ///< upper left, of the frame
+    std::optional<QSize> size; ///< without the frame; nothing when the user has only moved the window
 };
 
-/// Keeps one window's place: shown for the first time it stands where it stood last, or else where
-/// `firstPlace` says, or else where the window system puts it; each time all of it on a screen. The place is
-/// stored when the window is hidden or closed, but not while it is maximised. Belongs to the window, which
-/// has its object name already.
+/// The places of the windows by their object names, in the user's registry beside the toolbar's layout:
+/// sub-key "WindowPlaces", a rectangle, or a point where the size was not the user's; a window that was
+/// maximised has one more value, its name followed by "Maximised".
+class WindowPlaceStore {
+public:
+    /// Nothing when none is stored, or a value that is neither rectangle nor point.
+    std::optional<RememberedPlace> load(const QString& window) const;
+    /// Replaces the one before; written at once.
+    void save(const QString& window, const RememberedPlace& place) const;
+
+    /// Whether the window was maximised; false when nothing is stored.
+    ///@{
+    bool loadMaximised(const QString& window) const;
+    void saveMaximised(const QString& window, bool maximised) const;
+    ///@}
+};
+
+/// Gives the place of a window that the user has not placed: its size with the frame comes in, and the place
+/// it has had in this session, if any, which is kept when it is still a good one.
+using FirstPlace = std::function<QRect(QSize frameSize, const std::optional<QRect>& present)>;
+
+/// Keeps one window's place. It opens where the user left it, in this session or an earlier one; a window
+/// that the user has neither moved nor sized opens where `firstPlace` says, or else where it was in this
+/// session, or else where the window system puts it. Where it is this class that decides, the window is
+/// wholly on a screen and no larger than that; contents that need more room get scroll bars.
+///
+/// A change of the place counts as the user's when the window system reports it while the program has left
+/// the window alone for settleMs: what comes earlier is the window system's answer. Nothing else is
+/// remembered. Belongs to the window, which has its object name already.
 class WindowPlace final : public QObject {
     Q_OBJECT
 
 public:
-    /// Position: the size is the window's own business.
-    enum class Keeps { Position, PositionAndSize };
+    /// firstPlace may be empty.
+    explicit WindowPlace(QWidget& window, FirstPlace firstPlace = {});
 
-    /// firstPlace is given the window's size with its frame.
-    WindowPlace(QWidget& window, Keeps keeps, std::function<QRect(QSize frameSize)> firstPlace = {});
+    /// Gives a window that was maximised when its place was stored that state again, and its place before
+    /// that to go back to. Before the window is shown.
+    void restoreMaximised();
+
+    static constexpr int settleMs = 400;
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -54,16 +74,37 @@ protected:
 private:
     void beforeShow();
     void afterHide();
-    void note();
-    QSize frameMargins() const;
+    void changed(const QEvent& event);
+    void stateChanged();
+    void settle();
+    void settled();
+    void takeUsersChange();
+    bool isNormal() const;
+    bool isTheUsers() const { return m_moved || m_sized; }
+    QRect presentPlace() const { return {m_window.pos(), m_window.size()}; }
+    std::optional<QRect> wantedFrame(QSize margins) const;
 
     QWidget& m_window;
-    Keeps m_keeps;
-    std::function<QRect(QSize)> m_firstPlace;
-    std::optional<QRect> m_place; // upper left corner of the frame, size without it
+    FirstPlace m_firstPlace;
+    std::optional<QRect>
+        m_place;          // of this session or stored: upper left corner of the frame, size without it
+    bool m_moved = false; // by the user, now or in an earlier session
+    bool m_sized = false;
+    bool m_maximised = false;
+    bool m_opens = false; // shown, and not looked at since where the window system has put it
+    QRect m_usersPlace;   // what m_usersChange is about
+    QTimer m_settling;    // while it runs, changes are the window system's answers
+    QTimer m_usersChange; // runs from the user's last change until it is taken
 };
 
-/// The first place of a dialog: beside its owner's window, as besideWindow says; with no owner none.
-std::function<QRect(QSize)> besideItsOwner(const QWidget* owner, QSize smallest = {});
+/// The first place of a dialog of that owner's main window, as dialogPlace says; with no owner none.
+FirstPlace besideItsOwner(const QWidget* owner, QSize smallest = {});
+
+/// What a window's frame adds to its size; of a window that has never been on the screen it is that of
+/// another window of the program, or a guess.
+QSize frameMargins(const QWidget& window);
+
+/// Moves a window that is being shown so that its frame is there; with `resize` it gets that size too.
+void placeFrame(QWidget& window, const QRect& frame, bool resize);
 
 } // namespace ocuva

@@ -48,7 +48,7 @@ frmSetupStage::frmSetupStage(const SetupStageContext& context, QWidget* parent)
     layOut();
     connectControls();
     choice_Click();
-    new WindowPlace(*this, WindowPlace::Keeps::PositionAndSize, besideItsOwner(parent));
+    new WindowPlace(*this, besideItsOwner(parent));
 }
 
 void frmSetupStage::makeControls() {

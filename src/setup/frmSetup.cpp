@@ -39,7 +39,7 @@ frmSetup::frmSetup(const SetupContext& context, QWidget* owner)
     });
     connect(cmdSaveDefault, &QPushButton::clicked, this, &frmSetup::cmdSaveDefault_Click);
     connect(cmdClose, &QPushButton::clicked, this, &QWidget::close);
-    new WindowPlace(*this, WindowPlace::Keeps::PositionAndSize, besideItsOwner(owner));
+    new WindowPlace(*this, besideItsOwner(owner));
 }
 
 void frmSetup::makePages(const SetupContext& context) {

@@ -51,7 +51,7 @@ frmMove::frmMove(StageMover& fOcuva, std::function<void()> addStandard,
     cmdMove->setDefault(true);
     grid->setColumnStretch(1, 1);
 
-    new WindowPlace(*this, WindowPlace::Keeps::PositionAndSize, besideItsOwner(parent));
+    new WindowPlace(*this, besideItsOwner(parent));
 
     connect(cmdMove, &QPushButton::clicked, this, &frmMove::cmdMove_Click);
     connect(cmdStandard, &QPushButton::clicked, this, [add = std::move(addStandard)] { add(); });

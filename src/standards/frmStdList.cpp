@@ -81,6 +81,7 @@ frmStdList::frmStdList(StandardList& list, TnLibProxy& libProxy, std::function<b
     setWindowTitle(tr("Customize Standard List"));
     setModal(true);
     makeControls();
+    new WindowPlace(*this, besideItsOwner(owner));
     connect(cmdUp, &QPushButton::clicked, this, [this] { edit(&StandardRows::up); });
     connect(cmdDown, &QPushButton::clicked, this, [this] { edit(&StandardRows::down); });
     connect(cmdDelete, &QPushButton::clicked, this, [this] { edit(&StandardRows::removeSelected); });
@@ -129,7 +130,6 @@ void frmStdList::makeControls() {
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(1, 1);
     resize(560, 360);
-    new WindowPlace(*this, WindowPlace::Keeps::PositionAndSize);
 }
 
 void frmStdList::showEvent(QShowEvent* event) {

@@ -1,6 +1,7 @@
 #include "display/TwipsGeometry.h"
 #include "setup/frmSetup.h"
 #include "tests/app/WindowRig.h"
+#include "tests/support/UsersHand.h"
 
 #include <QMenu>
 #include <QMessageBox>
@@ -362,14 +363,75 @@ TEST_F(MonitorGeometry, TheWindowFitsRoundTheReducedImageAtTheStart) {
     EXPECT_EQ(upDown.left() - monitor.right() - 1, monitor.left());
 }
 
-TEST_F(MonitorGeometry, TheWindowComesBackWhereItWasLeftInTheSizeOfTheImage) {
+TEST_F(MonitorGeometry, TheWindowComesBackWhereTheUserMovedItInTheSizeOfTheImage) {
     const QSize size = window().size();
-    window().move(33, 44);
-    window().resize(size + QSize(50, 50));
+    dragWindow(window(), {QPoint(33, 44), size});
+    action("mnuZoom0")->trigger(); // another size, but not of the user's choice
     window().close();
     start();
     EXPECT_EQ(window().pos(), QPoint(33, 44));
     EXPECT_EQ(window().size(), size);
+}
+
+TEST_F(MonitorGeometry, TheWindowComesBackInTheSizeThatTheUserGaveIt) {
+    const QSize size = window().size();
+    dragWindow(window(), {QPoint(33, 44), size + QSize(50, 50)});
+    const QRect image = window().panels().milDisp->geometry();
+    window().close();
+    host.calls.clear();
+    start();
+    EXPECT_EQ(window().size(), size + QSize(50, 50));
+    EXPECT_EQ(window().panels().milDisp->geometry(), image);
+    EXPECT_EQ(window().fields().InitImageSizeX, 384 * 15); // a size like any other that the user gives
+}
+
+TEST_F(MonitorGeometry, ARememberedSizeChangesNothingInTheOrderOfTheStart) {
+    const QSize size = window().size();
+    dragWindow(window(), {QPoint(33, 44), size + QSize(50, 50)});
+    window().close();
+    emptyRegistry();
+    host.calls.clear();
+    start();
+    // Without what was passed: window handles are others at each start.
+    const auto names = [this] {
+        std::vector<std::string> functions;
+        for (const std::string& call : host.calls) {
+            functions.push_back(call.substr(0, call.find('(')));
+        }
+        return functions;
+    };
+    const std::vector<std::string> usual = names();
+    window().close();
+    WindowPlaceStore().save(QStringLiteral("frmOcuva"), {QPoint(33, 44), size + QSize(50, 50)});
+    host.calls.clear();
+    start();
+    std::vector<std::string> now = names();
+    ASSERT_GE(now.size(), usual.size());
+    now.resize(usual.size());
+    EXPECT_EQ(now, usual);
+}
+
+TEST_F(MonitorGeometry, TheWindowComesBackMaximised) {
+    window().showMaximized();
+    QCoreApplication::processEvents();
+    window().close();
+    start();
+    EXPECT_TRUE(window().isMaximized());
+    window().showNormal();
+    QCoreApplication::processEvents();
+    window().close();
+    start();
+    EXPECT_FALSE(window().isMaximized());
+}
+
+TEST_F(MonitorGeometry, AServerCopyThatIsWokenIsNotMaximised) {
+    window().showMaximized();
+    QCoreApplication::processEvents();
+    window().close();
+    start("-server");
+    host.deliver("OCUVA_WAKEUP");
+    EXPECT_TRUE(window().isVisible());
+    EXPECT_FALSE(window().isMaximized());
 }
 
 TEST_F(MonitorGeometry, ZoomingInAndOutBringsTheWindowBackToItsSize) {

@@ -1,5 +1,6 @@
 #include "standards/frmStdList.h"
 #include "tests/app/WindowRig.h"
+#include "tests/support/UsersHand.h"
 
 #include <QFileDialog>
 #include <QLineEdit>
@@ -156,8 +157,7 @@ TEST_F(MoveDialog, OpensBesideTheMainWindowAndNotOverTheImage) {
 
 TEST_F(MoveDialog, ComesBackWhereItWasLeftWithWhereTheStageIsNow) {
     action("mnuMove")->trigger();
-    moveDialog().move(7, 9);
-    moveDialog().resize(moveDialog().size() + QSize(30, 10));
+    dragWindow(moveDialog(), {QPoint(7, 9), moveDialog().size() + QSize(30, 10)});
     const QRect left = moveDialog().geometry();
     moveDialog().close();
     host.position = {{axisX, 5}};

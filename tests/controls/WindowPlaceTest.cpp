@@ -1,18 +1,19 @@
 #include "controls/WindowPlace.h"
 
+#include "tests/support/PrintRect.h"
+#include "tests/support/UsersHand.h"
+
 #include <QScreen>
+#include <QScrollArea>
 #include <QSettings>
 #include <QTest>
+#include <QVBoxLayout>
+#include <QWindow>
 
 #include <gtest/gtest.h>
 #include <random>
 
 using namespace ocuva;
-
-// So that a failure tells the rectangles.
-void PrintTo(const QRect& rect, std::ostream* out) {
-    *out << rect.x() << ',' << rect.y() << ' ' << rect.width() << 'x' << rect.height();
-}
 
 namespace {
 
@@ -29,13 +30,23 @@ struct PlacedWindow : testing::Test {
 };
 
 struct Window : QWidget {
-    explicit Window(WindowPlace::Keeps keeps = WindowPlace::Keeps::PositionAndSize,
-                    std::function<QRect(QSize)> firstPlace = {}) {
+    WindowPlace* place = nullptr;
+
+    explicit Window(FirstPlace firstPlace = {}) {
         setObjectName(QStringLiteral("frmTried"));
         resize(200, 100);
-        new WindowPlace(*this, keeps, std::move(firstPlace));
+        place = new WindowPlace(*this, std::move(firstPlace));
     }
 };
+
+std::optional<QRect> stored() {
+    const auto place = WindowPlaceStore().load(QStringLiteral("frmTried"));
+    return place && place->size ? std::optional(QRect(place->corner, *place->size)) : std::nullopt;
+}
+
+FirstPlace at(const QPoint& corner) {
+    return [corner](QSize size, const std::optional<QRect>& /*present*/) { return QRect(corner, size); };
+}
 
 } // namespace
 
@@ -81,102 +92,190 @@ TEST(BroughtOnScreen, OfAnyRectangleIsWhollyOnOneScreenAndAsLargeAsItWasWhereThe
     }
 }
 
-TEST(BesideAWindow, WithoutRoomIsAsMuchSmallerAsItMustBeWhereMostOfItIsLeft) {
-    const QSize page(900, 600);
-    const QRect low(200, 450, 500, 350); // its frame reaches the lower edge
-    EXPECT_EQ(besideWindow(low, page, left, {600, 400}), QRect(100, 0, 900, 444));
-    const QRect aside(0, 100, 350, 700);
-    EXPECT_EQ(besideWindow(aside, page, left, {600, 400}), QRect(356, 100, 644, 600));
-}
-
-TEST(BesideAWindow, WithoutRoomForItsSmallestSizeIsInTheCornerInFull) {
-    const QRect wide(50, 150, 900, 500);
-    EXPECT_EQ(besideWindow(wide, {900, 600}, left, {600, 400}), QRect(100, 200, 900, 600));
-    EXPECT_EQ(besideWindow(wide, {900, 600}, left), QRect(100, 200, 900, 600));
-}
-
-TEST(BesideAWindow, IsAtItsRightElseAtItsLeftBelowOrAbove) {
-    const QSize size(300, 200);
-    EXPECT_EQ(besideWindow({100, 50, 400, 500}, size, left), QRect(506, 50, 300, 200));
-    EXPECT_EQ(besideWindow({500, 50, 400, 500}, size, left), QRect(194, 50, 300, 200));
-    EXPECT_EQ(besideWindow({100, 50, 800, 500}, size, left), QRect(100, 556, 300, 200));
-    EXPECT_EQ(besideWindow({100, 250, 800, 500}, size, left), QRect(100, 44, 300, 200));
-}
-
-TEST(BesideAWindow, StaysOnTheScreenBesideOneThatHangsOverItsEdge) {
-    EXPECT_EQ(besideWindow({100, -40, 400, 500}, {300, 200}, left), QRect(506, 0, 300, 200));
-    EXPECT_EQ(besideWindow({100, 700, 400, 500}, {300, 200}, left), QRect(506, 600, 300, 200));
-}
-
-TEST(BesideAWindow, ThatLeavesNoRoomIsTheLowerRightCorner) {
-    EXPECT_EQ(besideWindow(left, {300, 200}, left), QRect(700, 600, 300, 200));
-    EXPECT_EQ(besideWindow(left, {3000, 200}, left), QRect(0, 600, 1000, 200));
-}
-
-TEST_F(PlacedWindow, ComesBackWhereItWasAndAsLargeAsItWas) {
+TEST_F(PlacedWindow, ComesBackWhereTheUserLeftItAndAsLarge) {
     {
         Window window;
         window.show();
-        window.move(30, 40);
-        window.resize(250, 160);
+        dragWindow(window, {30, 40, 250, 160});
         window.hide();
     }
     Window again;
     again.show();
     EXPECT_EQ(again.pos(), QPoint(30, 40));
     EXPECT_EQ(again.size(), QSize(250, 160));
-    EXPECT_TRUE(registry().contains(QStringLiteral("WindowPlaces/frmTried")));
+}
+
+TEST_F(PlacedWindow, IsNotRememberedWhenTheUserHasNeitherMovedNorSizedIt) {
+    {
+        Window window(at({11, 12}));
+        window.show();
+        waitUntilSettled();
+        window.resize(300, 200); // the program's own doing
+        waitUntilSettled();
+        window.hide();
+    }
+    EXPECT_FALSE(WindowPlaceStore().load(QStringLiteral("frmTried")));
+    EXPECT_TRUE(registry().allKeys().isEmpty());
+}
+
+TEST_F(PlacedWindow, IsNotRememberedWhereTheWindowSystemPutItWhenItWasShown) {
+    Window window;
+    window.show();
+    window.windowHandle()->setFramePosition({60, 70}); // its answer comes at once
+    waitUntilSettled();
+    window.hide();
+    EXPECT_FALSE(WindowPlaceStore().load(QStringLiteral("frmTried")));
+}
+
+TEST_F(PlacedWindow, IsRememberedWithoutASizeThatTheUserHasNotChosen) {
+    {
+        Window window;
+        window.show();
+        dragWindow(window, {30, 40, 200, 100});
+        window.hide();
+    }
+    const auto place = WindowPlaceStore().load(QStringLiteral("frmTried"));
+    ASSERT_TRUE(place);
+    EXPECT_EQ(place->corner, QPoint(30, 40));
+    EXPECT_FALSE(place->size);
+    Window larger;
+    larger.resize(333, 222); // as the program makes it in another session
+    larger.show();
+    EXPECT_EQ(larger.pos(), QPoint(30, 40));
+    EXPECT_EQ(larger.size(), QSize(333, 222));
+}
+
+TEST_F(PlacedWindow, ThatTheUserHasNotPlacedComesBackWhereItWasInThisSession) {
+    Window window;
+    window.show();
+    window.windowHandle()->setFramePosition({60, 70}); // where the window system puts it
+    waitUntilSettled();
+    window.hide();
+    window.move(0, 0); // what a window system makes of a window that it has taken down
+    window.show();
+    EXPECT_EQ(window.pos(), QPoint(60, 70));
+}
+
+TEST_F(PlacedWindow, ThatIsHiddenBeforeTheWindowSystemHasSettledComesBackWhereItWas) {
+    Window window;
+    window.show();
+    window.windowHandle()->setFramePosition({60, 70});
+    QCoreApplication::processEvents();
+    window.hide();
+    window.move(0, 0);
+    window.show();
+    EXPECT_EQ(window.pos(), QPoint(60, 70));
+    EXPECT_FALSE(WindowPlaceStore().load(QStringLiteral("frmTried")));
 }
 
 TEST_F(PlacedWindow, ThatIsClosedWithItsParentIsRememberedToo) {
     {
         Window window;
         window.show();
-        window.move(30, 40);
+        dragWindow(window, {30, 40, 200, 100});
     }
     Window again;
     again.show();
     EXPECT_EQ(again.pos(), QPoint(30, 40));
 }
 
-TEST_F(PlacedWindow, ThatKeepsItsPositionOnlyHasTheSizeThatItWasGiven) {
-    WindowPlaceStore().save(QStringLiteral("frmTried"), QRect(30, 40, 500, 400));
-    Window window(WindowPlace::Keeps::Position);
-    window.show();
-    EXPECT_EQ(window.pos(), QPoint(30, 40));
-    EXPECT_EQ(window.size(), QSize(200, 100));
-}
-
 TEST_F(PlacedWindow, IsBroughtBackFromAScreenThatIsGone) {
-    WindowPlaceStore().save(QStringLiteral("frmTried"), QRect(9000, -4000, 250, 160));
+    WindowPlaceStore().save(QStringLiteral("frmTried"), {QPoint(9000, -4000), QSize(250, 160)});
     Window window;
     window.show();
     EXPECT_TRUE(screen().contains(window.frameGeometry()));
     EXPECT_EQ(window.size(), QSize(250, 160));
 }
 
-TEST_F(PlacedWindow, StandsWhereItIsToldTheFirstTimeAndWhereItWasLeftFromThenOn) {
-    const auto place = [](QSize size) { return QRect(QPoint(11, 12), size); };
-    Window window(WindowPlace::Keeps::PositionAndSize, place);
+TEST_F(PlacedWindow, IsNoLargerThanTheScreen) {
+    Window window(at({5, 5}));
+    window.resize(screen().size() + QSize(300, 200));
+    window.show();
+    EXPECT_TRUE(screen().contains(window.frameGeometry()));
+}
+
+TEST_F(PlacedWindow, ThatTheProgramResizesRightAfterTheUserMovedItIsRememberedWithoutThatSize) {
+    Window window;
+    window.show();
+    dragWindow(window, {30, 40, 200, 100});
+    window.resize(400, 300);
+    window.hide();
+    const auto place = WindowPlaceStore().load(QStringLiteral("frmTried"));
+    ASSERT_TRUE(place);
+    EXPECT_EQ(place->corner, QPoint(30, 40));
+    EXPECT_FALSE(place->size);
+}
+
+TEST_F(PlacedWindow, WhoseContentsNeedMoreRoomThanTheScreenScrollsThem) {
+    Window window(at({5, 5}));
+    auto* column = new QVBoxLayout(&window);
+    auto* wide = new QWidget(&window);
+    wide->setMinimumSize(screen().width() + 500, 100);
+    column->addWidget(wide);
+    window.show();
+    EXPECT_TRUE(screen().contains(window.frameGeometry()));
+    EXPECT_EQ(wide->width(), screen().width() + 500);
+    EXPECT_NE(window.findChild<QScrollArea*>(), nullptr);
+}
+
+TEST_F(PlacedWindow, OpensAtItsFirstPlaceUntilTheUserHasMovedIt) {
+    Window window(at({11, 12}));
     window.show();
     EXPECT_EQ(window.pos(), QPoint(11, 12));
     EXPECT_EQ(window.size(), QSize(200, 100));
-    window.move(70, 80);
+    dragWindow(window, {70, 80, 200, 100});
     window.hide();
     window.show();
     EXPECT_EQ(window.pos(), QPoint(70, 80));
 }
 
+TEST_F(PlacedWindow, GivesItsFirstPlaceTheOneThatItHasHadInThisSession) {
+    std::vector<std::optional<QRect>> asked;
+    Window window([&asked](QSize size, const std::optional<QRect>& present) {
+        asked.push_back(present);
+        return present.value_or(QRect(QPoint(11, 12), size));
+    });
+    window.show();
+    waitUntilSettled();
+    window.hide();
+    window.show();
+    ASSERT_EQ(asked.size(), 2U);
+    EXPECT_FALSE(asked[0]);
+    ASSERT_TRUE(asked[1]);
+    EXPECT_EQ(asked[1]->topLeft(), QPoint(11, 12));
+    EXPECT_EQ(window.pos(), QPoint(11, 12));
+}
+
 TEST_F(PlacedWindow, IsNotRememberedAsLargeAsTheScreenThatItWasMaximisedOn) {
     Window window;
     window.show();
-    window.move(30, 40);
+    dragWindow(window, {30, 40, 210, 110});
     window.hide();
     window.show();
     window.showMaximized();
     QCoreApplication::processEvents();
     window.hide();
-    EXPECT_EQ(WindowPlaceStore().load(QStringLiteral("frmTried")), QRect(30, 40, 200, 100));
+    EXPECT_EQ(stored(), QRect(30, 40, 210, 110));
+}
+
+TEST_F(PlacedWindow, ThatWasMaximisedIsSoAgainWhenItAsksForItAndGoesBackToItsPlaceBefore) {
+    {
+        Window window;
+        window.show();
+        dragWindow(window, {30, 40, 210, 110});
+        QTest::qWait(200);
+        window.showMaximized();
+        QTest::qWait(50);
+    }
+    Window again;
+    again.place->restoreMaximised();
+    again.show();
+    EXPECT_TRUE(again.isMaximized());
+    again.showNormal();
+    QTest::qWait(50);
+    EXPECT_EQ(QRect(again.pos(), again.size()), QRect(30, 40, 210, 110));
+    again.hide();
+    EXPECT_FALSE(WindowPlaceStore().loadMaximised(QStringLiteral("frmTried")));
 }
 
 TEST_F(PlacedWindow, WithADamagedEntryIsShownAsDesigned) {

@@ -112,8 +112,9 @@ class Trace:
 class Desk:
     """Used as `with Desk() as desk`; at the end every process that was started here has ended."""
 
-    def __init__(self, program=None):
+    def __init__(self, program=None, screen=SCREEN):
         """Needs to know the program when it can be one of Windows."""
+        self._screen = screen
         self._wine = program is not None and program.suffix == ".exe"
         self._places = program.with_name("window_places.exe") if self._wine else None
         self._place_asker = None
@@ -146,7 +147,7 @@ class Desk:
         for name in ("data", "config", "runtime", "tmp"):
             (self.folder / name).mkdir(mode=0o700)
         display_in, display_out = os.pipe()
-        self._start("Xvfb", "-displayfd", str(display_out), "-screen", "0", SCREEN, "-nolisten", "tcp", "-noreset",
+        self._start("Xvfb", "-displayfd", str(display_out), "-screen", "0", self._screen, "-nolisten", "tcp", "-noreset",
                     pass_fds=(display_out,), log="xvfb.log")
         os.close(display_out)
         with os.fdopen(display_in) as answer:

@@ -59,8 +59,8 @@ HelpWindow::HelpWindow(const QDir& manual, const std::vector<KeyRow>& keys, cons
         }
     });
     connect(view->verticalScrollBar(), &QScrollBar::valueChanged, this, &HelpWindow::followView);
-    resize(firstSize.boundedTo(screen()->availableSize() * 9 / 10));
-    new WindowPlace(*this, WindowPlace::Keeps::PositionAndSize, besideItsOwner(beside, smallestBeside));
+    resize(firstSize);
+    new WindowPlace(*this, besideItsOwner(beside, smallestBeside));
     view->setFocus();
 }
 

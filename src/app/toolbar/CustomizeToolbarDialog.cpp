@@ -112,7 +112,7 @@ CustomizeToolbarDialog::CustomizeToolbarDialog(const ToolbarLayout& layout,
     arrange();
     connectControls();
     fillLists(0);
-    new WindowPlace(*this, WindowPlace::Keeps::PositionAndSize);
+    new WindowPlace(*this, besideItsOwner(parent));
 }
 
 void CustomizeToolbarDialog::arrange() {

@@ -2,6 +2,7 @@
 #include "app/help/HelpWindow.h"
 #include "controls/WindowPlace.h"
 #include "tests/support/OwnRegistry.h"
+#include "tests/support/UsersHand.h"
 
 #include <QAbstractTextDocumentLayout>
 #include <QApplication>
@@ -200,16 +201,16 @@ TEST_F(ManualWindow, ComesBackWhereItWasLeftAndAsLarge) {
     {
         HelpWindow window(QDir(QStringLiteral(DOCS_FOLDER)), {});
         window.show();
-        window.setGeometry(left);
+        dragWindow(window, left);
         window.close();
     }
     HelpWindow again(QDir(QStringLiteral(DOCS_FOLDER)), {});
     again.show();
-    EXPECT_EQ(again.geometry(), left);
+    EXPECT_EQ(QRect(again.pos(), again.size()), left);
 }
 
 TEST_F(ManualWindow, ThatWasLeftOnAScreenThatIsGoneComesBackOnOneThatIsThere) {
-    WindowPlaceStore().save(QStringLiteral("frmHelp"), QRect(9000, 7000, 640, 400));
+    WindowPlaceStore().save(QStringLiteral("frmHelp"), {QPoint(9000, 7000), QSize(640, 400)});
     HelpWindow window(QDir(QStringLiteral(DOCS_FOLDER)), {});
     window.show();
     EXPECT_TRUE(window.screen()->availableGeometry().contains(window.frameGeometry()));
