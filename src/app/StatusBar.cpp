@@ -1,7 +1,6 @@
 #include "app/StatusBar.h"
 
 #include <QFontMetrics>
-#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -15,19 +14,7 @@ namespace {
 constexpr int lampDiameter = 9;
 constexpr int lampGap = 6;
 
-// A position panel: the axis letter, then the number right-aligned in room for the longest position.
-QWidget* withCaption(StatusPanel* panel, const QString& caption, QWidget* parent) {
-    auto* cell = new QWidget(parent);
-    auto* row = new QHBoxLayout(cell);
-    row->setContentsMargins(6, 0, 6, 0);
-    row->setSpacing(6);
-    auto* letter = new QLabel(caption, cell);
-    row->addWidget(letter);
-    row->addWidget(panel);
-    panel->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    panel->setMinimumWidth(QFontMetrics(panel->font()).horizontalAdvance(QStringLiteral("-0000000")));
-    return cell;
-}
+constexpr int marginPixels = 6;
 
 } // namespace
 
@@ -46,6 +33,14 @@ void StatusPanel::setText(const QString& text) {
         setAccessibleDescription(text);
         Q_EMIT textChanged();
     }
+}
+
+void StatusPanel::setCaption(const QString& caption) {
+    m_caption = caption;
+    setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    const QString longest = caption + QStringLiteral("-0000000");
+    setMinimumWidth(3 * marginPixels + fontMetrics().horizontalAdvance(longest));
+    update();
 }
 
 void StatusPanel::setLamp(const QColor& colour) {
@@ -69,6 +64,11 @@ void StatusPanel::paintEvent(QPaintEvent* /*event*/) {
         painter.drawEllipse(
             QRectF(room.left(), top, lampDiameter, lampDiameter).adjusted(0.5, 0.5, -0.5, -0.5));
         room.setLeft(room.left() + lampDiameter + lampGap);
+    }
+    if (!m_caption.isEmpty()) {
+        style()->drawItemText(&painter, room, Qt::AlignLeft | Qt::AlignVCenter, palette(),
+                              QWidget::isEnabled(), m_caption, foregroundRole());
+        room.setLeft(room.left() + fontMetrics().horizontalAdvance(m_caption) + marginPixels);
     }
     const QString shown =
         fontMetrics().elidedText(m_tip.isEmpty() ? text() : m_tip, Qt::ElideRight, room.width());
@@ -128,10 +128,11 @@ StatusBar::StatusBar(QWidget* parent)
         connect(panel, &StatusPanel::clicked, this, &StatusBar::panelClicked);
         connect(panel, &StatusPanel::textChanged, this, &StatusBar::panelTextChanged);
         connect(panel, &StatusPanel::doubleClicked, this, &StatusBar::panelDoubleClicked);
+        panel->setContentsMargins(marginPixels, 0, marginPixels, 0);
         if (i < 3) {
-            addWidget(withCaption(panel, key, this));
+            panel->setCaption(key);
+            addWidget(panel);
         } else {
-            panel->setContentsMargins(6, 0, 6, 0);
             // It takes what room there is, and never makes the window wider.
             panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
             connect(panel, &StatusPanel::clicked, this, &StatusBar::informationClicked);

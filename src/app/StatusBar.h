@@ -21,6 +21,10 @@ public:
     /// Tells screen readers too, which read a panel by what it is and not by what it says.
     void setText(const QString& text);
 
+    /// A letter at the left end of the panel, which belongs to the panel like the rest of it; the text goes
+    /// to the right end, and the panel has room for the longest position. text() stays what it is.
+    void setCaption(const QString& caption);
+
     /// A round lamp of that colour before the text.
     void setLamp(const QColor& colour);
     /// Invalid for none.
@@ -48,6 +52,7 @@ protected:
 private:
     QColor m_lamp; // invalid: none
     QString m_tip;
+    QString m_caption;
     bool m_doubleClick = false; // the release that ends a double click is not one more click
 };
 

@@ -1,5 +1,6 @@
 #include "app/frmOcuva.h"
 
+#include "app/ExitKey.h"
 #include "app/frmSplash.h"
 #include "app/toolbar/VectorIcon.h"
 #include "autofocus/DoFocus.h"
@@ -93,6 +94,7 @@ void frmOcuva::makeControls() {
         [this](const QString& text) { reportError(text); }, [this](const QString& text) { logError(text); }});
 
     m_menu->lendFunctionKeys(m_pictureOnStage->dialog());
+    new ExitKey(*m_menu->action("mnuExit"));
 
     // The window as designed: what stands around the monitor frame, from the frame's edge to the window's.
     const QRect monitor = m_panels->frMonitor->geometry();

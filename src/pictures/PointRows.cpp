@@ -69,7 +69,7 @@ PointRows::Row PointRows::makeRow(QGridLayout& grid, std::size_t point) {
     const QString number = QString::number(point + 1);
     const int gridRow = firstPointRow + static_cast<int>(point);
     Row row;
-    row.LabelPtI = new QLabel(tr("Point %1").arg(number), this);
+    row.LabelPtI = new QLabel(tr("Point &%1").arg(number), this);
     row.LabelPtI->setObjectName(QStringLiteral("LabelPtI") + number);
     grid.addWidget(row.LabelPtI, gridRow, 0);
     for (const FieldRow& field : fields) {
@@ -84,11 +84,13 @@ PointRows::Row PointRows::makeRow(QGridLayout& grid, std::size_t point) {
     }
     row.ButI = new QPushButton(tr("Pick"), this);
     row.ButI->setObjectName(QStringLiteral("ButI") + number);
-    row.ButI->setToolTip(tr("Choose point %1 by a click on the image").arg(number));
+    row.ButI->setToolTip(tr("Choose point %1 by a click on the image (Alt+%1)").arg(number));
     row.ButI->setCheckable(true);
     row.ButX = new QPushButton(tr("Read"), this);
     row.ButX->setObjectName(QStringLiteral("ButX") + number);
-    row.ButX->setToolTip(tr("Take where the stage stands as point %1").arg(number));
+    row.ButX->setToolTip(tr("Take where the stage stands as point %1 (Ctrl+%1)").arg(number));
+    row.LabelPtI->setBuddy(row.ButI);
+    row.ButX->setShortcut(QKeySequence(Qt::CTRL | Qt::Key(Qt::Key_1 + static_cast<int>(point))));
     for (QPushButton* button : {row.ButI, row.ButX}) {
         button->setAutoDefault(false);
         button->setFixedWidth(button->fontMetrics().horizontalAdvance(button->text()) + buttonPadding);

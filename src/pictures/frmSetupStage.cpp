@@ -1,6 +1,7 @@
 #include "pictures/frmSetupStage.h"
 
 #include "base/Numbers.h"
+#include "controls/AccessLetter.h"
 #include "controls/WindowPlace.h"
 
 #include <QHBoxLayout>
@@ -54,24 +55,24 @@ frmSetupStage::frmSetupStage(const SetupStageContext& context, QWidget* parent)
 void frmSetupStage::makeControls() {
     FramePoint = new PointRows(this);
     verdict = new CalibrationVerdict(this);
-    optThreePoints = new QRadioButton(tr("3 Points"), this);
-    optTwoPoints = new QRadioButton(tr("2 Points"), this);
+    optThreePoints = new LetteredRadioButton(tr("3 &Points"), this);
+    optTwoPoints = new LetteredRadioButton(tr("2 P&oints"), this);
     optThreePoints->setChecked(true);
     LabelHint = new QLabel(this);
     LabelHint->setWordWrap(true);
     LabelHint->setTextFormat(Qt::PlainText);
     LabelHint->setMinimumHeight(LabelHint->fontMetrics().lineSpacing());
     const auto button = [this](const QString& caption) {
-        auto* made = new QPushButton(caption, this);
+        auto* made = new LetteredButton(caption, this);
         made->setAutoDefault(false);
         return made;
     };
-    CmdPt = button(tr("Hide Points"));
-    cmdRestore = button(tr("Restore Last"));
+    CmdPt = button(tr("&Hide Points"));
+    cmdRestore = button(tr("&Restore Last"));
     cmdRestore->setToolTip(tr("Put the points of the calibration that was accepted last into the boxes"));
-    OKPicture = button(tr("OK"));
+    OKPicture = button(tr("O&K"));
     OKPicture->setDefault(true);
-    CancelPicture = button(tr("Cancel"));
+    CancelPicture = button(tr("&Cancel"));
     tMoveWait = new QTimer(this);
     tMoveWait->setInterval(AxisWait::tickMs);
     const std::array<std::pair<QObject*, const char*>, 9> names{{{optThreePoints, "optThreePoints"},
@@ -217,7 +218,7 @@ void frmSetupStage::CmdPt_Click() {
         select({});
     }
     FramePoint->setVisible(open);
-    CmdPt->setText(open ? tr("Hide Points") : tr("Show Points"));
+    CmdPt->setCaption(open ? tr("&Hide Points") : tr("S&how Points"));
     adjustSize();
 }
 

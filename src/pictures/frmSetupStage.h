@@ -1,6 +1,7 @@
 #pragma once
 // The calibration dialog: ties two or three points of the picture to stage positions.
 
+#include "controls/AccessLetter.h"
 #include "pictures/Calibration.h"
 #include "pictures/CalibrationStore.h"
 #include "pictures/CalibrationVerdict.h"
@@ -72,7 +73,7 @@ public:
     QRadioButton* optThreePoints = nullptr;
     QRadioButton* optTwoPoints = nullptr;
     ///@}
-    QPushButton* CmdPt = nullptr; ///< closes the point frame, and opens it again
+    LetteredButton* CmdPt = nullptr; ///< closes the point frame, and opens it again
     /// The controls, by their names.
     ///@{
     QPushButton* cmdRestore = nullptr;

@@ -1,5 +1,6 @@
 #include "standards/frmMove.h"
 
+#include "controls/AccessLetter.h"
 #include "controls/WindowPlace.h"
 #include "standards/StageTarget.h"
 
@@ -12,9 +13,9 @@ namespace ocuva {
 frmMove::frmMove(StageMover& fOcuva, std::function<void()> addStandard,
                  std::function<void(const QString&)> report, QWidget* parent)
     : QDialog(parent)
-    , cmdMove(new QPushButton(tr("Move"), this))
-    , cmdStandard(new QPushButton(tr("Standard Pos..."), this))
-    , cmdClose(new QPushButton(tr("Close"), this))
+    , cmdMove(new LetteredButton(tr("&Move"), this))
+    , cmdStandard(new LetteredButton(tr("&Standard Pos..."), this))
+    , cmdClose(new LetteredButton(tr("&Close"), this))
     , m_fOcuva(fOcuva)
     , m_report(std::move(report)) {
     setObjectName(QStringLiteral("frmMove"));
@@ -36,6 +37,7 @@ frmMove::frmMove(StageMover& fOcuva, std::function<void()> addStandard,
         box->setAccessibleName(tr("Target %1, stage units").arg(axis));
         box->setAlignment(Qt::AlignRight);
         label->setBuddy(box);
+        makeAccessLetter(*label);
         txtMove.at(static_cast<std::size_t>(i)) = box;
         grid->addWidget(label, i, 0);
         grid->addWidget(box, i, 1);

@@ -1,5 +1,6 @@
 #include "standards/frmStdList.h"
 
+#include "controls/AccessLetter.h"
 #include "controls/WindowPlace.h"
 #include "platform/Desktop.h"
 #include "standards/StandardText.h"
@@ -9,6 +10,7 @@
 #include <QHeaderView>
 #include <QPainter>
 #include <QScrollBar>
+#include <QShortcut>
 #include <QShowEvent>
 #include <QVBoxLayout>
 
@@ -103,7 +105,7 @@ void frmStdList::makeControls() {
     auto* column = new QVBoxLayout(frStdListCmds);
     column->setContentsMargins(0, 0, 0, 0);
     const auto addButton = [&](const char* name, const QString& text, const QString& help) {
-        auto* button = new QPushButton(text, frStdListCmds);
+        auto* button = new LetteredButton(text, frStdListCmds);
         button->setObjectName(QString::fromLatin1(name));
         button->setAccessibleName(help);
         button->setToolTip(help);
@@ -111,14 +113,21 @@ void frmStdList::makeControls() {
         column->addWidget(button);
         return button;
     };
-    cmdInsert = addButton("cmdInsert", tr("Insert..."), tr("Insert a standard from its file"));
-    cmdDelete = addButton("cmdDelete", tr("Delete"), tr("Take the selected standards off the list"));
+    cmdInsert = addButton("cmdInsert", tr("&Insert..."), tr("Insert a standard from its file"));
+    cmdDelete = addButton("cmdDelete", tr("&Delete"), tr("Take the selected standards off the list (Del)"));
     column->addSpacing(outerMargin);
-    cmdUp = addButton("cmdUp", QStringLiteral("\u2191"), tr("Move the selected standards up"));
-    cmdDown = addButton("cmdDown", QStringLiteral("\u2193"), tr("Move the selected standards down"));
+    cmdUp = addButton("cmdUp", QStringLiteral("\u2191"), tr("Move the selected standards up (Alt+Up)"));
+    cmdDown =
+        addButton("cmdDown", QStringLiteral("\u2193"), tr("Move the selected standards down (Alt+Down)"));
     column->addStretch(1);
-    cmdOk = addButton("cmdOk", tr("OK"), tr("Close the list"));
+    cmdOk = addButton("cmdOk", tr("&OK"), tr("Close the list"));
     cmdOk->setDefault(true);
+    cmdUp->setShortcut(Qt::ALT | Qt::Key_Up);
+    cmdDown->setShortcut(Qt::ALT | Qt::Key_Down);
+    auto* deleteKey = new QShortcut(QKeySequence::Delete, lvwStdEntries);
+    deleteKey->setContext(Qt::WidgetShortcut);
+    deleteKey->setAutoRepeat(false);
+    connect(deleteKey, &QShortcut::activated, cmdDelete, &QPushButton::click);
 
     auto* grid = new QGridLayout(this);
     grid->setContentsMargins(outerMargin, outerMargin, outerMargin, outerMargin);

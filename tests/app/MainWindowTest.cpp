@@ -314,6 +314,31 @@ TEST_F(MainWindow, AClickOnAPanelOfTheStatusBarReadsTheStageAgain) {
     EXPECT_THAT(host.calls, ElementsAre("TarnReadStagePos(1)", "TarnReadStagePos(2)", "TarnReadStagePos(3)"));
 }
 
+TEST_F(MainWindow, TheLetterOfAPanelOfTheStatusBarIsPartOfThePanel) {
+    host.position = {{axisX, 12}, {axisY, 0}, {axisZ, 0}};
+    StatusPanel* const panelX = window().sbMain->panel(QStringLiteral("X"));
+    const QPoint onLetter(10, panelX->height() / 2);
+    QTest::mouseClick(panelX, Qt::LeftButton, Qt::NoModifier, onLetter);
+    EXPECT_EQ(panel("X"), "12");
+    EXPECT_EQ(window().childAt(panelX->mapTo(&window(), onLetter)), panelX);
+    QTest::mouseDClick(panelX, Qt::LeftButton, Qt::NoModifier, onLetter);
+    EXPECT_TRUE(window().standards().moveDialog().isVisible());
+}
+
+TEST_F(MainWindow, APanelOfThePositionShowsItsLetterAndHasRoomForTheLongestPosition) {
+    StatusPanel* const panelX = window().sbMain->panel(QStringLiteral("X"));
+    const auto left = [panelX] {
+        return panelX->grab({0, 0, panelX->width() / 4, panelX->height()}).toImage();
+    };
+    panelX->setText(QString());
+    const QImage letter = left();
+    panelX->setText(QStringLiteral("-2147483"));
+    EXPECT_EQ(left(), letter); // the number leaves the letter alone
+    panelX->setText(QString());
+    panelX->setCaption(QString());
+    EXPECT_NE(left(), letter);
+}
+
 TEST_F(MainWindow, APanelOfTheStatusBarIsWorkedWithTheKeyboardToo) {
     host.position = {{axisX, 5}};
     StatusPanel* const panelY = window().sbMain->panel(QStringLiteral("Y"));

@@ -479,3 +479,23 @@ TEST_F(StandardListDialog, ClosingItRebuildsTheStageMenu) {
     dialog->close();
     EXPECT_EQ(menusFilled, 2);
 }
+
+TEST_F(StandardListDialog, TheDeleteKeyInTheListDoesWhatTheButtonDoes) {
+    select({2});
+    QApplication::setActiveWindow(dialog.get());
+    dialog->lvwStdEntries->setFocus();
+    QTest::keyClick(dialog->lvwStdEntries, Qt::Key_Delete);
+    EXPECT_THAT(storedNames(), ElementsAre("/std/Quartz.std", "/std/Pyrite.std"));
+    EXPECT_THAT(selected(), ElementsAre(2));
+}
+
+TEST_F(StandardListDialog, AltAndTheArrowKeysMoveTheSelectedStandards) {
+    select({2});
+    QApplication::setActiveWindow(dialog.get());
+    const std::vector<std::string> before = storedNames();
+    QTest::keyClick(dialog->lvwStdEntries, Qt::Key_Down, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return storedNames() != before; }));
+    EXPECT_THAT(storedNames(), ElementsAre("/std/Quartz.std", "/std/Pyrite.std", "/elsewhere/Gold.std"));
+    QTest::keyClick(dialog->lvwStdEntries, Qt::Key_Up, Qt::AltModifier);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return storedNames() == before; }));
+}

@@ -1,5 +1,7 @@
 #include "app/toolbar/ButtonMenus.h"
 
+#include "app/toolbar/TypeAheadMenu.h"
+
 #include <QAction>
 
 namespace ocuva {
@@ -12,7 +14,7 @@ constexpr char givenText[] = "givenText";
 } // namespace
 
 ButtonMenus::ButtonMenus()
-    : m_menu(std::make_unique<QMenu>()) {
+    : m_menu(std::make_unique<TypeAheadMenu>()) {
     showEmptyLine();
 }
 

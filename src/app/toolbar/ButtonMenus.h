@@ -27,7 +27,8 @@ public:
     QString key(int index) const;  ///< empty when there is no such item
     QString text(int index) const; ///< as given to add; empty when there is no such item
 
-    /// The menu that shows the list. Its triggered signal gives actions whose data() is the item's key.
+    /// The menu that shows the list. Typing the beginning of a text goes to
+    /// its item. Its triggered signal gives actions whose data() is the item's key.
     QMenu* menu() const { return m_menu.get(); }
 
 private:

@@ -2,6 +2,7 @@
 
 #include "ToolbarRig.h"
 #include "app/toolbar/CustomizeToolbarDialog.h"
+#include "app/toolbar/TypeAheadMenu.h"
 
 #include <QContextMenuEvent>
 
@@ -177,6 +178,55 @@ TEST(ButtonMenus, TheListMayBeFilledAnewByTheClickOnOneOfItsItems) {
     ToolbarRig::settle();
     EXPECT_EQ(rig.menuClicks, std::vector<std::string>{"Stage/old"});
     EXPECT_EQ(menus.key(0), text("new"));
+}
+
+TEST(TypeAhead, GoesToTheNextEntryThatBeginsWithTheLetterAndRoundAgain) {
+    const QStringList names{text("Apatite"), text("Pyrite"), text("Quartz"), text("pyrope")};
+    TypeAhead typeAhead;
+    EXPECT_EQ(typeAhead.type(text("p"), 0, 400, names, -1), 1);
+    EXPECT_EQ(typeAhead.type(text("P"), 1000, 400, names, 1), 3);
+    EXPECT_EQ(typeAhead.type(text("p"), 2000, 400, names, 3), 1);
+    EXPECT_EQ(typeAhead.type(text("x"), 3000, 400, names, 1), std::nullopt);
+    EXPECT_EQ(typeAhead.type(text("x"), 4000, 400, {}, -1), std::nullopt);
+}
+
+TEST(TypeAhead, TakesLettersThatFollowQuicklyAsOneBeginning) {
+    const QStringList names{text("Pyrite"), text("Pyrope"), text("Fe 1"), text("Fe 2")};
+    TypeAhead typeAhead;
+    EXPECT_EQ(typeAhead.type(text("p"), 0, 400, names, -1), 0);
+    EXPECT_EQ(typeAhead.type(text("y"), 100, 400, names, 0), 0);
+    EXPECT_EQ(typeAhead.type(text("r"), 200, 400, names, 0), 0);
+    EXPECT_EQ(typeAhead.type(text("o"), 300, 400, names, 0), 1);
+    EXPECT_FALSE(typeAhead.continues(701, 400));
+    EXPECT_EQ(typeAhead.type(text("f"), 5000, 400, names, 1), 2);
+    EXPECT_EQ(typeAhead.type(text("e"), 5100, 400, names, 2), 2);
+    EXPECT_TRUE(typeAhead.continues(5200, 400));
+    EXPECT_EQ(typeAhead.type(text(" "), 5200, 400, names, 2), 2);
+    EXPECT_EQ(typeAhead.type(text("2"), 5300, 400, names, 2), 3);
+}
+
+TEST(TypeAhead, TheSameLetterTypedQuicklyGoesThroughTheEntries) {
+    const QStringList names{text("Pyrite"), text("Pyrope"), text("Quartz")};
+    TypeAhead typeAhead;
+    EXPECT_EQ(typeAhead.type(text("p"), 0, 400, names, -1), 0);
+    EXPECT_EQ(typeAhead.type(text("p"), 50, 400, names, 0), 1);
+    EXPECT_EQ(typeAhead.type(text("p"), 100, 400, names, 1), 0);
+}
+
+TEST(ButtonMenus, TypingTheBeginningOfANameChoosesItAndEnterRunsIt) {
+    ToolbarRig rig;
+    ButtonMenus& menus = *rig.bar.buttonMenus(text("Stage"));
+    for (const char* name : {"Apatite", "Fe & Ni", "Fe 2"}) {
+        menus.add(text(name), text(name));
+    }
+    rig.onNextTurn([&] {
+        QTest::keyClicks(menus.menu(), text("fe &"));
+        EXPECT_EQ(menus.menu()->activeAction(), menus.menu()->actions().at(1));
+        QTest::keyClick(menus.menu(), Qt::Key_Return);
+    });
+    QToolButton* const stage = rig.button("Stage");
+    QTest::mouseClick(stage, Qt::LeftButton, {}, {stage->width() - 4, stage->height() / 2});
+    EXPECT_EQ(rig.menuClicks, std::vector<std::string>{"Stage/Fe & Ni"});
 }
 
 TEST(ToolbarKeyboard, ArrowsGoFromButtonToButtonAndSpaceAndEnterClick) {
