@@ -83,6 +83,10 @@ void ImageInformation::showGreyLevels(double mean, double standardDeviation) {
     showNote(tr("mean %1, sd %2").arg(mean, 0, 'f', 1).arg(standardDeviation, 0, 'f', 1));
 }
 
+void ImageInformation::showNotMeasured() {
+    showNote(tr("not measured"), tr("The host gave no grey levels: start the live image (F7) and try again"));
+}
+
 void ImageInformation::showNote(const QString& note, const QString& advice) {
     m_note = note;
     m_advice = advice;

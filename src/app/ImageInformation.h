@@ -39,6 +39,8 @@ public:
     void frameShown();
     /// Shows measured grey levels until the state changes.
     void showGreyLevels(double mean, double standardDeviation);
+    /// Says that the host could not measure them.
+    void showNotMeasured();
     /// Shows what has just happened until the state changes; what to do about it is told to whoever points at
     /// the panel.
     void showNote(const QString& note, const QString& advice = {});

@@ -1,6 +1,8 @@
 #include "app/PictureOnStage.h"
 
+#include <algorithm>
 #include <exception>
+#include <limits>
 #include <utility>
 
 namespace ocuva {
@@ -14,7 +16,10 @@ void showPosition(StatusBar& sbMain, const QString& x, const QString& y, const Q
 }
 
 PicturePoint placeOn(const TwipsRect& display, Single x, Single y) {
-    return picturePoint(x, y, display.width, display.height);
+    constexpr Long most = std::numeric_limits<Integer>::max();
+    return std::max(display.width, display.height) <= most
+               ? picturePoint(x, y, display.width, display.height)
+               : widePicturePoint(x, y, display.width, display.height);
 }
 
 } // namespace
@@ -41,6 +46,7 @@ void PictureOnStage::openDialog() {
 }
 
 void PictureOnStage::showPointedPosition(Single x, Single y, const TwipsRect& display) {
+    m_pointing = true;
     try {
         const PicturePoint pointed = placeOn(display, x, y);
         const StagePoint stage = calibration().ComputeStagePosition(pointed.XPic, pointed.YPic);

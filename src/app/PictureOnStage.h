@@ -8,6 +8,7 @@
 
 #include <functional>
 #include <memory>
+#include <utility>
 
 namespace ocuva {
 
@@ -47,6 +48,10 @@ public:
     /// mouse.
     void showPointedPosition(Single x, Single y, const TwipsRect& display);
 
+    /// The pointer has left the picture. True when the panels still show the place that it pointed at; the
+    /// stage's own position belongs there then.
+    bool endPointing() { return std::exchange(m_pointing, false); }
+
     /// Whether the next click on the image is a point for the dialog, in whatever mode.
     bool isSelecting() const { return m_frmSetupStage->isSelecting(); }
     /// Takes the point for the dialog, and nothing else.
@@ -66,6 +71,7 @@ private:
     std::unique_ptr<frmSetupStage> m_frmSetupStage;
     bool m_takenUp = false;
     bool m_failing = false;
+    bool m_pointing = false; // the panels show a place of the picture
 };
 
 } // namespace ocuva

@@ -129,6 +129,7 @@ void frmOcuva::connectControls() {
         connect(m_upDown->cmdDown.at(i), &QToolButton::clicked, this, [this, i] { cmdDown_Click(i); });
     }
     connect(m_panels->milDisp, &MilDisplay::mouseMoved, this, &frmOcuva::milDisp_MouseMove);
+    connect(m_panels->milDisp, &MilDisplay::mouseLeft, this, &frmOcuva::milDisp_MouseLeave);
     connect(m_panels->milDisp, &MilDisplay::mouseUp, this, &frmOcuva::milDisp_MouseUp);
     connect(m_panels->milDisp, &MilDisplay::frameShown, m_information, &ImageInformation::frameShown);
     connect(tStageMove, &QTimer::timeout, this, &frmOcuva::tStageMove_Timer);
@@ -333,7 +334,11 @@ void frmOcuva::Info_Click() {
     }
     guarded([this] {
         m_image->Refresh();
-        m_information->showGreyLevels(m_image->Mean(), m_image->StdDev());
+        if (m_image->isMeasured()) {
+            m_information->showGreyLevels(m_image->Mean(), m_image->StdDev());
+        } else {
+            m_information->showNotMeasured();
+        }
     });
 }
 

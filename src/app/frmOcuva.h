@@ -188,6 +188,7 @@ private:
     void tInitTBMain_Timer();
     void cxsStage_MoveEnd(Integer ErrCode);
     void milDisp_MouseMove(Qt::MouseButton button, int shift, float x, float y);
+    void milDisp_MouseLeave();
     void milDisp_MouseUp(Qt::MouseButton button, int shift, float x, float y);
     void m_notifier_OnNotify(const Notification& notification);
     void tbMain_ButtonClick(const QString& key);

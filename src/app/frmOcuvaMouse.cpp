@@ -12,6 +12,12 @@ void frmOcuva::milDisp_MouseMove(Qt::MouseButton /*button*/, int /*shift*/, floa
     }
 }
 
+void frmOcuva::milDisp_MouseLeave() {
+    if (m_loaded && !m_exiting && m_pictureOnStage->endPointing()) {
+        UpdateStagePos();
+    }
+}
+
 void frmOcuva::showPointedPosition(Single x, Single y) {
     m_pictureOnStage->showPointedPosition(x, y, rect(MonitorPart::milDisp));
 }

@@ -132,7 +132,7 @@ void frmOcuva::imageChanged() {
                           : m_context.windowTitle);
     UpdateStagePos();
     showAcquisition();
-    DrawMicroMarker();
+    guardedForHost([this] { DrawMicroMarker(); }); // no scale to draw is no reason to refuse a picture
 }
 
 std::optional<Magnification> frmOcuva::shownMagnification() const {

@@ -162,6 +162,11 @@ void MilDisplay::mouseMoveEvent(QMouseEvent* event) {
                       static_cast<float>(twips.y()));
 }
 
+void MilDisplay::leaveEvent(QEvent* event) {
+    QWidget::leaveEvent(event);
+    Q_EMIT mouseLeft();
+}
+
 void MilDisplay::mousePressEvent(QMouseEvent* event) { event->accept(); }
 
 void MilDisplay::mouseReleaseEvent(QMouseEvent* event) {

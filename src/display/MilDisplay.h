@@ -61,6 +61,8 @@ Q_SIGNALS:
     void mouseMoved(Qt::MouseButton button, int shift, float x, float y);
     void mouseUp(Qt::MouseButton button, int shift, float x, float y);
     ///@}
+    /// The pointer has left the control.
+    void mouseLeft();
     /// A new frame has been drawn.
     void frameShown();
 
@@ -69,6 +71,7 @@ protected:
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent* event) override;
     bool event(QEvent* event) override;
 
 private:

@@ -4,6 +4,7 @@
 #include "video/DisplayHandOver.h"
 
 #include <algorithm>
+#include <functional>
 #include <string>
 
 namespace ocuva {
@@ -100,7 +101,14 @@ void MonitorSizing::setGridLengths(const GridLengths& grid) {
 }
 
 void MonitorSizing::ResizeAll(bool bResizeForm) {
-    try {
+    const auto trapped = [this](const std::function<void()>& step) {
+        try {
+            step();
+        } catch (const std::exception& error) {
+            m_log.TarnPrintfVB((std::string("ERROR resizing: ") + error.what() + "\r\n").c_str());
+        }
+    };
+    trapped([&] {
         placeMonitor();
         if (bResizeForm && !m_view.windowIsMaximised()) {
             fitWindow();
@@ -108,10 +116,9 @@ void MonitorSizing::ResizeAll(bool bResizeForm) {
         placeUpDown();
         placeMicroMarker();
         m_view.redrawOverlays(toLong(m_fields.InitImageSizeY / 2.0), toLong(m_fields.InitImageSizeX / 2.0));
-        m_view.refreshState();
-    } catch (const std::exception& error) {
-        m_log.TarnPrintfVB((std::string("ERROR resizing: ") + error.what() + "\r\n").c_str());
-    }
+    });
+    // The position panels must not stay empty because, say, there is no scale to draw.
+    trapped([this] { m_view.refreshState(); });
 }
 
 void MonitorSizing::placeMonitor() {

@@ -58,7 +58,8 @@ public:
     void ComputeImageSize(bool bInit, Integer nZoom);
 
     /// Places every frame for the present image size, with bResizeForm fits the window round them, and
-    /// redraws what lies on the image. An error ends it with a line in the host's log.
+    /// redraws what lies on the image. An error ends this with a line in the host's log. The state of stage
+    /// and video is refreshed in any case.
     void ResizeAll(bool bResizeForm);
 
     /// While busy, ComputeImageSize does nothing: the window changes because this object changes it.

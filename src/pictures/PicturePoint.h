@@ -24,4 +24,8 @@ inline constexpr double pictureUnits = 10000.0;
 /// numbers: throws ArithmeticError when one is larger, or 0.
 PicturePoint picturePoint(Single x, Single y, Long width, Long height);
 
+/// The same for a picture of any size: 32767 twips are only 2184 pixels, and screens are wider. Throws
+/// ArithmeticError for a width or height of 0.
+PicturePoint widePicturePoint(Single x, Single y, Long width, Long height);
+
 } // namespace ocuva

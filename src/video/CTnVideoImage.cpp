@@ -51,8 +51,13 @@ void CTnVideoImage::DisplayInObject(const void* /*Parent*/) {
 void CTnVideoImage::Refresh() {
     // Buffer 0 is the frame on the board, and this region all of it, whatever identifier Buffer holds.
     Long buffer = 0;
-    m_vduti.TarnVideoBufferComputeStatistics(&buffer, 0, 0, -1, -1, &m_nPixelCount, &m_nPixelSum,
-                                             &m_dVariance);
+    m_refreshed = m_vduti.TarnVideoBufferComputeStatistics(&buffer, 0, 0, -1, -1, &m_nPixelCount,
+                                                           &m_nPixelSum, &m_dVariance) != 0;
+}
+
+bool CTnVideoImage::isMeasured() const {
+    return m_refreshed && m_nPixelCount >= 1 && m_nPixelSum >= 0 && m_dVariance >= 0.0 &&
+           std::isfinite(m_dVariance);
 }
 
 } // namespace ocuva

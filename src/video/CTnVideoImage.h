@@ -39,6 +39,9 @@ public:
 
     /// Measures the whole current frame of the board. What the host writes is kept, also on its failure.
     void Refresh();
+    /// Whether the last Refresh measured anything: the host did not refuse, there were pixels, and what it
+    /// wrote are numbers. False before the first one.
+    bool isMeasured() const;
 
 private:
     TnVideo& m_video;
@@ -48,6 +51,7 @@ private:
     Long m_nPixelCount = 0;
     Long m_nPixelSum = 0;
     Double m_dVariance = 0.0;
+    bool m_refreshed = false; // the host took the last Refresh
     std::unique_ptr<AutomationObject> m_system;
     std::unique_ptr<AutomationObject> m_imageBuffer;
     std::unique_ptr<AutomationObject> m_digitizer;

@@ -129,6 +129,7 @@ TEST_F(NextStep, ALongMoveTellsThatThePositionComesWhenTheStageStands) {
 }
 
 TEST_F(NextStep, TheEndOfAMoveLeavesANoteAboutSomethingElse) {
+    host.pixelCount = 1;
     QTest::mouseClick(&info(), Qt::LeftButton);
     stepZ(1);
     EXPECT_THAT(panel("Info"), HasSubstr("mean"));

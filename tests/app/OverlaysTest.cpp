@@ -264,7 +264,32 @@ TEST_F(InformationPanel, AClickMeasuresTheGreyLevelsAndReadsTheStage) {
     EXPECT_EQ(panel("Info"), "Still   1:1   400x");
 }
 
+TEST_F(InformationPanel, SaysNotMeasuredWhereTheHostGaveNoGreyLevels) {
+    StatusPanel* info = window().sbMain->panel(QStringLiteral("Info"));
+    QTest::mouseClick(info, Qt::LeftButton); // no frame yet: no pixels
+    EXPECT_EQ(panel("Info"), "Still   not measured");
+    host.pixelCount = 10;
+    host.pixelSum = 873;
+    QTest::mouseClick(info, Qt::LeftButton);
+    EXPECT_EQ(panel("Info"), "Still   mean 87.3, sd 0.0");
+    host.results["TarnVideoBufferComputeStatistics"] = 0;
+    QTest::mouseClick(info, Qt::LeftButton);
+    EXPECT_EQ(panel("Info"), "Still   not measured");
+    EXPECT_THAT(info->toolTip().toStdString(), HasSubstr("start the live image"));
+}
+
+TEST_F(InformationPanel, WithoutAScaleStillShowsTheStageAtTheStart) {
+    host.settings["TARN.INI|tn_video|VideoMag"] = "0";
+    host.position = {{axisX, 5}, {axisY, 6}, {axisZ, 7}};
+    begin();
+    EXPECT_EQ(panel("X"), "5");
+    EXPECT_EQ(panel("Z"), "7");
+    EXPECT_EQ(panel("Info"), "Still   1:2   0x");
+    EXPECT_FALSE(marker().isVisible());
+}
+
 TEST_F(InformationPanel, GreyLevelsThatWereMeasuredGoAwayWithAnAutofocusFromTheMenuAndFromTheHost) {
+    host.pixelCount = 1;
     for (const auto& focus : {std::function<void()>([this] { action("mnuFocus")->trigger(); }),
                               std::function<void()>([this] { window().DoFocus(); })}) {
         QTest::mouseClick(window().sbMain->panel(QStringLiteral("Info")), Qt::LeftButton);

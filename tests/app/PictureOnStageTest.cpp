@@ -1,5 +1,7 @@
 #include "tests/app/WindowRig.h"
 
+#include <QTimer>
+
 using namespace ocuva;
 using testing::ElementsAre;
 using testing::IsEmpty;
@@ -54,6 +56,36 @@ TEST_F(MouseOverTheImage, OutsideVgaModeChangesNothing) {
     startAnew();
     moveMouse(100.0F, 100.0F);
     EXPECT_THAT(position(), ElementsAre("7", "8", "9"));
+}
+
+TEST_F(MouseOverTheImage, WorksOnADisplayWiderThan16BitsOfTwips) {
+    window().panels().milDisp->resize(3840, 2400); // 57600 twips wide, 36000 high
+    moveMouse(57600.0F, 36000.0F);
+    EXPECT_THAT(position(), ElementsAre("320", "-240", "12"));
+    bool isAsked = false;
+    QTimer::singleShot(0, &window(), [&isAsked] {
+        isAsked = true;
+        QApplication::activeModalWidget()->close();
+    });
+    QTest::mouseClick(window().panels().milDisp, Qt::LeftButton, Qt::NoModifier, QPoint(960, 1200));
+    EXPECT_TRUE(isAsked);
+    EXPECT_THAT(host.logLines, IsEmpty());
+}
+
+TEST_F(MouseOverTheImage, LeavesTheStagesOwnPositionBehindWhenItHasGone) {
+    host.position = {{axisX, 7}, {axisY, 8}, {axisZ, 9}};
+    QWidget* display = window().panels().milDisp;
+    const auto leave = [display] {
+        QEvent event(QEvent::Leave);
+        QCoreApplication::sendEvent(display, &event);
+    };
+    moveMouse(0.0F, 0.0F);
+    EXPECT_THAT(position(), ElementsAre("-320", "240", "12"));
+    leave();
+    EXPECT_THAT(position(), ElementsAre("7", "8", "9"));
+    host.calls.clear();
+    leave(); // nothing was pointed at meanwhile
+    EXPECT_THAT(host.calls, IsEmpty());
 }
 
 TEST_F(MouseOverTheImage, ThatHasNoStagePositionShowsDashesAndLogsOnceUntilOneCanBeComputed) {

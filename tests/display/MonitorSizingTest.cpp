@@ -1,5 +1,6 @@
 #include "display/MonitorSizing.h"
 
+#include "base/Numbers.h"
 #include "tests/support/StubHost.h"
 
 #include <gmock/gmock.h>
@@ -29,6 +30,7 @@ struct WindowOfNumbers : MonitorView {
     std::vector<std::pair<Long, Long>> overlayCentres; // y, x
     int refreshes = 0;
     std::function<void()> onSetWindowSize;
+    std::function<void()> onRedraw;
 
     ScreenMetrics screen() const override { return metrics; }
     TwipsRect rect(MonitorPart part) const override { return rects.at(part); }
@@ -47,6 +49,9 @@ struct WindowOfNumbers : MonitorView {
     bool normalZoomIsChecked() const override { return normalZoom; }
     void redrawOverlays(Long centreY, Long centreX) override {
         overlayCentres.emplace_back(centreY, centreX);
+        if (onRedraw) {
+            onRedraw();
+        }
     }
     void refreshState() override { ++refreshes; }
 };
@@ -252,4 +257,13 @@ TEST_F(Sizing, AnErrorWhileResizingIsOneLogLine) {
     ASSERT_EQ(host.logLines.size(), 1U);
     EXPECT_EQ(host.logLines[0].rfind("ERROR resizing: ", 0), 0U);
     EXPECT_EQ(host.logLines[0].substr(host.logLines[0].size() - 2), "\r\n");
+}
+
+TEST_F(Sizing, AMarkerThatCannotBeComputedIsOneLogLineAndTheStateIsRefreshedAllTheSame) {
+    start();
+    host.logLines.clear();
+    window.onRedraw = [] { throw ArithmeticError("Division by zero"); };
+    sizing.ResizeAll(false);
+    EXPECT_THAT(host.logLines, ElementsAre("ERROR resizing: Division by zero\r\n"));
+    EXPECT_EQ(window.refreshes, 2);
 }

@@ -32,6 +32,18 @@ TEST(PicturePoints, OfAPictureWiderOrHigherThan16BitsAreAnError) {
 }
 
 TEST(PicturePoints, OfAPictureWithoutWidthOrHeightAreAnError) {
+    EXPECT_THROW(widePicturePoint(0.0F, 0.0F, 0, 100), ArithmeticError);
     EXPECT_THROW(picturePoint(0.0F, 0.0F, 0, 100), ArithmeticError);
     EXPECT_THROW(picturePoint(0.0F, 0.0F, 100, 0), ArithmeticError);
+}
+
+TEST(PicturePointOnAWideScreen, IsTheSameProportionBeyond16Bits) {
+    for (const Long width : {100, 5760, 32767, 32768, 57600, 115200, 2147483647}) {
+        const auto edge = static_cast<Single>(width);
+        EXPECT_FLOAT_EQ(widePicturePoint(edge, 0.0F, width, 100).XPic, 10000.0F) << width;
+        EXPECT_FLOAT_EQ(widePicturePoint(0.0F, edge / 4, 100, width).YPic, 2500.0F) << width;
+    }
+    for (Single x = 0.0F; x < 5760.0F; x += 7.0F) {
+        EXPECT_EQ(widePicturePoint(x, x / 2, 5760, 4320), picturePoint(x, x / 2, 5760, 4320));
+    }
 }
