@@ -4,10 +4,40 @@
 #include "pictures/PictureNotes.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+#include <QObject>
 #include <QTemporaryDir>
 
 namespace ocuva {
+
+namespace {
+
+// Why the folder takes no image, empty when it takes one: the host does not say why it has written none or
+// only a piece. Only writing tells; the free space does not count quotas.
+QString roomTrouble(const QTemporaryDir& folder) {
+    constexpr qint64 wanted = qint64{64} * 1024 * 1024; // a camera's image of 20 million pixels in colour
+    const QByteArray piece(1024 * 1024, '.');
+    QFile probe(folder.filePath(QStringLiteral("room")));
+    bool written = probe.open(QIODevice::WriteOnly | QIODevice::Unbuffered);
+    // A disk that becomes full takes a part of a piece; only the next one is refused with the reason.
+    while (written && probe.size() < wanted) {
+        written = probe.write(piece) > 0;
+    }
+    const QString trouble = written ? QString() : probe.errorString();
+    probe.remove();
+    return trouble;
+}
+
+[[noreturn]] void failForRoom(const QTemporaryDir& folder, const QString& trouble) {
+    throw PictureFileError(
+        QObject::tr(
+            "The camera's image could not be taken: the temporary folder \"%1\" has no room for it (%2). "
+            "Make room there and save again")
+            .arg(QDir::toNativeSeparators(QFileInfo(folder.path()).absolutePath()), trouble));
+}
+
+} // namespace
 
 Picture cameraImage(CTnVideoImage& image, const CTnStage& stage, const Magnification& magnification) {
     const QTemporaryDir folder;
@@ -20,12 +50,23 @@ Picture cameraImage(CTnVideoImage& image, const CTnStage& stage, const Magnifica
     image.Dump(QDir::toNativeSeparators(name).toLocal8Bit().toStdString());
     const StageStand stand{stage.X(), stage.Y(), stage.Z()};
     if (!QFileInfo::exists(name)) {
+        if (const QString trouble = roomTrouble(folder); !trouble.isEmpty()) {
+            failForRoom(folder, trouble);
+        }
         // The host's answer is not examined anywhere; the missing file is the answer.
         throw PictureFileError(QStringLiteral(
             "There is no image to save: the video board has given none. Start the live image (F7), "
             "and see the host's log if it goes on"));
     }
-    Picture picture = openPicture(std::filesystem::path(name.toStdU16String()));
+    Picture picture;
+    try {
+        picture = openPicture(std::filesystem::path(name.toStdU16String()));
+    } catch (const PictureFileError&) {
+        if (const QString trouble = roomTrouble(folder); !trouble.isEmpty()) {
+            failForRoom(folder, trouble);
+        }
+        throw;
+    }
     picture.scale = fieldScale(magnification, picture.image.size());
     picture.notes = cameraNotes(stand, magnification);
     picture.taken = now;

@@ -2,9 +2,11 @@
 #include "Processes.h"
 #include "SmallDisk.h"
 #include "TempFolder.h"
+#include "pictures/CameraImage.h"
 #include "pictures/PictureDescription.h"
 #include "pictures/PictureFile.h"
 #include "tests/pictures/PictureSamples.h"
+#include "tests/support/StubHost.h"
 
 #include <gmock/gmock.h>
 
@@ -94,6 +96,31 @@ TEST(PictureDiskTrouble, AReadOnlyFolderIsToldInWordsAndLeavesTheOldPictureWhole
                         AllOf(HasSubstr("could not be saved"),
                               AnyOf(HasSubstr("Read-only"), HasSubstr("Permission denied"))));
             rig.expectOldPictureWhole(extension);
+        });
+    }
+}
+
+TEST(PictureDiskTrouble, AFullTemporaryFolderIsNamedWhenTheCamerasImageDoesNotFitIntoIt) {
+    for (const bool hostLeavesAPiece : {false, true}) {
+        runApart([hostLeavesAPiece](const PictureDisk& rig) {
+            ASSERT_EQ(::setenv("TMPDIR", rig.folder.path().c_str(), 1), 0);
+            StubHost host;
+            NoAutomation automation;
+            CTnVideoImage image(host.tn_video(), host.tn_vduti(), automation);
+            const CTnStage stage(host.tn_lib_proxy(), host.tn_micro_proxy());
+            host.onCall = [&](const std::string& name) {
+                if (name == "TarnVideoBoardFunction" && hostLeavesAPiece) {
+                    std::ofstream(host.savedFiles.back(), std::ios::binary) << "II*";
+                }
+            };
+            std::string said;
+            try {
+                cameraImage(image, stage, {400, 2560.0F, 1920.0F});
+            } catch (const PictureFileError& error) {
+                said = error.what();
+            }
+            EXPECT_THAT(said, AllOf(HasSubstr("temporary folder"), HasSubstr(rig.folder.path().string()),
+                                    AnyOf(HasSubstr("No space left"), HasSubstr("File too large"))));
         });
     }
 }
