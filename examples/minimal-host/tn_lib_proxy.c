@@ -66,8 +66,8 @@ HOST_FUNCTION TarnLong TARN_CALL TarnIniEnumNb(const char* section, const char* 
 
 HOST_FUNCTION TarnLong TARN_CALL TarnIniEnumString(const char* section, TarnLong number, char* buffer,
                                                    TarnLong bufferSize, const char* store) {
-    (void)section, (void)number, (void)buffer, (void)bufferSize, (void)store;
-    return 0;
+    (void)section, (void)number, (void)store;
+    return fill_text("", buffer, bufferSize);
 }
 
 /* No solver: the program then takes the flat plane at Z 0. */

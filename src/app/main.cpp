@@ -6,9 +6,12 @@
 #include "app/modInter.h"
 #include "base/Product.h"
 #include "controls/HostMessageBox.h"
+#include "hostlink/CrashNote.h"
 #include "hostlink/LibraryHost.h"
+#include "hostlink/LoadWatch.h"
 #include "hostlink/TracingHost.h"
 #include "journal/Journal.h"
+#include "platform/Notice.h"
 #include "platform/SystemAutomation.h"
 #include "simhost/SimulatedHost.h"
 #include "simhost/bus/MessageBus.h"
@@ -18,6 +21,7 @@
 #include <QDateTime>
 #include <QMessageBox>
 
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -62,8 +66,49 @@ void refuseToStart(const std::string& reason, bool serverMode) {
     }
 }
 
+constexpr const char* crashNoteName = "host-crash.note";
+constexpr std::chrono::seconds patienceWithLibraries{20};
+
+/// What is kept of calls into libraries for the case that one of them does not come back.
+struct WatchedHost {
+    explicit WatchedHost(const std::filesystem::path& noteFile)
+        : note(noteFile, mark) {}
+    CallMark mark;
+    CrashNote note;
+};
+
+void sayWhatCrashed(const std::filesystem::path& noteFile, bool serverMode) {
+    const std::string crash = CrashNote::take(noteFile);
+    if (crash.empty()) {
+        return;
+    }
+    if (serverMode) {
+        std::fprintf(stderr, "%s: %s\n", productTitle, crash.c_str());
+    } else {
+        QMessageBox::warning(nullptr, QString::fromLatin1(productTitle), QString::fromLocal8Bit(crash));
+    }
+}
+
+/// How the program ends while its one thread is held by a library that does not finish loading.
+LoadWatch::Late endingOf(bool serverMode) {
+    return [serverMode, program = QCoreApplication::applicationFilePath().toLocal8Bit().toStdString()](
+               const std::string& running) {
+        const std::string words =
+            "Ocuva has ended: " + running + " was not finished after " +
+            std::to_string(patienceWithLibraries.count()) +
+            " seconds. Check that file, and the drive and the device that it needs; then "
+            "start Ocuva again.";
+        std::fprintf(stderr, "%s\n", words.c_str());
+        if (!serverMode) {
+            showNotice(program, words);
+        }
+        std::_Exit(exitNoHost);
+    };
+}
+
 /// What the program needs to know of the host that it was given.
 struct ChosenHost {
+    std::unique_ptr<WatchedHost> watched; ///< outlives the host
     std::unique_ptr<Host> host;
     QString title;
     QString dataFolder; ///< for the program's own files; copies with the same one are copies of each other
@@ -85,7 +130,8 @@ ChosenHost simulatedHost(DisplayWindows& windows) {
     const QString dataFolder = QString::fromStdString(host->dataFolder().string());
     // A world that runs faster puts a sleeping server to its end sooner, so that a trainee need not wait.
     const int minuteMs = qRound(host->clock().wallMs(modServer::idleTickMs));
-    return {std::move(host),
+    return {nullptr,
+            std::move(host),
             QCoreApplication::translate("main", "%1 (simulated instrument)")
                 .arg(QString::fromLatin1(productTitle)),
             dataFolder,
@@ -96,11 +142,17 @@ ChosenHost simulatedHost(DisplayWindows& windows) {
 
 /// The host's own notifier is a component that its libraries do not export; ours takes its place, between the
 /// copies of one user.
-ChosenHost libraryHost(const std::filesystem::path& folder) {
+ChosenHost libraryHost(const std::filesystem::path& folder, bool serverMode) {
     const std::filesystem::path meeting = simhost::DataFolder::locate();
     std::filesystem::create_directories(meeting);
+    sayWhatCrashed(meeting / crashNoteName, serverMode);
+    auto watched = std::make_unique<WatchedHost>(meeting / crashNoteName);
+    const LoadWatch loading(watched->mark, patienceWithLibraries, endingOf(serverMode));
     auto bus = std::make_shared<simhost::MessageBus>(meeting, [](const std::string& /*line*/) {});
-    return {std::make_unique<LibraryHost>(folder, [bus] { return bus->createNotifier(); }),
+    auto host = std::make_unique<LibraryHost>(
+        folder, [bus] { return bus->createNotifier(); }, &watched->mark);
+    return {std::move(watched),
+            std::move(host),
             QString::fromLatin1(productTitle),
             QString::fromStdString(meeting.string()),
             modServer::idleTickMs,
@@ -110,12 +162,12 @@ ChosenHost libraryHost(const std::filesystem::path& folder) {
                                     : QString::fromStdU16String(folder.u16string()))};
 }
 
-ChosenHost chosenHost(std::optional<DisplayWindows>& windows) {
+ChosenHost chosenHost(std::optional<DisplayWindows>& windows, bool serverMode) {
     const std::string programFolder = QCoreApplication::applicationDirPath().toStdString();
     const HostChoice choice = chooseHost(
         {environment("OCUVA_HOST"), environment("OCUVA_HOST_LIBRARIES"), programFolder, LibraryHost::allIn});
     windows.emplace(choice.library ? DisplayWindows::Painter::host : DisplayWindows::Painter::program);
-    return choice.library ? libraryHost(choice.folder) : simulatedHost(*windows);
+    return choice.library ? libraryHost(choice.folder, serverMode) : simulatedHost(*windows);
 }
 
 /// ISO 8601, to the millisecond, with the zone.
@@ -156,13 +208,18 @@ int main(int argc, char** argv) {
     QApplication::setQuitOnLastWindowClosed(false);
     setAppearance(application);
 
+    if (const QByteArray notice = qgetenv(noticeVariable); !notice.isEmpty()) {
+        refuseToStart(notice.toStdString(), false);
+        return EXIT_SUCCESS;
+    }
+
+    ProcessFlags flags;
+    scanCommandLine(commandLine, flags);
     std::optional<DisplayWindows> windows;
     ChosenHost chosen;
     try {
-        chosen = chosenHost(windows);
+        chosen = chosenHost(windows, flags.serverMode);
     } catch (const std::exception& error) {
-        ProcessFlags flags;
-        scanCommandLine(commandLine, flags);
         refuseToStart(error.what(), flags.serverMode);
         return exitNoHost;
     }

@@ -37,9 +37,9 @@ struct TnRegLibrary final : TnReg {
     }
 
 private:
-    decltype(&::TarnRegisterGetInt) m_TarnRegisterGetInt;
-    decltype(&::TarnRegisterSetString) m_TarnRegisterSetString;
-    decltype(&::TarnRegisterGetString) m_TarnRegisterGetString;
+    MarkedFunction<decltype(&::TarnRegisterGetInt)> m_TarnRegisterGetInt;
+    MarkedFunction<decltype(&::TarnRegisterSetString)> m_TarnRegisterSetString;
+    MarkedFunction<decltype(&::TarnRegisterGetString)> m_TarnRegisterGetString;
 };
 
 struct TnLogLibrary final : TnLog {
@@ -53,8 +53,8 @@ struct TnLogLibrary final : TnLog {
     }
 
 private:
-    decltype(&::TarnPrintfVB) m_TarnPrintfVB;
-    decltype(&::TarnMessageBoxVB) m_TarnMessageBoxVB;
+    MarkedFunction<decltype(&::TarnPrintfVB)> m_TarnPrintfVB;
+    MarkedFunction<decltype(&::TarnMessageBoxVB)> m_TarnMessageBoxVB;
 };
 
 struct TnLogKeysLibrary final : TnLogKeys {
@@ -67,7 +67,7 @@ struct TnLogKeysLibrary final : TnLogKeys {
     }
 
 private:
-    decltype(&::TarnGetUniqueObjectKey) m_TarnGetUniqueObjectKey;
+    MarkedFunction<decltype(&::TarnGetUniqueObjectKey)> m_TarnGetUniqueObjectKey;
 };
 
 struct TnOcuvaLibrary final : TnOcuva {
@@ -77,7 +77,7 @@ struct TnOcuvaLibrary final : TnOcuva {
     TarnLong TarnOcuvaSendMsgByName(const char* name) override { return m_TarnOcuvaSendMsgByName(name); }
 
 private:
-    decltype(&::TarnOcuvaSendMsgByName) m_TarnOcuvaSendMsgByName;
+    MarkedFunction<decltype(&::TarnOcuvaSendMsgByName)> m_TarnOcuvaSendMsgByName;
 };
 
 struct TnLibProxyLibrary final : TnLibProxy {
@@ -136,19 +136,19 @@ struct TnLibProxyLibrary final : TnLibProxy {
     }
 
 private:
-    decltype(&::TarnSetVideoBoardType) m_TarnSetVideoBoardType;
-    decltype(&::TarnSetVideoCameraType) m_TarnSetVideoCameraType;
-    decltype(&::TarnGetVideoMag100Factors) m_TarnGetVideoMag100Factors;
-    decltype(&::TarnSetVideoMag100Factors) m_TarnSetVideoMag100Factors;
-    decltype(&::TarnGetStageLimits) m_TarnGetStageLimits;
-    decltype(&::TarnGetDirStd) m_TarnGetDirStd;
-    decltype(&::TarnDbObjectNew) m_TarnDbObjectNew;
-    decltype(&::TarnDbObjectRead) m_TarnDbObjectRead;
-    decltype(&::TarnDbObjectDelete) m_TarnDbObjectDelete;
-    decltype(&::TarnDbGetStagePos) m_TarnDbGetStagePos;
-    decltype(&::TarnIniEnumNb) m_TarnIniEnumNb;
-    decltype(&::TarnIniEnumString) m_TarnIniEnumString;
-    decltype(&::TarnSolvePlan) m_TarnSolvePlan;
+    MarkedFunction<decltype(&::TarnSetVideoBoardType)> m_TarnSetVideoBoardType;
+    MarkedFunction<decltype(&::TarnSetVideoCameraType)> m_TarnSetVideoCameraType;
+    MarkedFunction<decltype(&::TarnGetVideoMag100Factors)> m_TarnGetVideoMag100Factors;
+    MarkedFunction<decltype(&::TarnSetVideoMag100Factors)> m_TarnSetVideoMag100Factors;
+    MarkedFunction<decltype(&::TarnGetStageLimits)> m_TarnGetStageLimits;
+    MarkedFunction<decltype(&::TarnGetDirStd)> m_TarnGetDirStd;
+    MarkedFunction<decltype(&::TarnDbObjectNew)> m_TarnDbObjectNew;
+    MarkedFunction<decltype(&::TarnDbObjectRead)> m_TarnDbObjectRead;
+    MarkedFunction<decltype(&::TarnDbObjectDelete)> m_TarnDbObjectDelete;
+    MarkedFunction<decltype(&::TarnDbGetStagePos)> m_TarnDbGetStagePos;
+    MarkedFunction<decltype(&::TarnIniEnumNb)> m_TarnIniEnumNb;
+    MarkedFunction<decltype(&::TarnIniEnumString)> m_TarnIniEnumString;
+    MarkedFunction<decltype(&::TarnSolvePlan)> m_TarnSolvePlan;
 };
 
 struct TnMicroProxyLibrary final : TnMicroProxy {
@@ -178,13 +178,13 @@ struct TnMicroProxyLibrary final : TnMicroProxy {
     TarnLong TarnBacklashStage(TarnLong axis) override { return m_TarnBacklashStage(axis); }
 
 private:
-    decltype(&::TarnStartStage) m_TarnStartStage;
-    decltype(&::TarnLoadStageAbs) m_TarnLoadStageAbs;
-    decltype(&::TarnLoadStageRelSecure) m_TarnLoadStageRelSecure;
-    decltype(&::TarnReadStagePos) m_TarnReadStagePos;
-    decltype(&::TarnReadStageStatus) m_TarnReadStageStatus;
-    decltype(&::TarnAutoFocusExt) m_TarnAutoFocusExt;
-    decltype(&::TarnBacklashStage) m_TarnBacklashStage;
+    MarkedFunction<decltype(&::TarnStartStage)> m_TarnStartStage;
+    MarkedFunction<decltype(&::TarnLoadStageAbs)> m_TarnLoadStageAbs;
+    MarkedFunction<decltype(&::TarnLoadStageRelSecure)> m_TarnLoadStageRelSecure;
+    MarkedFunction<decltype(&::TarnReadStagePos)> m_TarnReadStagePos;
+    MarkedFunction<decltype(&::TarnReadStageStatus)> m_TarnReadStageStatus;
+    MarkedFunction<decltype(&::TarnAutoFocusExt)> m_TarnAutoFocusExt;
+    MarkedFunction<decltype(&::TarnBacklashStage)> m_TarnBacklashStage;
 };
 
 struct TnVideoLibrary final : TnVideo {
@@ -240,19 +240,19 @@ struct TnVideoLibrary final : TnVideo {
     }
 
 private:
-    decltype(&::TarnVideoBoardInit) m_TarnVideoBoardInit;
-    decltype(&::TarnVideoBoardShutdown) m_TarnVideoBoardShutdown;
-    decltype(&::TarnVideoBoardStartGrab) m_TarnVideoBoardStartGrab;
-    decltype(&::TarnVideoBoardHaltGrab) m_TarnVideoBoardHaltGrab;
-    decltype(&::TarnVideoSetCurrentBoardType) m_TarnVideoSetCurrentBoardType;
-    decltype(&::TarnVideoGetCurrentBoardType) m_TarnVideoGetCurrentBoardType;
-    decltype(&::TarnVideoBoardFunction) m_TarnVideoBoardFunction;
-    decltype(&::TarnVideoBufferAlloc) m_TarnVideoBufferAlloc;
-    decltype(&::TarnVideoGetBufferDesc) m_TarnVideoGetBufferDesc;
-    decltype(&::TarnVideoSetCurrentCameraType) m_TarnVideoSetCurrentCameraType;
-    decltype(&::TarnVideoGetCurrentCameraType) m_TarnVideoGetCurrentCameraType;
-    decltype(&::TarnVideoCameraSetReferences) m_TarnVideoCameraSetReferences;
-    decltype(&::TarnVideoCameraGetReferences) m_TarnVideoCameraGetReferences;
+    MarkedFunction<decltype(&::TarnVideoBoardInit)> m_TarnVideoBoardInit;
+    MarkedFunction<decltype(&::TarnVideoBoardShutdown)> m_TarnVideoBoardShutdown;
+    MarkedFunction<decltype(&::TarnVideoBoardStartGrab)> m_TarnVideoBoardStartGrab;
+    MarkedFunction<decltype(&::TarnVideoBoardHaltGrab)> m_TarnVideoBoardHaltGrab;
+    MarkedFunction<decltype(&::TarnVideoSetCurrentBoardType)> m_TarnVideoSetCurrentBoardType;
+    MarkedFunction<decltype(&::TarnVideoGetCurrentBoardType)> m_TarnVideoGetCurrentBoardType;
+    MarkedFunction<decltype(&::TarnVideoBoardFunction)> m_TarnVideoBoardFunction;
+    MarkedFunction<decltype(&::TarnVideoBufferAlloc)> m_TarnVideoBufferAlloc;
+    MarkedFunction<decltype(&::TarnVideoGetBufferDesc)> m_TarnVideoGetBufferDesc;
+    MarkedFunction<decltype(&::TarnVideoSetCurrentCameraType)> m_TarnVideoSetCurrentCameraType;
+    MarkedFunction<decltype(&::TarnVideoGetCurrentCameraType)> m_TarnVideoGetCurrentCameraType;
+    MarkedFunction<decltype(&::TarnVideoCameraSetReferences)> m_TarnVideoCameraSetReferences;
+    MarkedFunction<decltype(&::TarnVideoCameraGetReferences)> m_TarnVideoCameraGetReferences;
 };
 
 struct TnVdutiLibrary final : TnVduti {
@@ -267,14 +267,15 @@ struct TnVdutiLibrary final : TnVduti {
     }
 
 private:
-    decltype(&::TarnVideoBufferComputeStatistics) m_TarnVideoBufferComputeStatistics;
+    MarkedFunction<decltype(&::TarnVideoBufferComputeStatistics)> m_TarnVideoBufferComputeStatistics;
 };
 
 } // namespace
 
 struct LibraryHost::Libraries {
-    explicit Libraries(const std::filesystem::path& where)
-        : folder(where) {
+    Libraries(const std::filesystem::path& where, CallMark* givenMark)
+        : folder(where)
+        , mark(givenMark != nullptr ? *givenMark : ownMark) {
         if (!lacks.empty()) {
             const std::size_t others = lacks.size() - 1;
             throw LibraryHostError(
@@ -283,14 +284,16 @@ struct LibraryHost::Libraries {
     }
 
     std::filesystem::path folder;
+    CallMark ownMark;
+    CallMark& mark;
     std::vector<std::string> lacks;
-    LibraryFunctions tn_reg{folder, "tn_reg", lacks};
-    LibraryFunctions tn_log{folder, "tn_log", lacks};
-    LibraryFunctions tn_ocuva{folder, "tn_ocuva", lacks};
-    LibraryFunctions tn_lib_proxy{folder, "tn_lib_proxy", lacks};
-    LibraryFunctions tn_micro_proxy{folder, "tn_micro_proxy", lacks};
-    LibraryFunctions tn_video{folder, "tn_video", lacks};
-    LibraryFunctions tn_vduti{folder, "tn_vduti", lacks};
+    LibraryFunctions tn_reg{folder, "tn_reg", lacks, mark};
+    LibraryFunctions tn_log{folder, "tn_log", lacks, mark};
+    LibraryFunctions tn_ocuva{folder, "tn_ocuva", lacks, mark};
+    LibraryFunctions tn_lib_proxy{folder, "tn_lib_proxy", lacks, mark};
+    LibraryFunctions tn_micro_proxy{folder, "tn_micro_proxy", lacks, mark};
+    LibraryFunctions tn_video{folder, "tn_video", lacks, mark};
+    LibraryFunctions tn_vduti{folder, "tn_vduti", lacks, mark};
     TnRegLibrary settings{tn_reg};
     TnLogLibrary log{tn_log};
     TnLogKeysLibrary keys{tn_log};
@@ -309,8 +312,8 @@ bool LibraryHost::allIn(const std::filesystem::path& folder) {
     });
 }
 
-LibraryHost::LibraryHost(const std::filesystem::path& folder, MakeNotifier createNotifier)
-    : m_libraries(std::make_unique<Libraries>(folder))
+LibraryHost::LibraryHost(const std::filesystem::path& folder, MakeNotifier createNotifier, CallMark* mark)
+    : m_libraries(std::make_unique<Libraries>(folder, mark))
     , m_createNotifier(std::move(createNotifier)) {}
 
 LibraryHost::~LibraryHost() = default;

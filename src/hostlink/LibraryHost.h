@@ -1,6 +1,7 @@
 #pragma once
 // The real host: its shared libraries, loaded while the program runs.
 
+#include "hostlink/CallMark.h"
 #include "hostlink/Host.h"
 
 #include <array>
@@ -38,8 +39,9 @@ public:
 
     /// Loads the libraries from the folder; with an empty one from where the system looks for libraries.
     /// Throws LibraryHostError, and has nothing loaded then. createNotifier makes the notifiers, which no
-    /// library exports.
-    LibraryHost(const std::filesystem::path& folder, MakeNotifier createNotifier);
+    /// library exports. The mark, when there is one, says at each moment which library is being loaded or
+    /// which of its functions runs; it outlives the host.
+    LibraryHost(const std::filesystem::path& folder, MakeNotifier createNotifier, CallMark* mark = nullptr);
     ~LibraryHost() override;
 
     TnReg& tn_reg() override;

@@ -4,7 +4,12 @@
 #include <system_error>
 #include <windows.h>
 #else
+#include <cstdint>
+#include <cstring>
 #include <dlfcn.h>
+#include <fstream>
+#include <link.h>
+#include <system_error>
 #endif
 
 namespace ocuva {
@@ -44,9 +49,42 @@ void* SharedLibrary::find(const char* function) const {
 
 const char* const SharedLibrary::suffix = ".so";
 
+namespace {
+
+// The system maps a library without looking whether the file is long enough for what it announces, and the
+// process dies at the first byte that is missing. Files that are no libraries of this machine are left to the
+// system.
+bool isCutOff(const std::filesystem::path& file) {
+    std::error_code error;
+    const std::uintmax_t size = std::filesystem::file_size(file, error);
+    ElfW(Ehdr) header{};
+    std::ifstream bytes(file, std::ios::binary);
+    if (error || !bytes.read(reinterpret_cast<char*>(&header), sizeof header) ||
+        std::memcmp(&header.e_ident, ELFMAG, SELFMAG) != 0 || header.e_phentsize != sizeof(ElfW(Phdr))) {
+        return false;
+    }
+    bytes.seekg(static_cast<std::streamoff>(header.e_phoff));
+    for (int i = 0; i < header.e_phnum; ++i) {
+        ElfW(Phdr) part{};
+        if (!bytes.read(reinterpret_cast<char*>(&part), sizeof part)) {
+            return true;
+        }
+        if (part.p_type == PT_LOAD && (part.p_offset > size || part.p_filesz > size - part.p_offset)) {
+            return true;
+        }
+    }
+    return false;
+}
+
+} // namespace
+
 SharedLibrary::SharedLibrary(const std::filesystem::path& file)
-    : m_file(file)
-    , m_handle(dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL)) {
+    : m_file(file) {
+    if (file.has_parent_path() && isCutOff(file)) {
+        m_error = "the file is cut off";
+        return;
+    }
+    m_handle = dlopen(file.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (m_handle == nullptr) {
         m_error = dlerror();
     }

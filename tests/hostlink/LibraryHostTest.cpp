@@ -69,6 +69,26 @@ TEST(LibraryHost, AFileThatIsNoLibraryIsNamed) {
     EXPECT_THAT(folder.whyNot(), HasSubstr(fileOf("tn_video") + " cannot be loaded"));
 }
 
+#ifndef _WIN32
+TEST(LibraryHost, ALibraryThatIsCutOffIsNamedAndNotLoaded) {
+    const HostFolder folder;
+    const auto file = folder.path() / fileOf("tn_video");
+    const std::string whole = folder.read(fileOf("tn_video"));
+    for (std::size_t length = 64; length < whole.size() / 2; length += 512) {
+        folder.write(fileOf("tn_video"), whole.substr(0, length));
+        EXPECT_THAT(folder.whyNot(), HasSubstr(file.string() + " cannot be loaded: the file is cut off"));
+    }
+}
+#endif
+
+TEST(LibraryHost, MarksNothingBetweenTheCalls) {
+    CallMark mark;
+    LibraryHost host(MINIMAL_HOST_FOLDER, noNotifier, &mark);
+    EXPECT_EQ(mark.current(), nullptr);
+    host.tn_micro_proxy().TarnStartStage(0);
+    EXPECT_EQ(mark.current(), nullptr);
+}
+
 TEST(LibraryHost, AnEmptyFolderSaysHowManyMoreAreMissing) {
     const TempFolder folder;
     EXPECT_THROW(
@@ -89,6 +109,7 @@ TEST(LibraryHost, ATextWithoutEndIsCutToWhatWasAskedFor) {
         EXPECT_EQ(buffer, std::string(static_cast<std::size_t>(size), 'x') + untouched);
         EXPECT_EQ(host.tn_lib_proxy().TarnGetDirStd(buffer.data(), size), size);
         EXPECT_EQ(host.Tn_log().TarnGetUniqueObjectKey(buffer.data(), size), size);
+        EXPECT_EQ(host.tn_lib_proxy().TarnIniEnumString("s", 1, buffer.data(), size, "f"), size);
         EXPECT_EQ(buffer.substr(static_cast<std::size_t>(size)), untouched);
     }
 }

@@ -1,0 +1,213 @@
+#include "hostlink/CrashNote.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <ctime>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <system_error>
+
+#ifdef _WIN32
+#include <windows.h>
+#else
+#include <csignal>
+#include <fcntl.h>
+#include <unistd.h>
+#endif
+
+namespace ocuva {
+
+namespace {
+
+constexpr std::size_t longestNote = 1024;
+
+#ifdef _WIN32
+using FileName = std::array<wchar_t, 1024>;
+#else
+using FileName = std::array<char, 4096>;
+#endif
+
+// A handler gets no argument of ours; it finds here what it needs.
+struct Armed {
+    FileName file{};
+    const CallMark* mark = nullptr;
+};
+Armed armed; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+
+// Text put together without memory and without the C library, as a handler must.
+class NoteText {
+public:
+    void add(const char* text) {
+        for (; *text != '\0' && m_length < m_text.size(); ++text) {
+            m_text[m_length++] = *text;
+        }
+    }
+    void add(unsigned long long number) {
+        std::array<char, 24> digits{};
+        std::size_t first = digits.size() - 1;
+        do {
+            digits[--first] = static_cast<char>('0' + number % 10);
+            number /= 10;
+        } while (number != 0);
+        add(&digits[first]);
+    }
+    const char* data() const { return m_text.data(); }
+    std::size_t length() const { return m_length; }
+
+private:
+    std::array<char, longestNote> m_text{};
+    std::size_t m_length = 0;
+};
+
+// Three lines: when, which fault, what was running.
+NoteText noteOf(unsigned long long fault) {
+    NoteText text;
+    text.add(static_cast<unsigned long long>(std::time(nullptr)));
+    text.add("\n");
+    text.add(fault);
+    text.add("\n");
+    const char* running = armed.mark != nullptr ? armed.mark->current() : nullptr;
+    text.add(running != nullptr ? running : "");
+    text.add("\n");
+    return text;
+}
+
+#ifdef _WIN32
+
+LONG WINAPI writeNote(EXCEPTION_POINTERS* about) {
+    const NoteText text = noteOf(about->ExceptionRecord->ExceptionCode);
+    const HANDLE file = CreateFileW(armed.file.data(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
+                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (file != INVALID_HANDLE_VALUE) {
+        DWORD written = 0;
+        WriteFile(file, text.data(), static_cast<DWORD>(text.length()), &written, nullptr);
+        CloseHandle(file);
+    }
+    return EXCEPTION_CONTINUE_SEARCH;
+}
+
+void arm() { SetUnhandledExceptionFilter(writeNote); }
+void disarm() { SetUnhandledExceptionFilter(nullptr); }
+
+#else
+
+constexpr std::array<int, 5> faults{SIGSEGV, SIGBUS, SIGABRT, SIGFPE, SIGILL};
+
+void writeNote(int fault) {
+    const NoteText text = noteOf(static_cast<unsigned long long>(fault));
+    const int file = ::open(armed.file.data(), O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK, 0600);
+    if (file >= 0) {
+        [[maybe_unused]] const ssize_t written = ::write(file, text.data(), text.length());
+        ::close(file);
+    }
+    // The handler has been taken away on the way in: this ends the process as the fault would have.
+    ::raise(fault);
+}
+
+// Room for the handler: the fault may be that the stack is used up.
+std::array<char, 64 * 1024> handlerStack; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+
+void arm() {
+    stack_t stack{};
+    stack.ss_sp = handlerStack.data();
+    stack.ss_size = handlerStack.size();
+    ::sigaltstack(&stack, nullptr);
+    for (const int fault : faults) {
+        struct sigaction present {};
+        if (::sigaction(fault, nullptr, &present) == 0 && present.sa_handler == SIG_DFL) {
+            struct sigaction ours {};
+            ours.sa_handler = writeNote;
+            ours.sa_flags = static_cast<int>(SA_RESETHAND | SA_ONSTACK);
+            ::sigaction(fault, &ours, nullptr);
+        }
+    }
+}
+
+void disarm() {
+    for (const int fault : faults) {
+        struct sigaction present {};
+        if (::sigaction(fault, nullptr, &present) == 0 && present.sa_handler == writeNote) {
+            ::signal(fault, SIG_DFL);
+        }
+    }
+}
+
+#endif
+
+std::string whenText(const std::string& seconds) {
+    const std::time_t when = std::strtoll(seconds.c_str(), nullptr, 10);
+    std::array<char, 32> text{};
+    const std::tm* local = std::localtime(&when);
+    const std::size_t length =
+        local != nullptr ? std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M:%S", local) : 0;
+    return {text.data(), length};
+}
+
+std::string faultText(const std::string& number) {
+#ifdef _WIN32
+    std::array<char, 16> text{};
+    std::snprintf(text.data(), text.size(), "0x%08lX", std::strtoul(number.c_str(), nullptr, 10));
+    return std::string("fault ") + text.data();
+#else
+    const char* name = ::sigabbrev_np(static_cast<int>(std::strtol(number.c_str(), nullptr, 10)));
+    return name != nullptr ? "fault SIG" + std::string(name) : "fault " + number;
+#endif
+}
+
+// Whatever a damaged or planted note holds, one line of plain characters.
+std::string plainLine(std::istream& lines) {
+    std::string line;
+    std::getline(lines, line);
+    std::replace_if(
+        line.begin(), line.end(), [](unsigned char c) { return c < ' '; }, '?');
+    return line;
+}
+
+} // namespace
+
+CrashNote::CrashNote(const std::filesystem::path& file, const CallMark& mark) {
+    const auto& name = file.native();
+    if (name.size() >= armed.file.size()) {
+        return;
+    }
+    armed.file = {};
+    std::copy(name.begin(), name.end(), armed.file.begin());
+    armed.mark = &mark;
+    arm();
+}
+
+CrashNote::~CrashNote() {
+    disarm();
+    armed.mark = nullptr;
+}
+
+std::string CrashNote::take(const std::filesystem::path& file) {
+    std::error_code error;
+    if (std::filesystem::symlink_status(file, error).type() != std::filesystem::file_type::regular) {
+        return {};
+    }
+    std::string text;
+    {
+        std::ifstream note(file, std::ios::binary);
+        text.resize(longestNote);
+        note.read(text.data(), static_cast<std::streamsize>(text.size()));
+        text.resize(static_cast<std::size_t>(note.gcount()));
+    }
+    std::filesystem::remove(file, error);
+    std::istringstream lines(text);
+    const std::string when = whenText(plainLine(lines));
+    const std::string fault = faultText(plainLine(lines));
+    const std::string running = plainLine(lines);
+    return "Ocuva crashed on " + when + " (" + fault + "). " +
+           (running.empty()
+                ? "No function of the host's libraries was running for the program at that moment."
+                : "This was running at that moment: " + running + ".") +
+           " That need not be the cause: an earlier call may have done the damage. If it happens again, "
+           "give this text to the person who looks after the host.";
+}
+
+} // namespace ocuva
