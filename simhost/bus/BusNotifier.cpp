@@ -2,6 +2,7 @@
 
 #include "simhost/bus/BusSocket.h"
 
+#include <QElapsedTimer>
 #include <QLocalSocket>
 #include <QMetaObject>
 #include <QPointer>
@@ -12,24 +13,32 @@
 namespace simhost {
 
 namespace {
-/// While this many messages wait for their receiver nothing more is read, and the senders keep the rest.
-constexpr std::size_t maxQueued = 1000;
-constexpr int listenBacklog = 128;
+
+/// While this many messages wait for their receiver nothing more is read, and the senders keep the rest. Few,
+/// because the message of another sender waits behind them.
+constexpr std::size_t maxQueued = 64;
+
+// The share of the event loop that a flood gets.
+constexpr int sliceMs = 10;
+constexpr int pauseMs = 1;
+
 } // namespace
 
 BusNotifier::BusNotifier(std::shared_ptr<const PeerFolder> peers)
     : m_peers(std::move(peers))
-    , m_peerName(newPeerName())
-    , m_sender(m_peers) {
-    m_server.setListenBacklogSize(listenBacklog);
-    QObject::connect(&m_server, &QLocalServer::newConnection, &m_context, [this] { acceptConnections(); });
+    , m_sender(m_peers)
+    , m_listener(m_peers) {
+    m_nextSlice.setSingleShot(true);
+    m_nextSlice.setInterval(pauseMs);
+    QObject::connect(&m_nextSlice, &QTimer::timeout, &m_context, [this] { deliverSlice(); });
+    m_listener.connectionWaits = [this] {
+        serve();
+        scheduleDelivery();
+    };
+    m_listener.outOfDescriptors = [this] { closeIdle(); };
 }
 
-BusNotifier::~BusNotifier() {
-    if (m_server.isListening()) {
-        m_peers->withdraw(m_peerName);
-    }
-}
+BusNotifier::~BusNotifier() = default;
 
 void BusNotifier::setOnNotify(OnNotify receiver) { m_receiver = std::move(receiver); }
 
@@ -38,33 +47,69 @@ void BusNotifier::Subscribe(const std::string& filter) {
     if (!m_filter.isUnderstood()) {
         m_peers->log("Messages: a subscription's filter is not understood; it lets nothing through");
     }
-    if (!m_server.isListening()) {
-        listen();
-    }
+    m_listener.listen();
 }
 
 void BusNotifier::Send(const std::string& component, const std::string& subComponent, const std::string& id) {
     send({component, subComponent, id});
 }
 
-void BusNotifier::listen() {
-    if (!listenForUser(m_server, m_peerName)) {
-        m_peers->log("Messages: no local socket can be opened; none will be received");
-        return;
+void BusNotifier::serve() {
+    do {
+        readConnections();
+    } while (admitWaiting());
+}
+
+bool BusNotifier::admitWaiting() {
+    bool admitted = false;
+    while (m_listener.hasWaiting()) {
+        // A server without a descriptor for the next connection would lose all that wait.
+        if (m_incoming.size() >= busMaxConnections || !canOpenAnother()) {
+            const auto idle = longestIdle();
+            if (idle == m_incoming.end()) {
+                break; // it waits until the others have been read
+            }
+            m_crowdedLine.log(*m_peers, "Messages: too many connections at once; those that have been idle "
+                                        "the longest are closed");
+            close(idle);
+        }
+        QLocalSocket* socket = m_listener.nextConnection();
+        socket->setReadBufferSize(static_cast<qint64>(busFrameMaxBytes));
+        m_incoming.push_back({socket, {}, ++m_heard});
+        const auto served = [this] {
+            serve();
+            scheduleDelivery();
+        };
+        QObject::connect(socket, &QLocalSocket::readyRead, &m_context, served);
+        QObject::connect(socket, &QLocalSocket::disconnected, &m_context, served);
+        admitted = true;
     }
-    if (!m_peers->announce(m_peerName, {machineName(), m_server.fullServerName().toStdString()})) {
-        m_server.close();
+    return admitted;
+}
+
+BusNotifier::Connections::iterator BusNotifier::longestIdle() {
+    auto longest = m_incoming.end();
+    const bool wholeOnesWait = m_queue.size() >= maxQueued;
+    for (auto incoming = m_incoming.begin(); incoming != m_incoming.end(); ++incoming) {
+        const bool isIdle = !hasUnread(*incoming->socket) && !(wholeOnesWait && !incoming->bytes.empty());
+        if (isIdle && (longest == m_incoming.end() || incoming->heard < longest->heard)) {
+            longest = incoming;
+        }
+    }
+    return longest;
+}
+
+void BusNotifier::closeIdle() {
+    for (auto idle = longestIdle(); idle != m_incoming.end(); idle = longestIdle()) {
+        close(idle);
     }
 }
 
-void BusNotifier::acceptConnections() {
-    while (QLocalSocket* socket = m_server.nextPendingConnection()) {
-        socket->setReadBufferSize(static_cast<qint64>(busFrameMaxBytes));
-        m_incoming.push_back({socket, {}});
-        QObject::connect(socket, &QLocalSocket::readyRead, &m_context, [this] { readConnections(); });
-        QObject::connect(socket, &QLocalSocket::disconnected, &m_context, [this] { readConnections(); });
-    }
-    readConnections();
+void BusNotifier::close(Connections::iterator incoming) {
+    QObject::disconnect(incoming->socket, nullptr, &m_context, nullptr);
+    incoming->socket->abort();
+    incoming->socket->deleteLater();
+    m_incoming.erase(incoming);
 }
 
 void BusNotifier::readConnections() {
@@ -73,25 +118,25 @@ void BusNotifier::readConnections() {
         if (readFrom(*incoming)) {
             m_incoming.splice(m_incoming.end(), m_incoming, incoming);
         } else {
-            QObject::disconnect(incoming->socket, nullptr, &m_context, nullptr);
-            incoming->socket->abort();
-            incoming->socket->deleteLater();
-            m_incoming.erase(incoming);
+            close(incoming);
         }
     }
-    scheduleDelivery();
 }
 
 bool BusNotifier::readFrom(Incoming& incoming) {
-    while (m_queue.size() < maxQueued) {
-        const std::size_t room = busFrameMaxBytes - incoming.bytes.size();
-        const QByteArray arrived = incoming.socket->read(static_cast<qint64>(room));
-        incoming.bytes.append(arrived.constData(), static_cast<std::size_t>(arrived.size()));
+    for (;;) {
         if (!takeFrames(incoming)) {
             m_peers->log("Messages: what a peer sent is no message; its connection was closed");
             return false;
         }
+        if (m_queue.size() >= maxQueued) {
+            return true;
+        }
+        const std::size_t room = busFrameMaxBytes - incoming.bytes.size();
+        const QByteArray arrived = incoming.socket->read(static_cast<qint64>(room));
         if (!arrived.isEmpty()) {
+            incoming.bytes.append(arrived.constData(), static_cast<std::size_t>(arrived.size()));
+            incoming.heard = ++m_heard;
             continue;
         }
         if (incoming.socket->state() == QLocalSocket::ConnectedState) {
@@ -102,13 +147,12 @@ bool BusNotifier::readFrom(Incoming& incoming) {
         }
         return false;
     }
-    return true;
 }
 
 bool BusNotifier::takeFrames(Incoming& incoming) {
     std::string_view rest = incoming.bytes;
     FrameState state = FrameState::complete;
-    while (state == FrameState::complete) {
+    while (state == FrameState::complete && m_queue.size() < maxQueued) {
         DecodedFrame frame = decodeBusFrame(rest);
         state = frame.state;
         rest.remove_prefix(frame.usedBytes);
@@ -125,12 +169,27 @@ void BusNotifier::scheduleDelivery() {
     if (!m_scheduled && !m_delivering && !m_queue.empty()) {
         m_scheduled = true;
         QMetaObject::invokeMethod(
-            &m_context, [this] { deliverNext(); }, Qt::QueuedConnection);
+            &m_context, [this] { deliverSlice(); }, Qt::QueuedConnection);
     }
 }
 
-void BusNotifier::deliverNext() {
-    m_scheduled = false; // what was scheduled finds its message in the queue: nothing else takes one out
+void BusNotifier::deliverSlice() {
+    m_scheduled = false;
+    QElapsedTimer slice;
+    slice.start();
+    while (!m_queue.empty() && !slice.hasExpired(sliceMs)) {
+        if (!deliverNext()) {
+            return;
+        }
+        serve();
+    }
+    if (!m_queue.empty()) {
+        m_scheduled = true;
+        m_nextSlice.start();
+    }
+}
+
+bool BusNotifier::deliverNext() {
     const ocuva::Notification message = std::move(m_queue.front());
     m_queue.pop_front();
     // The receiver may replace itself or destroy this notifier.
@@ -141,10 +200,10 @@ void BusNotifier::deliverNext() {
         receiver(message);
     }
     if (alive.isNull()) {
-        return;
+        return false;
     }
     m_delivering = false;
-    readConnections();
+    return true;
 }
 
 } // namespace simhost

@@ -3,12 +3,18 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QLocalServer>
+#include <QLocalSocket>
 #include <QRandomGenerator>
 #include <QStringList>
 #include <QSysInfo>
 
 #include <filesystem>
 #include <system_error>
+
+#ifndef Q_OS_WIN
+#include <sys/socket.h>
+#include <unistd.h>
+#endif
 
 namespace simhost {
 
@@ -21,7 +27,24 @@ const QString socketPrefix = QStringLiteral("ocuva-bus-");
 // Pipe names have no folder.
 QStringList socketPlaces() { return {QString()}; }
 
+bool waitsInTheSystem(const QLocalSocket& /*socket*/) { return false; }
+
+bool hasFreeDescriptor() { return true; }
+
 #else
+
+bool waitsInTheSystem(const QLocalSocket& socket) {
+    char first = 0;
+    return ::recv(static_cast<int>(socket.socketDescriptor()), &first, 1, MSG_PEEK | MSG_DONTWAIT) > 0;
+}
+
+bool hasFreeDescriptor() {
+    const int descriptor = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    if (descriptor >= 0) {
+        ::close(descriptor);
+    }
+    return descriptor >= 0;
+}
 
 QStringList socketPlaces() {
     QStringList places;
@@ -58,6 +81,10 @@ bool listenForUser(QLocalServer& server, const std::string& peerName) {
     }
     return false;
 }
+
+bool hasUnread(const QLocalSocket& socket) { return socket.bytesAvailable() > 0 || waitsInTheSystem(socket); }
+
+bool canOpenAnother() { return hasFreeDescriptor(); }
 
 void removeBusSocket(const std::string& socketName) {
     const std::filesystem::path file(QString::fromStdString(socketName).toStdU16String());

@@ -4,6 +4,7 @@
 #include <string>
 
 class QLocalServer;
+class QLocalSocket;
 
 namespace simhost {
 
@@ -20,6 +21,12 @@ bool isOfThisProcess(const std::string& peerName);
 /// first of the user's runtime folder, the folder for temporary files and /tmp whose path leaves room for its
 /// name; the data folder would often be too deep. False when none serves.
 bool listenForUser(QLocalServer& server, const std::string& peerName);
+
+/// Whether something has come that nobody has read yet, also what the socket itself has still to fetch.
+bool hasUnread(const QLocalSocket& socket);
+
+/// Whether this process has room for another connection.
+bool canOpenAnother();
 
 /// Removes what the socket of a dead process has left behind; leaves alone whatever is no socket of the bus.
 void removeBusSocket(const std::string& socketName);
