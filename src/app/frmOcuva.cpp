@@ -55,7 +55,12 @@ frmOcuva::frmOcuva(const MainWindowContext& context)
              {*this, context.report, context.host.Tn_log(),
               [this](const QString& suggested) { return chooseReport(suggested); },
               [this](const QString& line) { log(line); },
-              [this](const QString& note) { m_information->showNote(note); }}) {
+              [this](const QString& note) { m_information->showNote(note); }})
+    , m_sleeping(
+          *this, [this](bool minimised) { noteWindowState(minimised); },
+          [this] {
+              log(tr("The window system has not shown or hidden the window as the host requested."));
+          }) {
     setObjectName(QStringLiteral("frmOcuva"));
     setWindowTitle(context.windowTitle);
     setWindowIcon(applicationIcon());
@@ -364,6 +369,7 @@ void frmOcuva::exitOperation() {
     tStageMove->stop();
     tServerCheckIdle->stop();
     tInitTBMain->stop();
+    m_sleeping.letGo();
     if (m_frmSetup) {
         m_frmSetup->close();
     }

@@ -9,11 +9,11 @@
 #include "app/Overlays.h"
 #include "app/PictureOnStage.h"
 #include "app/Pictures.h"
+#include "app/SleepingWindow.h"
 #include "app/Standards.h"
 #include "app/StatusBar.h"
 #include "app/toolbar/MainToolbar.h"
 #include "app/toolbar/ToolbarLayoutStore.h"
-#include "controls/RestingWindows.h"
 #include "display/LengthConversion.h"
 #include "display/MonitorSizing.h"
 #include "display/NiceNumber.h"
@@ -253,6 +253,7 @@ private:
     void hideWindow() override;
     void enableIdleTimer(bool on) override;
     void exitProgram() override;
+    void noteWindowState(bool minimised);
     LogLineSurroundings logLineSurroundings();
 
     MainWindowContext m_context;
@@ -269,7 +270,7 @@ private:
     std::optional<modServer> m_server;
     ToolbarLayoutStore m_layoutStore;
     HelpMenu m_help;
-    RestingWindows m_resting;
+    SleepingWindow m_sleeping;
 
     QWidget* m_client = nullptr;
     WindowPlace* m_place = nullptr;

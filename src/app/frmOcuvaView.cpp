@@ -205,26 +205,22 @@ bool frmOcuva::event(QEvent* event) {
 }
 
 void frmOcuva::applyWindowState(ServerWindow::State state) {
-    if (state == ServerWindow::State::normal) {
-        setWindowState(Qt::WindowNoState);
-    } else {
+    m_sleeping.setMinimised(state == ServerWindow::State::minimised);
+}
+
+void frmOcuva::noteWindowState(bool minimised) {
+    if (minimised) {
         // Only noted: the window is hidden next, and a window system that were asked to minimise it would
         // answer late, perhaps after a wake that it would undo.
         overrideWindowState(Qt::WindowMinimized);
+    } else {
+        setWindowState(Qt::WindowNoState);
     }
 }
 
-void frmOcuva::showModeless() {
-    show();
-    m_resting.bringBack();
-    raise();
-    activateWindow();
-}
+void frmOcuva::showModeless() { m_sleeping.bringBack(); }
 
-void frmOcuva::hideWindow() {
-    m_resting.layDown(*this);
-    hide();
-}
+void frmOcuva::hideWindow() { m_sleeping.layDown(); }
 
 void frmOcuva::enableIdleTimer(bool on) {
     if (!on) {

@@ -218,6 +218,10 @@ class Desk:
         """For every program that is started from now on."""
         self._env[name] = str(value)
 
+    def display(self):
+        """The name of its display."""
+        return self._env["DISPLAY"]
+
     def write(self, name, text):
         """Puts a file into the desk's folder, whole at once, as an editor does."""
         aside = self.folder / (name + ".new")

@@ -1,0 +1,76 @@
+#pragma once
+// Puts a window on the screen, or takes it off, and makes sure of it.
+
+#include "platform/WindowPresence.h"
+
+#include <cstdint>
+#include <optional>
+
+namespace ocuva {
+
+/// What WindowOnScreen does with the window and the clock.
+class WindowHands {
+public:
+    virtual ~WindowHands() = default;
+    /// What the window system shows now.
+    virtual WindowPresence look() const = 0;
+    /// Shows the window in its normal state, in front of the others, with all that belongs to it.
+    virtual void show() = 0;
+    /// Takes the window off the screen, with all that belongs to it.
+    virtual void hide() = 0;
+    /// Maps or unmaps the window alone, and nothing else: a way out when show() or hide() had no effect.
+    virtual void setMapped(bool mapped) = 0;
+    /// While on, WindowOnScreen::tick is called once in WindowOnScreen::tickMs.
+    virtual void enableTimer(bool on) = 0;
+    /// A clock that never goes back.
+    virtual std::int64_t nowMs() const = 0;
+    /// The window system has not done what was asked for within WindowOnScreen::patienceMs.
+    virtual void givenUp() = 0;
+};
+
+/// Shows and hides a window for somebody who may change his mind faster than the window system works.
+///
+/// A request is carried out at once when the one before has taken effect. Otherwise it waits for that, and
+/// only the newest request counts: a window that is mapped while its unmapping is still in progress can be
+/// lost. The window system is then looked at until it has shown what was requested for quietMs, because what
+/// its user did just before may still be on its way; what it undoes meanwhile is repeated. After patienceMs
+/// the request is given up. Later changes are the user's own and are left alone. In a flood, from the request
+/// of number floodAfter on, the newest request waits for the next look.
+class WindowOnScreen {
+public:
+    static constexpr int tickMs = 20;   ///< between two looks
+    static constexpr int quietMs = 400; ///< what is right for so long stays right
+    static constexpr int changeMs =
+        500; ///< a request that has no effect for so long no longer holds up the next
+    static constexpr int repeatMs = 100;    ///< from a request to its first repetition; the next take longer
+    static constexpr int patienceMs = 5000; ///< from the newest request to the end of the looks
+    static constexpr int floodAfter = 100;  ///< requests that are carried out at once, from the first look on
+
+    /// The hands outlive it.
+    explicit WindowOnScreen(WindowHands& hands)
+        : m_hands(hands) {}
+
+    /// Requests the window on the screen, or off it. The looks begin.
+    void request(bool shown);
+    /// One look, and what follows from it.
+    void tick();
+    /// Ends the looks; the window stays as it is.
+    void letGo();
+
+private:
+    bool takesEffect(bool shown) const;
+    void carryOut();
+    void repeat(std::int64_t now);
+
+    WindowHands& m_hands;
+    bool m_wanted = false;
+    std::optional<bool> m_carriedOut; // while looks go on
+    std::int64_t m_requestedMs = 0;
+    std::int64_t m_carriedOutMs = 0;
+    std::optional<std::int64_t> m_rightSinceMs;
+    int m_repetitions = 0;
+    int m_requests = 0;          // since the looks began
+    bool m_requestWaits = false; // for the next look
+};
+
+} // namespace ocuva
