@@ -18,7 +18,7 @@ struct ImageState {
     Integer zoomDivisor = 2; ///< 1 or 2
     QString storedPicture;   ///< its bare name; empty while the camera's image is shown
     bool calibrated = false; ///< whether the stored picture can be turned into stage positions
-    bool boardReady = true;  ///< the board is initialised
+    bool boardReady = true;  ///< a grab can be expected to start
 
     bool operator==(const ImageState&) const = default;
 };

@@ -47,14 +47,21 @@ void Pictures::save() {
     }
     m_folder.remember(name);
     log(QObject::tr("Save to file: '%1'").arg(name));
-    const Picture picture =
-        m_stored ? m_stored->picture
-                 : cameraImage(m_context.image, m_context.stage, m_context.magnification.read());
+    const Picture picture = m_stored ? m_stored->picture
+                                     : cameraImage(m_context.image, m_context.stage,
+                                                   m_context.magnification.read(), howToGetAnImage());
     savePicture(pathOf(name), picture, m_context.calibration().points);
     m_context.information.showNote(QObject::tr("Save to file: '%1'").arg(QFileInfo(name).fileName()));
     if (m_context.saved) {
         m_context.saved(name);
     }
+}
+
+// A board that is not ready refuses a live image.
+QString Pictures::howToGetAnImage() const {
+    return m_context.board.isReady()
+               ? QObject::tr("Start the live image (F7); if this happens again, see the host's log")
+               : QObject::tr("The board is not ready. Initialize it: Setup (Alt+T), tab Board");
 }
 
 void Pictures::open() {

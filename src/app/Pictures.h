@@ -90,6 +90,7 @@ public:
 
 private:
     bool takeCalibration(const QString& name);
+    QString howToGetAnImage() const;
     void log(const QString& line);
     void show();
 

@@ -279,9 +279,10 @@ void frmOcuva::mnuAcq_Click() {
     }
     showAcquisition();
     if (!wasGrabbing && !m_board->IsGrabbing()) {
-        m_information->showNote(
-            tr("The board refused"),
-            tr("Initialize it: Setup (Alt+T), tab Board. After Shut down start Ocuva anew."));
+        m_information->showNote(tr("The board refused"),
+                                m_board->isReady()
+                                    ? tr("Shut it down and initialize it again: Setup (Alt+T), tab Board")
+                                    : tr("Initialize it: Setup (Alt+T), tab Board"));
     }
 }
 

@@ -179,7 +179,7 @@ void frmOcuva::showInformation() {
                      m_sizing.fields().GrabZoom,
                      {},
                      false,
-                     m_board == nullptr || m_board->IsInitialized()};
+                     m_board == nullptr || m_board->isReady()};
     if (m_pictures != nullptr && m_pictures->stored()) {
         state.storedPicture = m_pictures->stored()->bareName();
         state.calibrated = m_pictures->stored()->calibrated;

@@ -39,7 +39,8 @@ QString roomTrouble(const QTemporaryDir& folder) {
 
 } // namespace
 
-Picture cameraImage(CTnVideoImage& image, const CTnStage& stage, const Magnification& magnification) {
+Picture cameraImage(CTnVideoImage& image, const CTnStage& stage, const Magnification& magnification,
+                    const QString& advice) {
     const QTemporaryDir folder;
     if (!folder.isValid()) {
         throw PictureFileError(
@@ -54,9 +55,8 @@ Picture cameraImage(CTnVideoImage& image, const CTnStage& stage, const Magnifica
             failForRoom(folder, trouble);
         }
         // The host's answer is not examined anywhere; the missing file is the answer.
-        throw PictureFileError(QStringLiteral(
-            "There is no image to save: the video board has given none. Start the live image (F7), "
-            "and see the host's log if it goes on"));
+        throw PictureFileError(QStringLiteral("There is no image to save: the video board has given none. ") +
+                               advice);
     }
     Picture picture;
     try {

@@ -10,7 +10,9 @@
 namespace ocuva {
 
 /// Lets the host write its current image to a temporary file and reads that back; right after it the stage is
-/// asked where it stands. Throws PictureFileError when the host gives no image, as before the first frame.
-Picture cameraImage(CTnVideoImage& image, const CTnStage& stage, const Magnification& magnification);
+/// asked where it stands. Throws PictureFileError when the host gives no image, as before the first frame;
+/// its text ends with the advice, a sentence.
+Picture cameraImage(CTnVideoImage& image, const CTnStage& stage, const Magnification& magnification,
+                    const QString& advice);
 
 } // namespace ocuva

@@ -30,6 +30,9 @@ public:
         m_cameraPage.optCam.at(static_cast<std::size_t>(index))->setEnabled(on);
     }
 
+    void showShutDown(bool on) override { m_page.frShutDown->setVisible(on); }
+    void enableCmdUnlock(bool on) override { m_page.cmdUnlock->setEnabled(on); }
+
 private:
     // In words too, for whoever cannot tell the colours.
     static void show(IndicatorShape& shape, Long colour) {
@@ -62,6 +65,11 @@ SetupBoardPage::SetupBoardPage(const char* name, const SetupContext& context, Se
         m_setup.cmdShut_Click();
         Q_EMIT boardChanged();
     });
+    connect(VgaCheck, &QCheckBox::clicked, this, [this] { m_setup.VgaCheck_Click(); });
+    connect(cmdUnlock, &QPushButton::clicked, this, [this] {
+        m_setup.cmdUnlock_Click();
+        cbBoard->setFocus(); // the button is disabled now
+    });
 }
 
 SetupBoardPage::~SetupBoardPage() = default;
@@ -78,7 +86,8 @@ void SetupBoardPage::makeControls() {
     cbBoard->addItems({tr("Picture on the board's own screen"), tr("Live picture in this program")});
     VgaCheck =
         named(new QCheckBox(tr("&VGA mode")), "VgaCheck",
-              tr("The picture is not shown in this program; taken over when the board is initialized"));
+              tr("For a picture on the board's own screen. At once: no Z buttons, no autofocus, no choice of "
+                 "the camera. From the next start: a click on the image asks before it moves the stage"));
     shInit = named(new IndicatorShape, "shInit", QString());
     cmdInit = makeButton("cmdInit", tr("&Initialize"), tr("Make the chosen board ready"));
     shShut = named(new IndicatorShape, "shShut", QString());
@@ -100,6 +109,26 @@ void SetupBoardPage::makeControls() {
     column->addLayout(type);
     column->addWidget(VgaCheck);
     column->addLayout(buttons);
+    makeShutDownLine(*column);
+}
+
+// Hidden until it is true, in room of its own, so that nothing moves when it comes.
+void SetupBoardPage::makeShutDownLine(QVBoxLayout& column) {
+    frShutDown = new QWidget;
+    frShutDown->setObjectName(QStringLiteral("frShutDown"));
+    QSizePolicy keepsItsPlace = frShutDown->sizePolicy();
+    keepsItsPlace.setRetainSizeWhenHidden(true);
+    frShutDown->setSizePolicy(keepsItsPlace);
+    auto* text = new QLabel(tr("The board is shut down. To use it again, press Unlock, then Initialize."));
+    text->setObjectName(QStringLiteral("lblShutDown"));
+    text->setWordWrap(true);
+    cmdUnlock =
+        makeButton("cmdUnlock", tr("&Unlock"), tr("Choose a board and initialize it after a shutdown"));
+    auto* row = new QHBoxLayout(frShutDown);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->addWidget(text, 1);
+    row->addWidget(cmdUnlock);
+    column.addWidget(frShutDown);
 }
 
 void SetupBoardPage::load() {

@@ -15,7 +15,8 @@
 
 namespace ocuva {
 
-/// What it shows of the board is the board's own flag: after Shut down it still reads as initialised.
+/// What it shows of the board is the board's own flag: after Shut down it still reads as initialised, and a
+/// line with a button leads on.
 class SetupBoardPage final : public SetupPage {
     Q_OBJECT
 
@@ -36,6 +37,8 @@ public:
     QPushButton* cmdShut = nullptr;
     IndicatorShape* shInit = nullptr;
     IndicatorShape* shShut = nullptr;
+    QWidget* frShutDown = nullptr; ///< shown on a board that was shut down
+    QPushButton* cmdUnlock = nullptr;
     ///@}
 
 Q_SIGNALS:
@@ -46,6 +49,7 @@ private:
     class View;
 
     void makeControls();
+    void makeShutDownLine(QVBoxLayout& column);
     QPushButton* makeButton(const char* name, const QString& text, const QString& help);
 
     TnLibProxy& m_libProxy;

@@ -40,6 +40,9 @@ public:
     virtual void enableCmdShut(bool on) = 0;
     ///@}
     virtual void enableOptCam(Long index, bool on) = 0; ///< 0 to 3
+    /// The line that tells how a board that was shut down can be used again, with its button cmdUnlock.
+    virtual void showShutDown(bool on) = 0;
+    virtual void enableCmdUnlock(bool on) = 0; ///< the button in that line
 };
 
 /// The handlers of the board page. A refusal of the host shows in the indicators alone.
@@ -54,14 +57,25 @@ public:
     /// Stores the VGA mode that is ticked, tells the host the chosen board, initialises it, shows its state.
     void cmdInit_Click();
 
-    /// Puts the board down and shows its state, which by the board's own rule still reads as initialised.
+    /// Puts the board down and shows its state, which by the board's own rule still reads as initialised;
+    /// cmdUnlock then leads on.
     void cmdShut_Click();
+
+    /// Stores the VGA mode that is ticked, and shows which camera types can be chosen in it.
+    void VgaCheck_Click();
+
+    /// On a board that was shut down: lets the operator choose a board and initialise it.
+    void cmdUnlock_Click();
 
     /// Shows whether the board is initialised, which button can be used, and, outside VGA mode and on an
     /// initialised board only, the camera types to choose from.
     void showState();
 
 private:
+    void storeVgaMode();
+    void showCameraTypes();
+    void showWhetherInUse(bool inUse);
+
     CTnVideoBoard& m_board;
     Settings& m_settings;
     BoardSetupView& m_view;

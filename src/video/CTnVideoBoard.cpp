@@ -10,6 +10,7 @@ CTnVideoBoard::CTnVideoBoard(TnVideo& video)
 void CTnVideoBoard::Initialize() {
     m_bInitialized = m_video.TarnVideoBoardInit() != 0;
     m_bGrabbing = false;
+    m_shutDown = false;
 }
 
 void CTnVideoBoard::Shutdown() {
@@ -20,6 +21,7 @@ void CTnVideoBoard::Shutdown() {
         Halt(nullptr);
     }
     m_video.TarnVideoBoardShutdown();
+    m_shutDown = true;
 }
 
 void CTnVideoBoard::Grab(const CTnVideoImage* /*image*/, bool bFlag) {

@@ -19,7 +19,8 @@ public:
     /// Asks the host to make the board ready, whatever the state was; afterwards no grab counts as running.
     void Initialize();
 
-    /// Halts a running grab and puts the board down, if it was initialised. IsInitialized stays as it was.
+    /// Halts a running grab and puts the board down, if it was initialised. IsInitialized stays as it was;
+    /// isShutDown tells.
     void Shutdown();
 
     /// Starts the grab unless one runs; bFlag true asks for continuous frames.
@@ -39,6 +40,10 @@ public:
 
     /// What the host answered to the last Initialize; false after BoardType was set.
     bool IsInitialized() const { return m_bInitialized; }
+    /// Whether this object has put the board down and not initialised it since. The host is not asked.
+    bool isShutDown() const { return m_shutDown; }
+    /// Initialised and not shut down since: a grab can be expected to start.
+    bool isReady() const { return m_bInitialized && !m_shutDown; }
     /// Whether a grab was started and not ended by this object. The host is not asked.
     bool IsGrabbing() const { return m_bGrabbing; }
 
@@ -46,6 +51,7 @@ private:
     TnVideo& m_video;
     bool m_bInitialized = false;
     bool m_bGrabbing = false;
+    bool m_shutDown = false;
 };
 
 } // namespace ocuva

@@ -108,6 +108,17 @@ TEST_F(NextStep, ABoardThatRefusesLiveIsToldUntilItDoesNot) {
     EXPECT_THAT(told(), Not(HasSubstr("tab Board")));
 }
 
+TEST_F(NextStep, AfterAShutDownNobodyIsSentToTheLiveImageThatWouldBeRefused) {
+    action("mnuSetup")->trigger();
+    child<QPushButton>("cmdShut")->click();
+    EXPECT_EQ(panel("Info"), "Board not ready   1:2   400x");
+    EXPECT_THAT(told(), AllOf(HasSubstr("Setup (Alt+T), tab Board"), Not(HasSubstr("F7"))));
+    EXPECT_THAT(prompt(), Not(HasSubstr("F7")));
+    host.startGrabResult = 0;
+    action("mnuAcq")->trigger();
+    EXPECT_THAT(told(), AllOf(HasSubstr("Initialize it: Setup (Alt+T), tab Board"), Not(HasSubstr("anew"))));
+}
+
 TEST_F(NextStep, AMoveThatTheHostRefusesIsNotReported) {
     stepZ(0);
     EXPECT_EQ(panel("Info"), "Still   1:2   400x");

@@ -12,6 +12,7 @@
 #include <QTimer>
 
 using namespace ocuva;
+using testing::AllOf;
 using testing::Contains;
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -171,10 +172,18 @@ TEST_F(SavingAPicture, ThatTheOperatorCancelsAsksTheHostForNothing) {
 
 TEST_F(SavingAPicture, BeforeTheFirstFrameSaysThatThereIsNoImage) {
     camera = {};
-    EXPECT_THAT(boxText([this] { save("Video.tif"); }), HasSubstr("There is no image to save"));
+    EXPECT_THAT(boxText([this] { save("Video.tif"); }),
+                AllOf(HasSubstr("There is no image to save"), HasSubstr("(F7)")));
     EXPECT_FALSE(std::filesystem::exists(file("Video.tif")));
     EXPECT_FALSE(std::filesystem::exists(file("Video.pic")));
     EXPECT_THAT(panel("Info"), Not(HasSubstr("Save")));
+}
+
+TEST_F(SavingAPicture, AfterAShutDownSendsToTheBoardsPageAndNotToTheLiveImage) {
+    window().cxvbBoard().Shutdown();
+    camera = QImage();
+    EXPECT_THAT(boxText([this] { save("Video.tif"); }),
+                AllOf(HasSubstr("There is no image to save"), HasSubstr("tab Board"), Not(HasSubstr("F7"))));
 }
 
 TEST_F(SavingAPicture, ThatFailsIsToldInABoxAndInTheLog) {

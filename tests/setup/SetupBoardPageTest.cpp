@@ -60,8 +60,7 @@ TEST_F(BoardPage, ShowsABoardThatIsNotInitialisedReadyToBe) {
 TEST_F(BoardPage, InitialisingStoresTheVgaModeTellsTheTypeInitialisesAndShowsTheState) {
     openWithoutBoard();
     host.boardInitResult = 1;
-    QTest::mouseClick(page().VgaCheck, Qt::LeftButton, Qt::NoModifier, QPoint(8, 8));
-    EXPECT_THAT(host.calls, testing::IsEmpty());
+    page().VgaCheck->setChecked(true);
     QTest::mouseClick(page().cmdInit, Qt::LeftButton);
     const auto done = changes();
     ASSERT_GE(done.size(), 3U);
@@ -89,6 +88,33 @@ TEST_F(BoardPage, AfterAShutDownTheBoardStillShowsAsInitialisedAndTheMainWindowN
     EXPECT_EQ(page().shInit->colour(), red);
     EXPECT_EQ(page().shShut->colour(), green);
     EXPECT_EQ(host.calls.back(), "showAcquisition()");
+}
+
+TEST_F(BoardPage, AClickOnVgaModeCountsAtOnceForTheStoreAndTheCameras) {
+    open(SetupTab::Board);
+    const QPoint box(8, page().VgaCheck->height() / 2);
+    QTest::mouseClick(page().VgaCheck, Qt::LeftButton, Qt::NoModifier, box);
+    EXPECT_EQ(host.settings["TARN|tn_video|VGAMode"], "1");
+    EXPECT_THAT(choosableCameras(), ElementsAre(false, false, false, false));
+    QTest::mouseClick(page().VgaCheck, Qt::LeftButton, Qt::NoModifier, box);
+    EXPECT_EQ(host.settings["TARN|tn_video|VGAMode"], "0");
+    EXPECT_THAT(choosableCameras(), ElementsAre(true, true, true, true));
+}
+
+TEST_F(BoardPage, ABoardThatWasShutDownIsUnlockedChosenAndInitialisedAgain) {
+    open(SetupTab::Board);
+    EXPECT_FALSE(page().frShutDown->isVisible());
+    QTest::mouseClick(page().cmdShut, Qt::LeftButton);
+    EXPECT_TRUE(page().frShutDown->isVisible());
+    open(SetupTab::Board); // the next opening knows it too
+    ASSERT_TRUE(page().cmdUnlock->isVisible());
+    QTest::mouseClick(page().cmdUnlock, Qt::LeftButton);
+    ASSERT_TRUE(page().cbBoard->isEnabled());
+    page().cbBoard->setCurrentIndex(0);
+    QTest::mouseClick(page().cmdInit, Qt::LeftButton);
+    EXPECT_EQ(host.boardType, 0);
+    EXPECT_TRUE(board.isReady());
+    EXPECT_FALSE(page().frShutDown->isVisible());
 }
 
 TEST_F(BoardPage, NamesTheBoardsAsTheHostListsThemWhereItDoes) {

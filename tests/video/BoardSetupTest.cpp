@@ -94,6 +94,59 @@ TEST_F(BoardSetupPage, ANewBoardChoiceThatFailsTurnsTheIndicatorsBack) {
     expectShownAsNotInitialised();
 }
 
+TEST_F(BoardSetupPage, AfterAShutdownUnlockLetsTheOperatorChooseABoardAndInitialiseIt) {
+    setup.showState();
+    EXPECT_FALSE(view.shutDownShown);
+    setup.cmdShut_Click();
+    EXPECT_TRUE(view.shutDownShown);
+    EXPECT_TRUE(view.unlockEnabled);
+    host.calls.clear();
+    setup.cmdUnlock_Click();
+    expectShownAsNotInitialised();
+    EXPECT_TRUE(view.shutDownShown);
+    EXPECT_FALSE(view.unlockEnabled);
+    EXPECT_THAT(host.calls, testing::IsEmpty());
+    setup.cmdInit_Click();
+    EXPECT_THAT(host.callsOf("TarnVideoBoardInit"), testing::SizeIs(1));
+    expectShownAsInitialised();
+    EXPECT_FALSE(view.shutDownShown);
+}
+
+TEST_F(BoardSetupPage, APageThatOpensOnABoardThatWasShutDownLeadsOnToo) {
+    board.Shutdown();
+    setup.showState();
+    expectShownAsInitialised();
+    EXPECT_TRUE(view.shutDownShown);
+    EXPECT_TRUE(view.unlockEnabled);
+}
+
+TEST_F(BoardSetupPage, UnlockDoesNothingOnABoardThatIsInUse) {
+    setup.showState();
+    setup.cmdUnlock_Click();
+    expectShownAsInitialised();
+}
+
+TEST_F(BoardSetupPage, ABoardThatDoesNotComeUpAgainLeavesTheChoiceOpenWithoutTheLine) {
+    setup.cmdShut_Click();
+    setup.cmdUnlock_Click();
+    host.boardInitResult = 0;
+    setup.cmdInit_Click();
+    expectShownAsNotInitialised();
+    EXPECT_FALSE(view.shutDownShown);
+}
+
+TEST_F(BoardSetupPage, AClickOnVgaModeStoresItAtOnceAndEnablesTheCameraButtonsToSuit) {
+    view.vgaCheck = 1;
+    setup.VgaCheck_Click();
+    EXPECT_THAT(host.calls, ElementsAre("TarnRegisterSetString(\"tn_video\", \"VGAMode\", \"1\", \"TARN\")",
+                                        "TarnRegisterGetInt(\"tn_video\", \"VGAMode\", 0, \"TARN\")"));
+    EXPECT_THAT(view.cameraEnabled, Each(false));
+    view.vgaCheck = 0;
+    setup.VgaCheck_Click();
+    EXPECT_EQ(host.settings["TARN|tn_video|VGAMode"], "0");
+    EXPECT_THAT(view.cameraEnabled, Each(true));
+}
+
 TEST_F(BoardSetupPage, TheCameraButtonsCanBeUsedOnlyOutsideVgaModeAndOnAnInitialisedBoard) {
     for (const bool vga : {false, true}) {
         for (const bool initialized : {false, true}) {

@@ -47,6 +47,8 @@ struct FakeBoardView final : BoardSetupView {
     bool initEnabled = false;
     bool shutEnabled = false;
     std::array<bool, 4> cameraEnabled{};
+    bool shutDownShown = false;
+    bool unlockEnabled = false;
 
     Long cbBoardIndex() const override { return boardIndex; }
     void lockCbBoard(bool locked) override { boardLocked = locked; }
@@ -58,6 +60,8 @@ struct FakeBoardView final : BoardSetupView {
     void enableOptCam(Long index, bool on) override {
         cameraEnabled.at(static_cast<std::size_t>(index)) = on;
     }
+    void showShutDown(bool on) override { shutDownShown = on; }
+    void enableCmdUnlock(bool on) override { unlockEnabled = on; }
 };
 
 /// Starts with every slider at 0 and every text empty, as a fresh page does. `onOwnChange`, where set, is
