@@ -39,8 +39,9 @@ void SetupAutofocusPage::makeGeneral() {
     for (const char* part : {"1/4", "1/9", "1/16", "1/25", "1/36", "1/49", "1/64"}) {
         cbAutoPart->addItem(QString::fromLatin1(part));
     }
-    chkAutoTransmit =
-        named(new QCheckBox(tr("&Transmitted light")), "chkAutoTransmit", tr("Focus in transmitted light"));
+    chkAutoTransmit = named(new QCheckBox(tr("&Transmitted light")), "chkAutoTransmit",
+                            tr("For a microscope with a lamp below the sample. Stored for the host, which "
+                               "decides what to do with it"));
 
     auto* part = new QHBoxLayout;
     auto* computeOn = new QLabel(tr("Compute &on"));
@@ -57,12 +58,14 @@ void SetupAutofocusPage::makeGeneral() {
 
 void SetupAutofocusPage::makeCourse() {
     frSetupAutoCourse = addFrame("frSetupAutoCourse", tr("Define Z course"));
-    cbCourseType = named(new QComboBox, "cbCourseType", tr("Kind of search that the host is to make"));
+    cbCourseType = named(new QComboBox, "cbCourseType",
+                         tr("Remembered until the program ends. The host's search does not use it"));
     cbCourseType->addItems({tr("Coarse"), tr("Fine")});
     txtCourseHalf = makeTextBox("txtCourseHalf", tr("Half of the Z range that is searched, micrometres"));
     txtCourseNbPoints = makeTextBox("txtCourseNbPoints", tr("Number of heights that are tried"));
     chkCourseFix = named(new QCheckBox(tr("Always &fix parameters")), "chkCourseFix",
-                         tr("Keep these parameters for every search"));
+                         tr("Remembered until the program ends. The host uses the parameters above for every "
+                            "search in any case"));
 
     auto* grid = new QGridLayout(frSetupAutoCourse);
     addRow(*grid, tr("Course t&ype"), cbCourseType);

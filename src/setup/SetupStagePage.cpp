@@ -43,8 +43,10 @@ QGroupBox* SetupStagePage::makeMove(const MoveTexts& texts, QLabel*& symbols,
     auto* group = new QGroupBox(texts.axis, frMovement);
     group->setObjectName(QString::fromLatin1(texts.frame));
     auto* grid = new QGridLayout(group);
-    const std::array<QString, 2> helps{tr("Moves of %1 go as the image shows").arg(texts.axis),
-                                       tr("Turn the moves of %1 round").arg(texts.axis)};
+    const std::array<QString, 2> helps{tr("A click on the image moves %1 as the image shows").arg(texts.axis),
+                                       tr("A click on the image moves %1 the other way. Typed positions "
+                                          "and standards stay as they are")
+                                           .arg(texts.axis)};
     for (std::size_t i = 0; i < options.size(); ++i) {
         options.at(i) = named(new QRadioButton(texts.options.at(i)), texts.optionNames.at(i), helps.at(i));
         grid->addWidget(options.at(i), static_cast<int>(i), 1);

@@ -70,7 +70,7 @@ void frmSetup::makeButtons() {
         return button;
     };
     cmdSaveDefault = makeButton("cmdSaveDefault", tr("Save &Default"),
-                                tr("Begin with the present board and camera from now on"));
+                                tr("Make the present board, camera and references the host's defaults"));
     cmdSaveDefault->setEnabled(false);
     cmdClose = makeButton("cmdClose", tr("C&lose"), tr("Close the set-up; everything is stored already"));
 }
