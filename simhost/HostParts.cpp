@@ -10,6 +10,11 @@ namespace {
 
 constexpr const char* cameraTypeKey = "CameraType";
 
+// Where the program keeps the references that a camera begins with, in hundredths, one key for each camera
+// type.
+constexpr const char* referencesSection = "tn_video\\meteor2";
+constexpr TarnLong unchangedHundredths = -100;
+
 DataFolder openFolder(const std::filesystem::path& path) {
     std::variant<DataFolder, std::string> opened =
         DataFolder::open(path.empty() ? DataFolder::locate() : path);
@@ -67,6 +72,18 @@ HostParts::HostParts(SimulatedHostOptions hostOptions)
         log.line("[tn_video] CameraType=" + std::to_string(kept) + " in " + FieldOfView::store +
                  " is no camera type; none is chosen");
     }
+    applyDefaultReferences();
+}
+
+void HostParts::applyDefaultReferences() {
+    const std::string suffix = std::to_string(board.cameraType());
+    const auto kept = [this, &suffix](const char* key) {
+        constexpr double scale = 100.0;
+        return stores.getInt(referencesSection, key + suffix, unchangedHundredths, FieldOfView::store) /
+               scale;
+    };
+    board.setReferences(1, kept("DefaultContrast100_"), kept("DefaultBrightness100_"));
+    board.setReferences(2, kept("DefaultHue100_"), kept("DefaultSaturation100_"));
 }
 
 MessageBus& HostParts::bus() {

@@ -52,6 +52,9 @@ struct HostParts {
     VideoBoard board;
 
 private:
+    /// The references that were saved as defaults of the camera type in use.
+    void applyDefaultReferences();
+
     std::unique_ptr<MessageBus> m_bus;
 };
 

@@ -64,6 +64,22 @@ TEST(SimulatedHost, LiveVideoReachesTheWindowThatWasHandedOver) {
     EXPECT_EQ(rig.sink.newest->width, 384);
 }
 
+TEST(SimulatedHost, TheCameraBeginsWithTheReferencesThatWereSavedForItsType) {
+    HostRig rig;
+    rig.folder.write("TARN.INI", "[tn_video]\nCameraType=2\n[tn_video\\meteor2]\nDefaultContrast100_2=6550\n"
+                                 "DefaultHue100_2=1000\nDefaultBrightness100_3=9000\n"
+                                 "DefaultSaturation100_2=99900\n");
+    rig.host = std::make_unique<SimulatedHost>(rig.options());
+    TarnDouble first = 0.0;
+    TarnDouble second = 0.0;
+    rig.host->tn_video().TarnVideoCameraGetReferences(1, &first, &second);
+    EXPECT_EQ(first, 65.5);
+    EXPECT_EQ(second, 50.0) << "those of another camera do not count";
+    rig.host->tn_video().TarnVideoCameraGetReferences(2, &first, &second);
+    EXPECT_EQ(first, 10.0);
+    EXPECT_EQ(second, 100.0);
+}
+
 TEST(SimulatedHost, TheStageIsAsTheConfigurationSays) {
     HostRig rig("[Stage]\nXMin=-100\nXMax=300\nStartX=42\nZMin=-5\nZMax=5\n");
     TarnLong lower = 0;
