@@ -163,12 +163,14 @@ std::shared_ptr<ocuva::Frame> VideoBoard::develop(Shot& shot, int following) {
     const std::lock_guard lock(m_exposureMutex);
     const bool automatic = shot.controls.gain == automaticGain;
     std::shared_ptr<ocuva::Frame> frame = m_pool.take(shot.exposure.mode.width, shot.exposure.mode.height);
-    for (bool again = true; again; --following) {
+    for (bool again = true; again;) {
         if (automatic) {
             shot.controls.gain = m_automaticGain.range();
         }
         m_darkroom.develop(shot, *frame);
-        again = automatic && following > 0 && m_automaticGain.follow(*frame, shot.controls) && following > 1;
+        const int used = automatic ? m_automaticGain.follow(*frame, shot.controls, following) : 0;
+        following -= used;
+        again = used > 0 && following > 0;
     }
     return frame;
 }
