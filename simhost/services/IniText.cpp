@@ -3,6 +3,7 @@
 #include "simhost/services/Numerals.h"
 
 #include <algorithm>
+#include <unordered_set>
 
 namespace simhost {
 
@@ -91,6 +92,27 @@ private:
     std::size_t m_sectionBegin = 0;
 };
 
+/// Names that differ in nothing but the case of A to Z are one.
+std::string folded(std::string_view name) {
+    std::string result(name);
+    for (char& c : result)
+        c = c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+    return result;
+}
+
+/// The same for names that differ in nothing but the case of A to Z (FNV-1a).
+std::uint32_t hashOf(std::string_view section, std::string_view key) {
+    std::uint32_t hash = 2166136261U;
+    const auto add = [&hash](std::string_view name) {
+        for (const char c : folded(name))
+            hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
+    };
+    add(section);
+    add("\n");
+    add(key);
+    return hash;
+}
+
 bool inQuotes(std::string_view text) {
     return text.size() >= 2 && text.front() == text.back() && (text.front() == '"' || text.front() == '\'');
 }
@@ -174,12 +196,44 @@ std::optional<IniText> IniText::parse(std::string text, std::string* reason) {
     return IniText(std::move(text));
 }
 
-std::optional<std::string> IniText::value(std::string_view section, std::string_view key) const {
+IniText::Part IniText::partOf(std::string_view part) const {
+    return {part.empty() ? 0 : static_cast<std::uint32_t>(part.data() - m_text.data()),
+            static_cast<std::uint32_t>(part.size())};
+}
+
+std::string_view IniText::text(Part part) const {
+    return std::string_view(m_text).substr(part.begin, part.length);
+}
+
+// Only the first section of a name counts, and in it the first key of a name.
+void IniText::findEntries() {
+    m_entries.clear();
+    std::unordered_set<std::string> sections;
+    std::string_view section;
+    bool counts = false;
     Lines lines(m_text);
-    if (lines.enter(trimmed(section)))
-        while (const auto entry = lines.nextEntry())
-            if (equalIgnoringCase(entry->name, trimmed(key)))
-                return std::string(asRead(entry->value));
+    while (const auto line = lines.next()) {
+        if (line->kind == Kind::section) {
+            section = line->name;
+            counts = sections.insert(folded(section)).second;
+        } else if (line->kind == Kind::entry && counts) {
+            m_entries.push_back(
+                {hashOf(section, line->name), partOf(section), partOf(line->name), partOf(line->value)});
+        }
+    }
+    std::stable_sort(m_entries.begin(), m_entries.end(),
+                     [](const Entry& a, const Entry& b) { return a.hash < b.hash; });
+}
+
+std::optional<std::string> IniText::value(std::string_view section, std::string_view key) const {
+    section = trimmed(section);
+    key = trimmed(key);
+    const std::uint32_t hash = hashOf(section, key);
+    auto entry = std::lower_bound(m_entries.begin(), m_entries.end(), hash,
+                                  [](const Entry& each, std::uint32_t wanted) { return each.hash < wanted; });
+    for (; entry != m_entries.end() && entry->hash == hash; ++entry)
+        if (equalIgnoringCase(text(entry->section), section) && equalIgnoringCase(text(entry->key), key))
+            return std::string(asRead(text(entry->value)));
     return std::nullopt;
 }
 
@@ -232,6 +286,7 @@ bool IniText::setValue(std::string_view section, std::string_view key, std::stri
     if (edited.size() > maxBytes)
         return false;
     m_text = std::move(edited);
+    findEntries();
     return true;
 }
 

@@ -18,6 +18,7 @@
 #include "base/Types.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -43,6 +44,7 @@ public:
     const std::string& text() const { return m_text; }
 
     /// The value as read (trimmed, unquoted); nothing when section or key is absent, "" when it is empty.
+    /// Quick in a long text too.
     std::optional<std::string> value(std::string_view section, std::string_view key) const;
 
     /// The whole number that the value begins with; the default when there is none or it needs more than 32
@@ -62,9 +64,27 @@ public:
 
 private:
     explicit IniText(std::string text)
-        : m_text(std::move(text)) {}
+        : m_text(std::move(text)) {
+        findEntries();
+    }
+
+    /// A part of the text, which is short enough for 32 bits.
+    struct Part {
+        std::uint32_t begin = 0;
+        std::uint32_t length = 0;
+    };
+    struct Entry {
+        std::uint32_t hash = 0; ///< of section and key
+        Part section;
+        Part key;
+        Part value; ///< all behind '=' up to the line's end, untrimmed
+    };
+    Part partOf(std::string_view part) const;
+    std::string_view text(Part part) const;
+    void findEntries();
 
     std::string m_text;
+    std::vector<Entry> m_entries; ///< those that count, by hash, equal ones in the order of the text
 };
 
 } // namespace simhost

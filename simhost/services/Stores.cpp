@@ -50,7 +50,9 @@ Content contentOf(FileReading reading) {
 } // namespace
 
 bool isSettled(const FileStamp& stamp, std::int64_t nowNs) {
-    return nowNs - std::max(stamp.modifiedNs, stamp.changedNs) > settleNs;
+    constexpr std::int64_t second = 1'000'000'000;
+    const bool isFine = stamp.modifiedNs % second != 0;
+    return nowNs - std::max(stamp.modifiedNs, stamp.changedNs) > (isFine ? fineSettleNs : settleNs);
 }
 
 Stores::Stores(std::filesystem::path folder, HostLog& log, std::chrono::milliseconds patience,
@@ -63,7 +65,25 @@ Stores::Stores(std::filesystem::path folder, HostLog& log, std::chrono::millisec
 ocuva::Long Stores::getInt(std::string_view section, std::string_view key, ocuva::Long defaultValue,
                            std::string_view store) {
     const std::lock_guard guard(m_mutex);
-    return isStoreName(store) ? refreshed(store).ini.intValue(section, key, defaultValue) : defaultValue;
+    const std::optional<std::string> value =
+        isStoreName(store) ? refreshed(store).ini.value(section, key) : std::nullopt;
+    if (!value)
+        return defaultValue;
+    const std::optional<ocuva::Long> number = leadingWholeNumber(*value);
+    if (!number && !value->empty())
+        complainOnce(section, key, store, *value, defaultValue);
+    return number.value_or(defaultValue);
+}
+
+void Stores::complainOnce(std::string_view section, std::string_view key, std::string_view store,
+                          const std::string& value, ocuva::Long used) {
+    const std::string name = '[' + std::string(section) + "] " + std::string(key);
+    std::string& refused = m_refused[std::string(store) + '\n' + name];
+    if (refused == value)
+        return;
+    refused = value;
+    m_log.line(name + '=' + value + " in " + std::string(store) + " is no whole number; " +
+               std::to_string(used) + " is used");
 }
 
 std::string Stores::getString(std::string_view section, std::string_view key, std::string_view defaultValue,

@@ -19,8 +19,12 @@
 namespace simhost {
 
 /// How long after its last change a file's stamp alone does not prove its content yet: file systems stamp
-/// with clocks that tick as slowly as once in 2 s, and give a file number again at once.
+/// with clocks that tick as slowly as once in 2 s, and give a file number again at once. A stamp that is no
+/// whole second comes from a clock that ticks at least every 10 ms.
+///@{
 inline constexpr std::int64_t settleNs = 3'000'000'000;
+inline constexpr std::int64_t fineSettleNs = 100'000'000;
+///@}
 
 /// Whether a file that was read at nowNs (since 1970) cannot change any more behind the same stamp.
 bool isSettled(const FileStamp& stamp, std::int64_t nowNs);
@@ -42,7 +46,8 @@ public:
            std::function<std::int64_t()> nowNs = wallClockNs);
 
     /// The stored value, or the default when store, section or key is absent (getInt: or the value begins
-    /// with no whole number of 32 bits). An empty value is a value to getString.
+    /// with no whole number of 32 bits; unless it is empty, one log line for each such value says so). An
+    /// empty value is a value to getString.
     ///@{
     ocuva::Long getInt(std::string_view section, std::string_view key, ocuva::Long defaultValue,
                        std::string_view store);
@@ -82,6 +87,8 @@ private:
     bool isStoreName(std::string_view store);
     Cached& refreshed(std::string_view store);
     void read(Cached& cached, std::string_view store);
+    void complainOnce(std::string_view section, std::string_view key, std::string_view store,
+                      const std::string& value, ocuva::Long used);
     Cached copyOfRefreshed(std::string_view store);
     bool write(std::string_view section, std::string_view key, std::string_view value,
                std::string_view store);
@@ -95,6 +102,7 @@ private:
     std::mutex m_writing; ///< taken before m_mutex; held while a write lasts, the disk's time included
     std::mutex m_mutex;   ///< of m_cache
     std::map<std::string, Cached, std::less<>> m_cache;
+    std::map<std::string, std::string> m_refused; ///< the last value of a key that was no number, by its name
 };
 
 } // namespace simhost

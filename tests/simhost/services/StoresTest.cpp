@@ -106,6 +106,44 @@ TEST(Stores, AStampProvesNothingWhileItsFileIsYoungerThanACoarseClockTick) {
     EXPECT_FALSE(isSettled(stamp, 0)) << "a stamp from the future";
 }
 
+TEST(Stores, AStampOfAFineClockProvesItsContentSooner) {
+    const FileStamp stamp{10, 5'004'000'000, 5'004'000'000, 1};
+    EXPECT_FALSE(isSettled(stamp, 5'004'000'000 + fineSettleNs));
+    EXPECT_TRUE(isSettled(stamp, 5'004'000'001 + fineSettleNs));
+}
+
+TEST(Stores, AValueThatIsNoNumberGivesTheDefaultAndOneLogLine) {
+    StoresRig rig;
+    rig.folder.write("S.INI", "[A]\nk=abc\nempty=\nlarge=99999999999\nnumber=12 pixels\n");
+    for (int round = 0; round < 3; ++round) {
+        EXPECT_EQ(rig.stores.getInt("A", "k", 7, "S.INI"), 7);
+        EXPECT_EQ(rig.stores.getInt("A", "empty", 7, "S.INI"), 7);
+        EXPECT_EQ(rig.stores.getInt("A", "number", 7, "S.INI"), 12);
+    }
+    EXPECT_THAT(rig.logLines(), ElementsAre(HasSubstr("[A] k=abc in S.INI is no whole number; 7 is used")));
+    EXPECT_EQ(rig.stores.getInt("A", "large", 7, "S.INI"), 7);
+    EXPECT_EQ(rig.logLines().size(), 2u);
+    EXPECT_EQ(rig.stores.getInt("A", "k", 7, "S.INI"), 7);
+    rig.folder.write("S.INI", "[A]\nk=xyz\n");
+    EXPECT_EQ(rig.stores.getInt("A", "k", 7, "S.INI"), 7);
+    EXPECT_THAT(rig.logLines().back(), HasSubstr("k=xyz"));
+    EXPECT_EQ(rig.logLines().size(), 3u);
+}
+
+TEST(Stores, TheLongestListOfStandardsIsReadInASecond) {
+    StoresRig rig;
+    std::string text = "[StandardList]\n";
+    constexpr int longest = 32767;
+    for (int i = 1; i <= longest; ++i)
+        text += "Standard" + std::to_string(i) + "=/data/standards/" + std::to_string(i) + ".std\n";
+    rig.folder.write("S.INI", text);
+    const auto begun = std::chrono::steady_clock::now();
+    for (int i = longest; i > 0; --i)
+        ASSERT_EQ(rig.stores.getString("StandardList", "Standard" + std::to_string(i), "", "S.INI"),
+                  "/data/standards/" + std::to_string(i) + ".std");
+    EXPECT_LT(std::chrono::steady_clock::now() - begun, std::chrono::seconds(3));
+}
+
 TEST(Stores, AnEditInPlaceOfTheSameLengthIsSeenAtTheNextRead) {
     StoresRig rig;
     for (int round = 0; round < 100; ++round)
