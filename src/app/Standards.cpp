@@ -19,7 +19,7 @@ std::string nameForHost(const QString& name) { return name.toLocal8Bit().toStdSt
 
 Standards::Standards(const StandardsContext& context)
     : m_context(context)
-    , m_list(context.reg, context.libProxy)
+    , m_list(context.reg, context.libProxy, context.unfinishedList)
     , m_frmMove(std::make_unique<frmMove>(
           context.fOcuva, [this] { AddStandard(true); }, context.report, &context.window)) {
     QObject::connect(&context.tbMain, &MainToolbar::buttonMenuClicked, &context.window,
@@ -44,6 +44,14 @@ bool Standards::AddStandard(bool moveNow) {
         return false;
     }
     const std::string name = nameForHost(file);
+    if (!StandardList::fits(name)) {
+        m_context.report(QObject::tr("\"%1\" was not added: its path takes %2 characters, and the list holds "
+                                     "%3. Move the standard to a folder with a shorter path.")
+                             .arg(file)
+                             .arg(name.size())
+                             .arg(StandardList::nameLength));
+        return false;
+    }
     m_list.AppendStandard(name, false);
     FillStageMenu();
     if (moveNow) {

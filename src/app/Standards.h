@@ -6,6 +6,7 @@
 #include "standards/StandardList.h"
 #include "standards/frmMove.h"
 
+#include <filesystem>
 #include <functional>
 #include <memory>
 
@@ -24,6 +25,7 @@ struct StandardsContext {
     std::function<void(const QString&)> report; ///< shows an error
     /// Asks for the file of a standard in a folder; empty when the operator cancels.
     std::function<QString(const QString& folder)> chooseFile;
+    std::filesystem::path unfinishedList = {}; ///< the program's own file for a list that is being stored
 };
 
 /// A choice from the drop-down drives there at once.
@@ -37,7 +39,7 @@ public:
     void openMoveDialog();
 
     /// Lets the operator choose a standard, appends it to the list, rebuilds the drop-down and, with moveNow,
-    /// drives there. False when he cancels.
+    /// drives there. False when he cancels, or when the name is too long for the list, which is reported.
     bool AddStandard(bool moveNow);
 
     /// Rebuilds the drop-down of the Stage button. A name that is stored twice has one item.

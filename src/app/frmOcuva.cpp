@@ -40,6 +40,11 @@ constexpr std::array<ToolbarCommand, 9> toolbarCommands{{
     {QLatin1StringView("Setup"), Command::Setup},
 }};
 
+// Where the program keeps a list of standards while it is being stored; nowhere without a folder of its own.
+std::filesystem::path unfinishedListFile(const std::filesystem::path& ownFolder) {
+    return ownFolder.empty() ? ownFolder : ownFolder / "standards.unfinished";
+}
+
 } // namespace
 
 frmOcuva::frmOcuva(const MainWindowContext& context)
@@ -92,7 +97,8 @@ void frmOcuva::makeControls() {
     m_standards = std::make_unique<Standards>(
         StandardsContext{m_context.host.tn_reg(), m_context.host.tn_lib_proxy(), *tbMain, *this, *this,
                          [this](const QString& text) { reportError(text); },
-                         [this](const QString& folder) { return chooseStandard(folder); }});
+                         [this](const QString& folder) { return chooseStandard(folder); },
+                         unfinishedListFile(m_context.report.dataFolder)});
 
     m_pictureOnStage = std::make_unique<PictureOnStage>(PictureOnStageContext{
         m_calibration, m_context.host, *this, *sbMain, *this,
@@ -199,6 +205,13 @@ void frmOcuva::restoreToolbarLayout() { tbMain->restoreLayout(m_layoutStore.load
 void frmOcuva::tInitTBMain_Timer() {
     tInitTBMain->stop();
     restoreToolbarLayout();
+    if (const std::optional<std::size_t> count = m_standards->list().finishStoring()) {
+        const QString what = tr("The last run ended while the list of standards was being stored. The list "
+                                "was completed: %1 standards")
+                                 .arg(*count);
+        log(what);
+        m_information->showNote(tr("Standards restored"), what);
+    }
     m_standards->FillStageMenu();
 }
 

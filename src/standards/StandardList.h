@@ -3,9 +3,12 @@
 
 #include "base/Types.h"
 #include "hostlink/Host.h"
+#include "standards/UnfinishedList.h"
 
+#include <filesystem>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace ocuva {
 
@@ -29,10 +32,15 @@ public:
     /// A name is read through a buffer of that many characters; a longer stored one comes back cut.
     static constexpr Long nameLength = 128;
 
-    /// Both outlive it.
-    StandardList(TnReg& reg, TnLibProxy& libProxy)
+    /// Whether a name comes back as it was stored.
+    static bool fits(const std::string& name) { return name.size() <= std::size_t{nameLength}; }
+
+    /// Both outlive it. The file is the program's own and is there only while a list is being stored; with
+    /// an empty path a list whose storing is cut off is lost.
+    StandardList(TnReg& reg, TnLibProxy& libProxy, std::filesystem::path unfinished = {})
         : m_reg(reg)
-        , m_libProxy(libProxy) {}
+        , m_libProxy(libProxy)
+        , m_unfinished(std::move(unfinished)) {}
 
     /// Iterates: begin with index 0, call until false. Gives the next name that is not a hole and its index;
     /// untouched arguments and false behind the last one. Indices are 16-bit, so a list ends at 32767.
@@ -40,8 +48,16 @@ public:
 
     /// Appends a name, the same one as often as it is asked. With clear the list begins anew with it; with
     /// clear and an empty name the list becomes empty. An empty name without clear changes nothing. A name
-    /// that could not be written is not counted.
-    void AppendStandard(const std::string& name, bool clear);
+    /// that could not be written is not counted. False when something could not be written.
+    bool AppendStandard(const std::string& name, bool clear);
+
+    /// Stores the names as the whole list: clears it with the first and appends the others. False when not
+    /// all of it could be stored; the list is then kept for finishStoring.
+    bool store(const std::vector<std::string>& names);
+
+    /// For the start: stores a list whose storing was cut off in an earlier run, unless another program is
+    /// storing one at this moment. Gives the number of its standards; nothing when there was none to store.
+    std::optional<std::size_t> finishStoring();
 
     /// The host's standards directory.
     std::string directory() const;
@@ -52,9 +68,12 @@ public:
 private:
     Long size() const;
     bool write(const std::string& key, const std::string& value);
+    bool storeEach(const std::vector<std::string>& names);
+    std::vector<std::string> names() const;
 
     TnReg& m_reg;
     TnLibProxy& m_libProxy;
+    UnfinishedList m_unfinished;
 };
 
 /// An open object of the host's database for standards; frees its handle.

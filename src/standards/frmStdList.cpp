@@ -86,7 +86,7 @@ frmStdList::frmStdList(StandardList& list, TnLibProxy& libProxy, std::function<b
     new WindowPlace(*this, besideItsOwner(owner));
     connect(cmdUp, &QPushButton::clicked, this, [this] { edit(&StandardRows::up); });
     connect(cmdDown, &QPushButton::clicked, this, [this] { edit(&StandardRows::down); });
-    connect(cmdDelete, &QPushButton::clicked, this, [this] { edit(&StandardRows::removeSelected); });
+    connect(cmdDelete, &QPushButton::clicked, this, &frmStdList::cmdDelete_Click);
     connect(cmdInsert, &QPushButton::clicked, this, &frmStdList::cmdInsert_Click);
     connect(cmdOk, &QPushButton::clicked, this, &QDialog::accept);
 }
@@ -136,6 +136,11 @@ void frmStdList::makeControls() {
     grid->addWidget(lblStdEntries, 0, 0);
     grid->addWidget(lvwStdEntries, 1, 0);
     grid->addWidget(frStdListCmds, 1, 1);
+    lblStdNote = new QLabel(this);
+    lblStdNote->setObjectName(QStringLiteral("lblStdNote"));
+    lblStdNote->setWordWrap(true);
+    lblStdNote->hide();
+    grid->addWidget(lblStdNote, 2, 0, 1, 2);
     grid->setColumnStretch(0, 1);
     grid->setRowStretch(1, 1);
     resize(560, 360);
@@ -171,12 +176,22 @@ void frmStdList::FillStdList() {
     if (lvwStdEntries->columnCount() == 0) {
         SetupStdColumns();
     }
+    readStandards();
+    showRows();
+    note(readingNote());
+}
+
+void frmStdList::readStandards() {
+    m_reading = {};
     StandardObject object(m_libProxy);
+    m_reading.databaseOpened = object.isOpen();
     const std::string directory = m_list.directory();
     std::string name;
     Integer index = 0;
     while (m_list.GetNextStandard(name, index)) {
-        if (!object.isOpen() || !object.read(name) || m_rows.has(name)) {
+        const bool isReadable = object.isOpen() && object.read(name);
+        m_reading.add(name, isReadable);
+        if (!isReadable || m_rows.has(name)) {
             continue;
         }
         StandardRow row{name, standardText(name, directory), {}, false};
@@ -186,17 +201,53 @@ void frmStdList::FillStdList() {
         }
         m_rows.add(std::move(row));
     }
-    showRows();
+}
+
+std::vector<std::string> frmStdList::keys() const {
+    std::vector<std::string> keys;
+    for (const StandardRow& row : m_rows.rows()) {
+        keys.push_back(row.key);
+    }
+    return keys;
 }
 
 void frmStdList::SaveStdList() {
-    if (m_rows.count() == 0) {
-        m_list.AppendStandard("", true);
-        return;
+    const bool stored = m_list.store(keys());
+    note(stored ? QString()
+                : tr("The host could not store all of the list. See the host's log; the next start tries it "
+                     "again."));
+}
+
+void frmStdList::note(const QString& text) {
+    lblStdNote->setText(text);
+    lblStdNote->setVisible(!text.isEmpty());
+}
+
+QString frmStdList::readingNote() const {
+    if (!m_reading.databaseOpened) {
+        return tr(
+            "The host's database cannot be opened. The list stays stored as it is and cannot be changed "
+            "now.");
     }
-    for (int i = 1; i <= m_rows.count(); ++i) {
-        m_list.AppendStandard(m_rows.row(i).key, i == 1);
+    if (!m_reading.mayBeStored()) {
+        return tr("The host can read none of the standards on the list (%1). The list stays stored as it is "
+                  "and cannot be changed now. Check the standards' files, then open this window again.")
+            .arg(m_reading.listed);
     }
+    return m_reading.unreadable == 0
+               ? QString()
+               : tr("Standards that the host cannot read are not shown: %1 of %2. The next change takes them "
+                    "off the list.")
+                     .arg(m_reading.unreadable)
+                     .arg(m_reading.listed);
+}
+
+QString frmStdList::insertNote(int countBefore) const {
+    const QString name = shown(m_reading.last);
+    if (m_reading.lastIsUnreadable) {
+        return tr("\"%1\" was not added: the host cannot read it as a standard.").arg(name);
+    }
+    return m_rows.count() > countBefore ? QString() : tr("\"%1\" is on the list already.").arg(name);
 }
 
 void frmStdList::takeSelection() {
@@ -236,19 +287,39 @@ void frmStdList::showRows() {
 
 void frmStdList::edit(void (StandardRows::*operation)()) {
     takeSelection();
+    const std::vector<std::string> before = keys();
     (m_rows.*operation)();
     showRows();
-    SaveStdList();
+    if (keys() != before) {
+        SaveStdList();
+    }
+}
+
+void frmStdList::cmdDelete_Click() {
+    if (m_rows.count() > 0) {
+        edit(&StandardRows::removeSelected);
+    } else if (m_reading.mayBeStored()) {
+        SaveStdList(); // an empty list, whatever is stored meanwhile
+    }
 }
 
 void frmStdList::cmdInsert_Click() {
     takeSelection();
     const int insertionPoint = std::max(m_rows.firstSelected(), 1);
+    if (!m_reading.mayBeStored()) {
+        FillStdList(); // the database may be there again
+        if (!m_reading.mayBeStored()) {
+            return;
+        }
+    }
+    const int countBefore = m_rows.count();
     if (!m_addStandard()) {
         return;
     }
-    const int countBefore = m_rows.count();
     FillStdList();
+    if (!m_reading.mayBeStoredAfterInsert()) {
+        return;
+    }
     // A standard that is in the list already, or that the database cannot read, got no row that could be
     // moved.
     if (m_rows.count() > countBefore) {
@@ -256,6 +327,9 @@ void frmStdList::cmdInsert_Click() {
         showRows();
     }
     SaveStdList();
+    if (const QString problem = insertNote(countBefore); !problem.isEmpty()) {
+        note(problem);
+    }
 }
 
 } // namespace ocuva

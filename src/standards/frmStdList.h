@@ -3,6 +3,7 @@
 // is written at once; there is no cancel.
 
 #include "standards/StandardList.h"
+#include "standards/StandardReading.h"
 #include "standards/StandardRows.h"
 
 #include <QDialog>
@@ -11,6 +12,8 @@
 #include <QTreeWidget>
 
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace ocuva {
 
@@ -39,7 +42,8 @@ private:
     QTreeWidgetItem* m_dropHighlight = nullptr;
 };
 
-/// Modal. What the host's list has is read when it is shown, and written at each edit.
+/// Modal. What the host's list has is read when it is shown, and written at each edit that changes it. While
+/// the host's database gives nothing, the list stays stored as it is.
 class frmStdList final : public QDialog {
     Q_OBJECT
 
@@ -53,7 +57,7 @@ public:
     void SetupStdColumns();
     /// Standards that the host's database cannot read, and further ones of a name, get no row.
     void FillStdList();
-    /// Writes the rows as the list; without rows the list becomes empty.
+    /// Writes the rows as the list; without rows the list becomes empty. What could not be written is told.
     void SaveStdList();
 
     /// What the list view shows.
@@ -69,6 +73,7 @@ public:
     QPushButton* cmdUp = nullptr;
     QPushButton* cmdDown = nullptr;
     QPushButton* cmdOk = nullptr;
+    QLabel* lblStdNote = nullptr; ///< below the list: what could not be read or stored; empty when all was
     ///@}
 
 protected:
@@ -79,14 +84,21 @@ private:
     void makeControls();
     void takeSelection();
     void showRows();
+    std::vector<std::string> keys() const;
+    void readStandards();
     void edit(void (StandardRows::*operation)());
+    void cmdDelete_Click();
     void cmdInsert_Click();
+    void note(const QString& text);
+    QString readingNote() const;
+    QString insertNote(int countBefore) const;
 
     StandardList& m_list;
     TnLibProxy& m_libProxy;
     std::function<bool()> m_addStandard;
     std::function<void()> m_fillStageMenu;
     StandardRows m_rows;
+    StandardReading m_reading;
 };
 
 } // namespace ocuva

@@ -14,6 +14,7 @@
 
 using namespace ocuva;
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 
 namespace {
@@ -101,6 +102,12 @@ struct StandardListDialog : StandardsRig {
             },
             [this] { ++menusFilled; }, &window());
         dialog->show();
+    }
+    std::string noteText() const { return dialog->lblStdNote->text().toStdString(); }
+    void pressEveryButton() {
+        for (QPushButton* button : {dialog->cmdUp, dialog->cmdDown, dialog->cmdDelete, dialog->cmdInsert}) {
+            QTest::mouseClick(button, Qt::LeftButton);
+        }
     }
     QString cell(int row, int column) { return dialog->lvwStdEntries->topLevelItem(row - 1)->text(column); }
     void select(const std::vector<int>& rows) {
@@ -252,6 +259,20 @@ TEST_F(MoveDialog, AddsAChosenStandardToTheListAndTheMenuAndDrivesThereAtOnce) {
     EXPECT_THAT(typed(), ElementsAre("500", "600", "7"));
     EXPECT_THAT(moves(), ElementsAre("TarnLoadStageRelSecure(1, 500)", "TarnLoadStageRelSecure(2, 600)",
                                      "TarnLoadStageRelSecure(3, 7)"));
+}
+
+TEST_F(MoveDialog, RefusesAStandardWhosePathTheListCouldNotHold) {
+    const std::string longest = "/std/" + std::string(119, 'a') + ".std";
+    window().chooseStandard = [&longest](const QString&) { return QString::fromStdString(longest); };
+    action("mnuMove")->trigger();
+    EXPECT_EQ(messageBoxText([this] { moveDialog().cmdStandard->click(); }), QString());
+    EXPECT_EQ(storedNames().back(), longest);
+    const std::string tooLong = "/std/" + std::string(120, 'a') + ".std";
+    window().chooseStandard = [&tooLong](const QString&) { return QString::fromStdString(tooLong); };
+    host.calls.clear();
+    const QString text = messageBoxText([this] { moveDialog().cmdStandard->click(); });
+    EXPECT_TRUE(text.contains(QStringLiteral("its path takes 129 characters"))) << text.toStdString();
+    EXPECT_THAT(host.callsOf("TarnRegisterSetString"), IsEmpty());
 }
 
 TEST_F(MoveDialog, AsksForStandardsInTheHostsDirectoryAndStartsFromItsPattern) {
@@ -469,6 +490,76 @@ TEST_F(StandardListDialog, KeepsTheSelectionWhenItComesBackFromBeingMinimised) {
     qApp->notify(dialog.get(), &shownByTheWindowSystem);
     EXPECT_THAT(selected(), ElementsAre(2));
     EXPECT_THAT(host.calls, IsEmpty());
+}
+
+TEST_F(StandardListDialog, WithoutTheDatabaseSaysSoAndTheStoredListStaysAsItIs) {
+    host.results["TarnDbObjectNew"] = 0;
+    chosen = "/std/Quartz.std";
+    open();
+    EXPECT_THAT(noteText(), HasSubstr("database cannot be opened"));
+    pressEveryButton();
+    EXPECT_EQ(storedNames().size(), 3U);
+    EXPECT_THAT(host.callsOf("TarnRegisterSetString"), IsEmpty());
+}
+
+TEST_F(StandardListDialog, WhenNoStandardCanBeReadSaysSoAndTheStoredListStaysAsItIs) {
+    host.dbObjects.clear();
+    open();
+    EXPECT_THAT(noteText(), HasSubstr("none of the standards on the list (3)"));
+    pressEveryButton();
+    EXPECT_EQ(storedNames().size(), 3U);
+    host.dbObjects = {{"/std/Quartz.std", {1, 2, 3}}};
+    chosen = "/std/Quartz.std";
+    QTest::mouseClick(dialog->cmdInsert, Qt::LeftButton); // Insert looks again
+    EXPECT_EQ(dialog->rows().count(), 1);
+}
+
+TEST_F(StandardListDialog, TellsHowManyStandardsTheNextChangeTakesOffTheList) {
+    EXPECT_FALSE(dialog->lblStdNote->isVisible());
+    host.dbObjects.erase("/elsewhere/Gold.std");
+    open();
+    EXPECT_THAT(noteText(), HasSubstr("not shown: 1 of 3"));
+    select({1});
+    QTest::mouseClick(dialog->cmdDown, Qt::LeftButton);
+    EXPECT_EQ(noteText(), "");
+}
+
+TEST_F(StandardListDialog, StoresNothingWhereNothingChanged) {
+    host.calls.clear();
+    select({1, 3});
+    QTest::mouseClick(dialog->cmdUp, Qt::LeftButton);
+    QTest::mouseClick(dialog->cmdDown, Qt::LeftButton);
+    select({});
+    QTest::mouseClick(dialog->cmdUp, Qt::LeftButton);
+    QTest::mouseClick(dialog->cmdDown, Qt::LeftButton);
+    QTest::mouseClick(dialog->cmdDelete, Qt::LeftButton);
+    EXPECT_THAT(host.callsOf("TarnRegisterSetString"), IsEmpty());
+}
+
+TEST_F(StandardListDialog, RefusesAChosenFileThatTheHostCannotReadAndSaysSo) {
+    chosen = "/std/Notes.std";
+    QTest::mouseClick(dialog->cmdInsert, Qt::LeftButton);
+    EXPECT_THAT(noteText(), HasSubstr("\"/std/Notes.std\" was not added"));
+    EXPECT_THAT(storedNames(), ElementsAre("/std/Quartz.std", "/elsewhere/Gold.std", "/std/Pyrite.std"));
+    store({});
+    open();
+    QTest::mouseClick(dialog->cmdInsert, Qt::LeftButton);
+    EXPECT_THAT(noteText(), HasSubstr("was not added"));
+    EXPECT_THAT(storedNames(), IsEmpty());
+}
+
+TEST_F(StandardListDialog, SaysThatAChosenStandardIsOnTheListAlready) {
+    chosen = "/std/Quartz.std";
+    QTest::mouseClick(dialog->cmdInsert, Qt::LeftButton);
+    EXPECT_THAT(noteText(), HasSubstr("on the list already"));
+    EXPECT_EQ(storedNames().size(), 3U);
+}
+
+TEST_F(StandardListDialog, SaysThatTheHostCouldNotStoreTheList) {
+    host.results["TarnRegisterSetString"] = 0;
+    select({1});
+    QTest::mouseClick(dialog->cmdDown, Qt::LeftButton);
+    EXPECT_THAT(noteText(), HasSubstr("could not store all of the list"));
 }
 
 TEST_F(StandardListDialog, ClosingItRebuildsTheStageMenu) {
