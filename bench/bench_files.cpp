@@ -1,8 +1,8 @@
 // What saving and opening a large picture costs beside libtiff alone, and filling long lists of standards.
 #include "app/toolbar/ButtonMenus.h"
-#include "pictures/TiffFile.h"
 #include "standards/StandardText.h"
 #include "standards/frmStdList.h"
+#include "tests/pictures/PictureSamples.h"
 #include "tests/support/StubHost.h"
 
 #include <QApplication>
@@ -61,14 +61,14 @@ void saving24Megapixels(benchmark::State& state) {
     const QTemporaryDir folder;
     const Picture picture{largeImage(), {12000.0, 12000.0}, {}, {}};
     for (auto _ : state) {
-        writeTiff(fileIn(folder), picture);
+        writeTiffFile(fileIn(folder), picture);
     }
 }
 BENCHMARK(saving24Megapixels)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 void baselineLibtiffReads24Megapixels(benchmark::State& state) {
     const QTemporaryDir folder;
-    writeTiff(fileIn(folder), {largeImage(), {12000.0, 12000.0}, {}, {}});
+    writeTiffFile(fileIn(folder), {largeImage(), {12000.0, 12000.0}, {}, {}});
     for (auto _ : state) {
         const std::unique_ptr<uchar[]> bytes(new uchar[static_cast<std::size_t>(lineBytes * height)]);
         TIFF* file = TIFFOpen(fileIn(folder).c_str(), "r");
@@ -86,9 +86,9 @@ BENCHMARK(baselineLibtiffReads24Megapixels)->Unit(benchmark::kMillisecond)->UseR
 
 void opening24Megapixels(benchmark::State& state) {
     const QTemporaryDir folder;
-    writeTiff(fileIn(folder), {largeImage(), {12000.0, 12000.0}, {}, {}});
+    writeTiffFile(fileIn(folder), {largeImage(), {12000.0, 12000.0}, {}, {}});
     for (auto _ : state) {
-        benchmark::DoNotOptimize(readTiff(fileIn(folder)));
+        benchmark::DoNotOptimize(readTiffFile(fileIn(folder)));
     }
 }
 BENCHMARK(opening24Megapixels)->Unit(benchmark::kMillisecond)->UseRealTime();

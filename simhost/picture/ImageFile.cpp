@@ -1,10 +1,10 @@
 #include "simhost/picture/ImageFile.h"
 
+#include "base/AsideFile.h"
+
 #include <algorithm>
-#include <chrono>
 #include <cstdarg>
 #include <cstdio>
-#include <fstream>
 #include <functional>
 #include <memory>
 #include <system_error>
@@ -15,40 +15,6 @@ namespace simhost {
 namespace {
 
 constexpr int kMaxSide = 32767; // keeps every size within 32 bits
-
-// Writes through a second name in the same folder, which is removed unless the file is complete and in place.
-class AsideFile {
-public:
-    explicit AsideFile(std::filesystem::path target)
-        : m_target(std::move(target))
-        , m_aside(m_target) {
-        const auto now = std::chrono::steady_clock::now().time_since_epoch().count();
-        m_aside += std::to_string(now).append(".part");
-    }
-    AsideFile(const AsideFile&) = delete;
-    AsideFile& operator=(const AsideFile&) = delete;
-    ~AsideFile() {
-        std::error_code ignored;
-        std::filesystem::remove(m_aside, ignored);
-    }
-
-    const std::filesystem::path& path() const { return m_aside; }
-
-    bool moveIntoPlace(std::string& error) {
-        std::error_code code;
-        std::filesystem::rename(m_aside, m_target, code);
-        if (code) {
-            error = "Cannot put the finished picture in place as \"" + m_target.string() +
-                    "\": " + code.message();
-            return false;
-        }
-        return true;
-    }
-
-private:
-    std::filesystem::path m_target;
-    std::filesystem::path m_aside;
-};
 
 std::uint8_t luminance(std::uint32_t pixel) {
     return static_cast<std::uint8_t>(
@@ -83,19 +49,24 @@ bool sizeIsSane(const std::uint32_t* pixels, int width, int height, std::string&
 
 // Runs `write` on a file aside; what it returns or throws decides whether the file takes its place.
 bool writeAside(const std::filesystem::path& path, std::string& error,
-                const std::function<bool(const std::filesystem::path&, std::string&)>& write) {
-    try {
-        AsideFile aside(path);
-        std::string reason;
-        if (!write(aside.path(), reason)) {
-            error = "Cannot write \"" + path.string() +
-                    "\": " + (reason.empty() ? "the disk refused it" : reason);
-            return false;
-        }
-        return aside.moveIntoPlace(error);
-    } catch (const std::exception& failure) {
-        error = "Cannot write \"" + path.string() + "\": " + failure.what();
+                const std::function<bool(const ocuva::RegularFile&, std::string&)>& write) {
+    const auto fail = [&](const std::string& reason) {
+        error = "Cannot write \"" + path.string() + "\": " + reason;
         return false;
+    };
+    try {
+        ocuva::AsideFile aside(path);
+        if (const std::error_code refusal = aside.create()) {
+            return fail(refusal.message());
+        }
+        std::string reason;
+        if (!write(aside.file(), reason)) {
+            return fail(reason.empty() ? "the disk refused it" : reason);
+        }
+        const std::error_code refusal = aside.moveIntoPlace();
+        return !refusal || fail(refusal.message());
+    } catch (const std::exception& failure) {
+        return fail(failure.what());
     }
 }
 
@@ -107,14 +78,16 @@ int noteTiffError(TIFF* /*file*/, void* reason, const char* /*module*/, const ch
     return 1;
 }
 
-bool writeTiff(const std::filesystem::path& path, const std::uint32_t* pixels, int width, int height,
+bool writeTiff(const ocuva::RegularFile& target, const std::uint32_t* pixels, int width, int height,
                bool colour, std::string& reason) {
     const std::unique_ptr<TIFFOpenOptions, decltype(&TIFFOpenOptionsFree)> options(TIFFOpenOptionsAlloc(),
                                                                                    TIFFOpenOptionsFree);
     TIFFOpenOptionsSetErrorHandlerExtR(options.get(), noteTiffError, &reason);
-    std::unique_ptr<TIFF, decltype(&TIFFClose)> file(TIFFOpenExt(path.string().c_str(), "w", options.get()),
+    const int number = target.numberForTiff();
+    std::unique_ptr<TIFF, decltype(&TIFFClose)> file(TIFFFdOpenExt(number, "the file", "w", options.get()),
                                                      TIFFClose);
     if (!file) {
+        ocuva::RegularFile::closeNumber(number);
         return false;
     }
     const int samples = colour ? 3 : 1;
@@ -167,7 +140,7 @@ std::vector<std::uint8_t> bmpHeader(int width, int height, bool colour, std::uin
     return header;
 }
 
-bool writeBmp(const std::filesystem::path& path, const std::uint32_t* pixels, int width, int height,
+bool writeBmp(const ocuva::RegularFile& target, const std::uint32_t* pixels, int width, int height,
               bool colour, std::string& reason) {
     const std::uint32_t line = (static_cast<std::uint32_t>(width) * (colour ? 3U : 1U) + 3U) / 4U * 4U;
     std::vector<std::uint8_t> bytes =
@@ -178,15 +151,10 @@ bool writeBmp(const std::filesystem::path& path, const std::uint32_t* pixels, in
         packRow(pixels + static_cast<std::ptrdiff_t>(height - 1 - y) * width, width, colour, kBlueFirst,
                 &bytes[start + static_cast<std::size_t>(y) * line]);
     }
-    std::ofstream file(path, std::ios::binary);
-    if (!file) {
-        reason = "the file cannot be created";
-        return false;
-    }
-    file.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
-    file.close();
-    if (!file) {
-        reason = "the disk took only part of it";
+    std::error_code error;
+    target.write({reinterpret_cast<const char*>(bytes.data()), bytes.size()}, error);
+    if (error) {
+        reason = error.message();
         return false;
     }
     return true;
@@ -197,7 +165,7 @@ bool writeBmp(const std::filesystem::path& path, const std::uint32_t* pixels, in
 bool saveTiff(const std::filesystem::path& path, const std::uint32_t* pixels, int width, int height,
               bool colour, std::string& error) {
     return sizeIsSane(pixels, width, height, error) &&
-           writeAside(path, error, [&](const std::filesystem::path& aside, std::string& reason) {
+           writeAside(path, error, [&](const ocuva::RegularFile& aside, std::string& reason) {
                return writeTiff(aside, pixels, width, height, colour, reason);
            });
 }
@@ -205,7 +173,7 @@ bool saveTiff(const std::filesystem::path& path, const std::uint32_t* pixels, in
 bool saveBmp(const std::filesystem::path& path, const std::uint32_t* pixels, int width, int height,
              bool colour, std::string& error) {
     return sizeIsSane(pixels, width, height, error) &&
-           writeAside(path, error, [&](const std::filesystem::path& aside, std::string& reason) {
+           writeAside(path, error, [&](const ocuva::RegularFile& aside, std::string& reason) {
                return writeBmp(aside, pixels, width, height, colour, reason);
            });
 }

@@ -101,7 +101,6 @@ std::string tryWriting(const fs::path& path) {
     const std::string problem = replaceFile(probe, "probe\n");
     std::error_code ignored;
     fs::remove(probe, ignored);
-    fs::remove(asidePath(probe), ignored);
     return problem.empty() ? problem : sentence(path, "is not writable", problem);
 }
 

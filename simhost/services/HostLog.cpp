@@ -26,16 +26,6 @@ std::string onOneLine(std::string_view text) {
 
 } // namespace
 
-std::string LineFile::append(std::string_view line) {
-    // After a disk was full for a while the broken line must not spoil the one that follows it.
-    const bool torn = m_torn;
-    const std::string whole = (torn ? "\n" : "") + std::string(line) + '\n';
-    ocuva::rotateWhenFull(m_path, whole.size(), m_limit);
-    Appending appending = appendToFile(m_path, whole);
-    m_torn = !appending.problem.empty() && (torn || appending.writtenBytes > 0);
-    return std::move(appending.problem);
-}
-
 HostLog::HostLog(std::filesystem::path path, std::function<std::string()> nowText)
     : m_file(std::move(path))
     , m_nowText(nowText ? std::move(nowText) : localTimeText) {}
@@ -43,9 +33,9 @@ HostLog::HostLog(std::filesystem::path path, std::function<std::string()> nowTex
 void HostLog::line(std::string_view text) noexcept {
     try {
         const std::lock_guard guard(m_mutex);
-        const std::string stamped = m_nowText() + ' ' + onOneLine(text);
-        if (!m_file.append(stamped).empty())
-            std::fprintf(stderr, "%s\n", stamped.c_str());
+        const std::string stamped = m_nowText() + ' ' + onOneLine(text) + '\n';
+        if (m_file.writeLine(stamped))
+            std::fputs(stamped.c_str(), stderr);
     } catch (...) {
         // Out of memory or a faulty time source: the text itself still has to come out somewhere.
         std::fwrite(text.data(), 1, text.size(), stderr);

@@ -38,22 +38,10 @@ struct FileReading {
 /// Reads a regular file of at most maxBytes; anything but a regular file is unreadable.
 FileReading readFile(const std::filesystem::path& file, std::size_t maxBytes);
 
-/// Where replaceFile writes first; one that is left there by a killed writer is overwritten by the next.
-std::filesystem::path asidePath(const std::filesystem::path& file);
-
 /// Gives the file this content as a whole or not at all: written aside, brought to the disk, renamed over.
-/// An existing file keeps its access rights; one that its owner may not write is left alone. One writer at a
-/// time (hold a FileLock).
+/// Only a regular file is ever replaced; it keeps its access rights, and one that its owner may not write is
+/// left alone. One writer at a time (hold a FileLock).
 std::string replaceFile(const std::filesystem::path& file, std::string_view text);
-
-/// How an append went.
-struct Appending {
-    std::string problem;          ///< the system's words; empty on success
-    std::size_t writtenBytes = 0; ///< of a piece that failed; a disk may have room for its beginning only
-};
-
-/// Appends in a single write, so that pieces from several processes never mix; makes the file where needed.
-Appending appendToFile(const std::filesystem::path& file, std::string_view bytes);
 
 /// Wall clock since 1970, the one that file stamps are taken from.
 std::int64_t wallClockNs();

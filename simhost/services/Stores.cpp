@@ -1,6 +1,7 @@
 #include "simhost/services/Stores.h"
 
 #include "base/FileLock.h"
+#include "base/RegularFile.h"
 #include "simhost/services/Numerals.h"
 
 #include <algorithm>
@@ -147,11 +148,14 @@ bool Stores::write(std::string_view section, std::string_view key, std::string_v
 bool Stores::moveDamagedAside(std::string_view store) {
     std::error_code error;
     std::filesystem::path target;
-    for (int n = 1; target.empty() || std::filesystem::exists(target, error); ++n) {
+    for (int n = 1; target.empty() || std::filesystem::exists(std::filesystem::symlink_status(target, error));
+         ++n) {
         target = pathOf(store);
         target += ".damaged-" + std::to_string(n);
     }
-    std::filesystem::rename(pathOf(store), target, error);
+    error = ocuva::replaceable(pathOf(store));
+    if (!error)
+        std::filesystem::rename(pathOf(store), target, error);
     if (error)
         return refuse(store, "it is damaged and cannot be moved aside: " + error.message());
     m_log.line("Store " + pathOf(store).string() + " is damaged; it was kept as " +
@@ -173,7 +177,7 @@ bool Stores::isStoreName(std::string_view store) {
         return c == '/' || c == '\\' || c == ':' || static_cast<unsigned char>(c) < 0x20;
     });
     const bool taken = store.empty() || store == "." || store == ".." || endsWith(store, ".lock") ||
-                       endsWith(store, ".aside");
+                       endsWith(store, ".aside") || endsWith(store, ".former");
     if (plain && !taken)
         return true;
     m_log.line('"' + std::string(store) + "\" is no name of a settings store");

@@ -1,37 +1,51 @@
 #pragma once
-// A file that is prepared beside its place and moved there when it is complete, so that what stood there
+// A file that is prepared next to its place and moved there when it is complete, so that what was there
 // before stays whole until then; and the other way round, a file that is taken out of the way for a while.
+//
+// Both have a name in the target's folder that nobody can guess and that is made from the target's:
+// "Video.tif.ocuva-<24 hexadecimal digits>.aside". While its program runs, such a file is locked. So what a
+// program that was killed left behind can be told from a file that is in use, and from somebody else's.
+
+#include "base/RegularFile.h"
 
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 namespace ocuva {
 
-/// Owns the name "target.aside" in the target's folder. Whatever stands under it is removed at the end,
-/// unless it was moved into place. One thread.
+/// A new file for a target, of the user's own. Whatever it holds is removed at the end, unless it was moved
+/// into place. One thread.
 class AsideFile {
 public:
-    /// Makes nothing yet. The target's folder has to be there when the file is written.
+    /// Makes nothing yet. The target's folder has to be there when the file is made.
     explicit AsideFile(std::filesystem::path target);
     ~AsideFile();
     AsideFile(const AsideFile&) = delete;
     AsideFile& operator=(const AsideFile&) = delete;
 
-    /// Where the file is to be written; closed before it is moved.
-    const std::filesystem::path& path() const { return m_path; }
+    /// Removes what dead programs left of this target and makes the file, empty, open for reading and
+    /// writing, and with the access rights of the one that it is to replace. Refused where the target cannot
+    /// be replaced. Once.
+    [[nodiscard]] std::error_code create();
+
+    /// What was made. A writer that needs a number of its own takes a copy.
+    const RegularFile& file() const { return m_file; }
     /// Where the file goes in the end, as it was given.
     const std::filesystem::path& target() const { return m_target; }
+    /// Its name until then; empty before it is made and once it is in place.
+    const std::filesystem::path& path() const { return m_path; }
 
-    /// Replaces what stands at the target by the file. On an error nothing has changed.
+    /// Puts the file where a regular file or nothing is. On an error nothing has changed.
     [[nodiscard]] std::error_code moveIntoPlace();
 
 private:
     std::filesystem::path m_target;
     std::filesystem::path m_path;
+    RegularFile m_file;
 };
 
-/// What stands at a target, out of the way under the name "target.former": put back at the end, unless it was
-/// dropped. A folder stays where it is. One thread.
+/// What is at a target, out of the way: put back at the end, unless it was dropped. One thread.
 class FormerFile {
 public:
     /// Moves nothing yet.
@@ -40,16 +54,24 @@ public:
     FormerFile(const FormerFile&) = delete;
     FormerFile& operator=(const FormerFile&) = delete;
 
-    /// No error where nothing stands. On an error nothing has changed.
+    /// Removes what dead programs left of this target, and moves the target away. No error where there is
+    /// nothing. On an error, such as for what is not a regular file, nothing has changed.
     [[nodiscard]] std::error_code moveAway();
 
-    /// Removes it for good, and one that an earlier run left.
+    /// Removes it for good.
     void drop();
 
 private:
     std::filesystem::path m_target;
-    std::filesystem::path m_path;
-    bool m_movedAway = false;
+    std::filesystem::path m_path; ///< empty while nothing is moved away
+    RegularFile m_file;
 };
+
+/// Gives the file this content as a whole or not at all: written aside, brought to the disk, moved into
+/// place.
+[[nodiscard]] std::error_code replaceFile(const std::filesystem::path& file, std::string_view content);
+
+/// Whether this is the name of a file aside or a former file, of whichever target.
+bool isAsideName(std::string_view name);
 
 } // namespace ocuva

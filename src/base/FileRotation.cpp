@@ -1,6 +1,7 @@
 #include "base/FileRotation.h"
 
 #include "base/FileLock.h"
+#include "base/RegularFile.h"
 
 #include <string>
 #include <system_error>
@@ -23,21 +24,28 @@ fs::path numbered(const fs::path& file, int number) { return withEnding(file, '.
 int firstFree(const fs::path& file, int kept) {
     std::error_code error;
     int number = 1;
-    while (number < kept && fs::exists(numbered(file, number), error)) {
+    while (number < kept && fs::exists(fs::symlink_status(numbered(file, number), error))) {
         ++number;
     }
     return number;
 }
 
+/// Whether it is moved: what is not a regular file is never replaced.
+bool move(const fs::path& from, const fs::path& to) {
+    std::error_code error = replaceable(to);
+    if (!error) {
+        fs::rename(from, to, error);
+    }
+    return !error;
+}
+
 void moveOn(const fs::path& file, int kept) {
-    std::error_code error;
     for (int number = firstFree(file, kept); number > 1; --number) {
-        fs::rename(numbered(file, number - 1), numbered(file, number), error);
-        if (error) {
+        if (!move(numbered(file, number - 1), numbered(file, number))) {
             return;
         }
     }
-    fs::rename(file, numbered(file, 1), error);
+    move(file, numbered(file, 1));
 }
 
 } // namespace

@@ -30,6 +30,8 @@ FileLimit traceLimit() { return traceLimit(std::getenv("OCUVA_TRACE_MAX_MIB")); 
 TraceWriter::TraceWriter(std::filesystem::path file, const FileLimit& limit)
     : LineFile(std::move(file), limit, [](const std::string& trouble) {
         std::fprintf(stderr, "The trace file %s; going on without a trace.\n", trouble.c_str());
-    }) {}
+    }) {
+    open();
+}
 
 } // namespace ocuva

@@ -135,9 +135,9 @@ private:
 
 } // namespace
 
-void writeBmp(const std::filesystem::path& name, const Picture& picture) {
-    QFile file(nameOf(name));
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
+void writeBmp(const RegularFile& target, const Picture& picture) {
+    QFile file;
+    if (!file.open(target.descriptor(), QIODevice::ReadWrite)) {
         throw PictureFileError(file.errorString());
     }
     QImageWriter writer(&file, "bmp");
@@ -150,13 +150,14 @@ void writeBmp(const std::filesystem::path& name, const Picture& picture) {
     }
 }
 
-Picture readBmp(const std::filesystem::path& name) {
-    QFile file(nameOf(name));
+Picture readBmp(const RegularFile& source, const std::filesystem::path& name) {
+    QFile file;
     const auto fail = [&](const QString& reason) {
         throw PictureFileError(
             QStringLiteral("\"%1\" cannot be opened as a BMP picture: %2").arg(nameOf(name), reason));
     };
-    if (!file.open(QIODevice::ReadOnly)) {
+    source.rewind();
+    if (!file.open(source.descriptor(), QIODevice::ReadOnly)) {
         fail(file.errorString());
     }
     if (const QString reason = refusal(headerOf(file), file.size()); !reason.isEmpty()) {

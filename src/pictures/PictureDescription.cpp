@@ -1,11 +1,7 @@
 #include "pictures/PictureDescription.h"
 
-#include "base/AsideFile.h"
-
-#include <cerrno>
 #include <charconv>
-#include <fstream>
-#include <iterator>
+#include <optional>
 #include <system_error>
 
 namespace ocuva {
@@ -16,7 +12,7 @@ constexpr std::size_t extensionLength = 3;
 constexpr std::string_view fileVersion = "1.0";
 constexpr Integer zoomLine = 1; // whatever the display's zoom was
 // A description has 14 short lines; whatever is longer than this is some other file.
-constexpr std::uintmax_t largestFile = 64 * 1024;
+constexpr std::size_t largestFile = 64 * 1024;
 
 constexpr std::string_view versionLabel = "#Pic File Version";
 constexpr std::string_view zoomLabel = "#Zoom";
@@ -180,15 +176,20 @@ CalibrationPoints parseDescription(std::string_view text) {
     return points;
 }
 
-void writeDescriptionFile(const std::filesystem::path& name, const CalibrationPoints& points) {
-    errno = 0;
-    std::ofstream file(name, std::ios::binary | std::ios::trunc);
-    file << descriptionText(points);
-    file.close();
-    if (!file) {
-        const std::string why = errno != 0 ? ": " + std::generic_category().message(errno) : "";
-        throw PictureDescriptionError("The picture description " + name.string() + " could not be written" +
-                                      why);
+namespace {
+
+[[noreturn]] void failToWrite(const std::filesystem::path& name, const std::error_code& error) {
+    throw PictureDescriptionError("The picture description " + name.string() +
+                                  " could not be written: " + error.message());
+}
+
+} // namespace
+
+void writeDescriptionFile(const AsideFile& file, const CalibrationPoints& points) {
+    std::error_code error;
+    file.file().write(descriptionText(points), error);
+    if (error) {
+        failToWrite(file.target(), error);
     }
 }
 
@@ -201,27 +202,24 @@ void writeDescription(const std::filesystem::path& pictureName, const Calibratio
         throw PictureDescriptionError("\"" + pictureName.string() +
                                       "\" has no extension that could be replaced");
     }
-    AsideFile aside(name);
-    writeDescriptionFile(aside.path(), points);
-    if (const std::error_code error = aside.moveIntoPlace()) {
-        throw PictureDescriptionError("The picture description " + name.string() +
-                                      " could not be written: " + error.message());
+    if (const std::error_code error = replaceFile(name, descriptionText(points))) {
+        failToWrite(name, error);
     }
 }
 
 CalibrationPoints readDescription(const std::filesystem::path& pictureName) {
     const std::filesystem::path name = descriptionName(pictureName);
     std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(name, error);
-    std::ifstream file(name, std::ios::binary);
-    if (name.empty() || error || !file) {
-        throw PictureDescriptionError("The picture description " + name.string() + " could not be opened");
-    }
-    if (size > largestFile) {
+    const RegularFile file = RegularFile::openToRead(name, error);
+    const std::optional<std::string> text = error ? std::nullopt : file.readAll(largestFile, error);
+    if (error == make_error_code(FileRefusal::tooLarge)) {
         throw PictureDescriptionError(name.string() + " is too large for a picture description");
     }
-    const std::string text{std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    return parseDescription(text);
+    if (!text) {
+        throw PictureDescriptionError("The picture description " + name.string() +
+                                      " could not be opened: " + error.message());
+    }
+    return parseDescription(*text);
 }
 
 } // namespace ocuva

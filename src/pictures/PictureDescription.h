@@ -1,6 +1,7 @@
 #pragma once
 // The text file beside a saved picture that ties its points to stage positions.
 
+#include "base/AsideFile.h"
 #include "pictures/Calibration.h"
 
 #include <filesystem>
@@ -29,8 +30,8 @@ std::string descriptionText(const CalibrationPoints& points);
 /// may have been cut off inside a number.
 CalibrationPoints parseDescription(std::string_view text);
 
-/// Writes the text of a description under that very name.
-void writeDescriptionFile(const std::filesystem::path& name, const CalibrationPoints& points);
+/// Writes the text of a description into an empty file; the error names the file that it is going to be.
+void writeDescriptionFile(const AsideFile& file, const CalibrationPoints& points);
 
 /// Writes the description of a picture aside and renames it, so that no half-written one ever stands there.
 /// An empty picture name writes nothing.

@@ -8,14 +8,13 @@
 #include <QFileInfo>
 
 #include <array>
-#include <fstream>
 
 namespace ocuva {
 
 namespace {
 
-using Writer = void (*)(const std::filesystem::path&, const Picture&);
-using Reader = Picture (*)(const std::filesystem::path&);
+using Writer = void (*)(const RegularFile&, const Picture&);
+using Reader = Picture (*)(const RegularFile&, const std::filesystem::path&);
 
 struct ByExtension {
     QLatin1StringView extension;
@@ -72,6 +71,15 @@ void checkTarget(const std::filesystem::path& name, const QImage& image) {
     }
 }
 
+void create(AsideFile& file, const std::filesystem::path& name) {
+    if (const std::error_code error = file.create()) {
+        const bool isPicture = file.target() == name;
+        fail(name, isPicture ? text(error)
+                             : QStringLiteral("its description \"%1\" cannot be written: %2")
+                                   .arg(nameOf(file.target().filename()), text(error)));
+    }
+}
+
 } // namespace
 
 bool canBeSavedAs(const std::filesystem::path& name) { return writerByExtension(name) != nullptr; }
@@ -81,9 +89,11 @@ void savePicture(const std::filesystem::path& name, const Picture& picture, cons
     checkTarget(name, picture.image);
     AsideFile file(name);
     AsideFile description(descriptionName(name));
+    create(file, name);
+    create(description, name);
     try {
-        write(file.path(), picture);
-        writeDescriptionFile(description.path(), points);
+        write(file.file(), picture);
+        writeDescriptionFile(description, points);
     } catch (const std::exception& error) {
         fail(name, text(error));
     }
@@ -106,18 +116,21 @@ void savePicture(const std::filesystem::path& name, const Picture& picture, cons
 
 Picture openPicture(const std::filesystem::path& name) {
     std::error_code error;
-    std::ifstream file(name, std::ios::binary);
-    if (std::filesystem::is_directory(name, error) || !file) {
-        throw PictureFileError(QStringLiteral("\"%1\" could not be opened: %2")
-                                   .arg(nameOf(name), std::filesystem::exists(name, error)
-                                                          ? QStringLiteral("it cannot be read")
-                                                          : QStringLiteral("there is no such file")));
-    }
+    const RegularFile file = RegularFile::openToRead(name, error);
     std::array<char, 3> first{};
-    file.read(first.data(), 2);
+    if (!error) {
+        file.read(first.data(), 2, error);
+    }
+    if (error) {
+        throw PictureFileError(
+            QStringLiteral("\"%1\" could not be opened: %2")
+                .arg(nameOf(name), error == std::errc::no_such_file_or_directory
+                                       ? QStringLiteral("there is no such file")
+                                       : QStringLiteral("it cannot be read (%1)").arg(text(error))));
+    }
     for (const ByFirstBytes& row : readers) {
         if (QLatin1StringView(row.bytes) == QLatin1StringView(first.data())) {
-            return row.read(name);
+            return row.read(file, name);
         }
     }
     throw PictureFileError(

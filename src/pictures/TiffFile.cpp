@@ -71,23 +71,27 @@ Options optionsFor(Trouble& trouble) {
     return options;
 }
 
-TiffHandle open(const std::filesystem::path& name, const char* mode, Trouble& trouble) {
+TiffHandle open(const RegularFile& file, const char* mode, Trouble& trouble) {
     const Options options = optionsFor(trouble);
+    file.rewind();
     errno = 0;
-#ifdef _WIN32
-    return {TIFFOpenWExt(name.c_str(), mode, options.get()), TIFFClose};
-#else
-    return {TIFFOpenExt(name.c_str(), mode, options.get()), TIFFClose};
-#endif
+    // The library closes the number that it is given, but only with a picture that it has taken.
+    const int number = file.numberForTiff();
+    TiffHandle tiff(TIFFFdOpenExt(number, "the file", mode, options.get()), TIFFClose);
+    if (!tiff) {
+        RegularFile::closeNumber(number);
+    }
+    return tiff;
 }
 
 // A file in memory, for the tiles that libtiff 4.5 reads only from a file that it may map: mapped from the
 // disk, somebody who cuts the file off meanwhile would end the program.
 class FileInMemory {
 public:
-    explicit FileInMemory(const std::filesystem::path& name) {
-        QFile file(nameOf(name));
-        if (file.open(QIODevice::ReadOnly) && file.size() <= mostMemory) {
+    explicit FileInMemory(const RegularFile& source) {
+        QFile file;
+        source.rewind();
+        if (file.open(source.descriptor(), QIODevice::ReadOnly) && file.size() <= mostMemory) {
             m_bytes = file.readAll();
         }
     }
@@ -365,7 +369,7 @@ QImage upright(const QImage& stored, std::uint16_t orientation) {
 }
 
 // Before memory is taken for it: what cannot be a whole picture.
-QString refusal(const std::filesystem::path& name, const Layout& layout, int samples) {
+QString refusal(const RegularFile& file, const Layout& layout, int samples) {
     if (layout.width < 1 || layout.height < 1) {
         return QStringLiteral("it holds no picture");
     }
@@ -377,10 +381,8 @@ QString refusal(const std::filesystem::path& name, const Layout& layout, int sam
     if (const QString reason = unknownColours(layout); !reason.isEmpty()) {
         return reason;
     }
-    std::error_code error;
-    const std::uintmax_t size = std::filesystem::file_size(name, error);
-    if (!error && samples > 0 && layout.compression == COMPRESSION_NONE &&
-        size < pixels * static_cast<std::uint64_t>(samples)) {
+    if (samples > 0 && layout.compression == COMPRESSION_NONE &&
+        file.size() < pixels * static_cast<std::uint64_t>(samples)) {
         return QStringLiteral("it is cut off");
     }
     return {};
@@ -388,10 +390,10 @@ QString refusal(const std::filesystem::path& name, const Layout& layout, int sam
 
 } // namespace
 
-void writeTiff(const std::filesystem::path& name, const Picture& picture) {
+void writeTiff(const RegularFile& target, const Picture& picture) {
     const QImage& image = picture.image;
     Trouble trouble;
-    TiffHandle file = open(name, "w", trouble);
+    TiffHandle file = open(target, "w", trouble);
     if (!file) {
         failWriting(trouble);
     }
@@ -410,7 +412,7 @@ void writeTiff(const std::filesystem::path& name, const Picture& picture) {
     }
 }
 
-Picture readTiff(const std::filesystem::path& name) {
+Picture readTiff(const RegularFile& source, const std::filesystem::path& name) {
     Trouble trouble;
     const auto fail = [&](const QString& reason) {
         throw PictureFileError(
@@ -421,13 +423,13 @@ Picture readTiff(const std::filesystem::path& name) {
     };
     std::optional<FileInMemory> memory; // outlives what is open on it
     // Read, not mapped into memory: a file that somebody cuts off meanwhile is an error then and no crash.
-    TiffHandle file = open(name, "rm", trouble);
+    TiffHandle file = open(source, "rm", trouble);
     if (!file) {
         fail(troubleOr("it is none"));
     }
     const Layout layout = layoutOf(file.get());
     const int samples = plainSamples(file.get(), layout);
-    if (const QString reason = refusal(name, layout, samples); !reason.isEmpty()) {
+    if (const QString reason = refusal(source, layout, samples); !reason.isEmpty()) {
         fail(reason);
     }
     Picture picture;
@@ -439,7 +441,7 @@ Picture readTiff(const std::filesystem::path& name) {
         fail(QStringLiteral("there is not enough memory"));
     }
     if (wantsMappedFile(file.get(), layout)) {
-        file = memory.emplace(name).open(trouble);
+        file = memory.emplace(source).open(trouble);
         if (!file) {
             fail(troubleOr("it cannot be read"));
         }

@@ -7,9 +7,7 @@
 #include <archive_entry.h>
 #include <array>
 #include <cctype>
-#include <cerrno>
 #include <chrono>
-#include <fstream>
 #include <memory>
 #include <string_view>
 #include <system_error>
@@ -51,17 +49,13 @@ const Kind& kindOf(const std::filesystem::path& target) {
 /// The archive under way. An error of its own ends it; an error of a packed file does not.
 class ArchiveFile {
 public:
-    ArchiveFile(const std::filesystem::path& file, const std::filesystem::path& target)
+    ArchiveFile(const RegularFile& file, const std::filesystem::path& target)
         : m_target(target)
         , m_archive(archive_write_new(), archive_write_free) {
         const Kind& kind = kindOf(target);
         check(kind.setFormat(m_archive.get()));
         check(kind.addFilter(m_archive.get()));
-#ifdef _WIN32
-        check(archive_write_open_filename_w(m_archive.get(), file.c_str()));
-#else
-        check(archive_write_open_filename(m_archive.get(), file.c_str()));
-#endif
+        check(archive_write_open_fd(m_archive.get(), file.descriptor()));
     }
 
     void begin(const std::string& name, std::uintmax_t bytes, std::chrono::system_clock::time_point changed) {
@@ -93,8 +87,7 @@ private:
     }
 
     [[noreturn]] void failHere() {
-        // The library names the file aside, which the operator does not know, so the system's words come
-        // first.
+        // The system's words come first: the library's may name what the operator does not know.
         const int number = archive_errno(m_archive.get());
         const char* words = archive_error_string(m_archive.get());
         fail(m_target, number > 0         ? std::generic_category().message(number)
@@ -125,12 +118,13 @@ void fillUp(ArchiveFile& archive, std::uintmax_t bytes) {
     }
 }
 
-std::string packOpened(ArchiveFile& archive, std::ifstream& stream, std::uintmax_t bytes) {
+std::string packOpened(ArchiveFile& archive, const RegularFile& source, std::uintmax_t bytes) {
     std::array<char, 65536> block{};
     std::uintmax_t left = bytes;
     while (left > 0) {
-        stream.read(block.data(), static_cast<std::streamsize>(std::min<std::uintmax_t>(left, block.size())));
-        const auto got = static_cast<std::size_t>(stream.gcount());
+        std::error_code error;
+        const std::size_t got = source.read(
+            block.data(), static_cast<std::size_t>(std::min<std::uintmax_t>(left, block.size())), error);
         if (got == 0) {
             fillUp(archive, left);
             return "could be read up to byte " + std::to_string(bytes - left) + " only; zeros follow";
@@ -148,19 +142,16 @@ std::string pack(ArchiveFile& archive, const ReportFile& file, const std::string
     if (status.type() == std::filesystem::file_type::not_found) {
         return "is not there";
     }
-    // A pipe would hold us up.
     if (status.type() != std::filesystem::file_type::regular) {
         return error ? "cannot be read: " + error.message() : "is no regular file";
     }
-    errno = 0;
-    std::ifstream stream(file.path, std::ios::binary);
-    const std::uintmax_t bytes = std::filesystem::file_size(file.path, error);
-    if (!stream || error) {
-        return "cannot be read: " +
-               (error ? error : std::error_code(errno, std::generic_category())).message();
+    const RegularFile source = RegularFile::openToRead(file.path, error);
+    if (error) {
+        return "cannot be read: " + error.message();
     }
+    const std::uintmax_t bytes = source.size();
     archive.begin(nameInArchive, bytes, lastChange(file.path));
-    std::string trouble = packOpened(archive, stream, bytes);
+    std::string trouble = packOpened(archive, source, bytes);
     archive.end();
     return trouble;
 }
@@ -171,7 +162,11 @@ bool canPackReports() { return true; }
 
 void packReport(const std::filesystem::path& target, const ReportContents& contents) {
     AsideFile file(target);
-    ArchiveFile archive(file.path(), file.target());
+    kindOf(target); // refuses a name of another kind before anything is made
+    if (const std::error_code error = file.create()) {
+        fail(target, error.message());
+    }
+    ArchiveFile archive(file.file(), file.target());
     std::string versions = contents.versions + "\nFiles:\n";
     for (const ReportFile& source : contents.files) {
         const std::string trouble = pack(archive, source, contents.folder + "/" + source.name);

@@ -39,7 +39,7 @@ struct PicturesOnTheWindow : WindowRig {
             if (name == "TarnVideoBoardFunction" && host.savedFiles.size() > m_written) {
                 m_written = host.savedFiles.size();
                 if (!camera.isNull()) {
-                    writeTiff(host.savedFiles.back(), {camera, {}, {}, {}});
+                    writeTiffFile(host.savedFiles.back(), {camera, {}, {}, {}});
                 }
             }
         };

@@ -41,10 +41,18 @@ void checkSetting(SimConfig& config, const IniText& ini, const SimSetting& setti
     checkWhole(config, setting);
 }
 
+/// For log lines that nobody reads, gone at the end of the run.
+struct ScratchFile {
+    ~ScratchFile() { std::filesystem::remove(path); }
+    const std::filesystem::path path =
+        std::filesystem::temp_directory_path() / ("ocuva-fuzz-" + std::to_string(processId()) + ".log");
+};
+
 } // namespace
 
 int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
-    static HostLog log("/dev/null", [] { return std::string(); });
+    static const ScratchFile file;
+    static HostLog log(file.path, [] { return std::string(); });
     FileReading reading;
     reading.state = FileReading::State::read;
     reading.text = fuzz::textOf(bytes, count);

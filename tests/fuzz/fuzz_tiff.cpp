@@ -1,6 +1,6 @@
 // TIFF pictures. Input: the file's bytes.
 #include "Fuzz.h"
-#include "pictures/TiffFile.h"
+#include "tests/pictures/PictureSamples.h"
 
 #include <filesystem>
 #include <fstream>
@@ -38,7 +38,7 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
     const std::filesystem::path& path = input.write(bytes, count);
     Picture picture;
     try {
-        picture = readTiff(path);
+        picture = readTiffFile(path);
     } catch (const PictureFileError&) {
         return 0;
     }
@@ -47,8 +47,8 @@ int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t count) {
             "a picture that was read is within the bounds");
     require(image.format() == QImage::Format_Grayscale8 || image.format() == QImage::Format_RGB888,
             "and grey or colour");
-    writeTiff(path, picture);
-    const Picture again = readTiff(path);
+    writeTiffFile(path, picture);
+    const Picture again = readTiffFile(path);
     require(again.image == image && again.notes == picture.notes, "and comes back when it is saved");
     return 0;
 }

@@ -238,7 +238,7 @@ TEST(TracingHost, DoesNotTakeAPipeWhoseReaderCouldHoldTheProgramUp) {
 }
 
 #ifdef __linux__
-TEST(TracingHost, GoesOnWhenTheDiskIsFull) {
+TEST(TracingHost, GoesOnWhenItsFileIsADevice) {
     StubHost stub;
     TracingHost host(stub, "/dev/full");
     for (int i = 0; i < 10; ++i) {

@@ -101,7 +101,7 @@ TEST_F(JournalFile, HasTheHeaderInEachFileAfterARotation) {
     }
 }
 
-TEST_F(JournalFile, ThatCannotBeOpenedIsComplainedOfOnceAndThenLeftAlone) {
+TEST_F(JournalFile, ThatCannotBeOpenedIsComplainedOfOnce) {
     Journal journal = open("nowhere/journal.csv");
     journal.write(aMove);
     journal.write(aMove);
@@ -109,8 +109,24 @@ TEST_F(JournalFile, ThatCannotBeOpenedIsComplainedOfOnceAndThenLeftAlone) {
     EXPECT_THAT(complaints.front(), HasSubstr("journal.csv cannot be opened"));
 }
 
+TEST_F(JournalFile, GoesOnWhenItsFolderIsBackAndComplainsOfTheNextTrouble) {
+    std::filesystem::create_directory(folder / "sub");
+    Journal journal = open("sub/journal.csv");
+    journal.write(aMove);
+    for (int trouble = 1; trouble <= 2; ++trouble) {
+        std::filesystem::rename(folder / "sub", folder / "away");
+        journal.write(aMove);
+        journal.write(aMove);
+        EXPECT_EQ(complaints.size(), static_cast<std::size_t>(trouble));
+        std::filesystem::rename(folder / "away", folder / "sub");
+        journal.write(aMove);
+    }
+    EXPECT_EQ(folder.lines("sub/journal.csv").size(), 1u + 3u)
+        << "the header, and a line before and after each";
+}
+
 #ifdef __linux__
-TEST(JournalOnAFullDisk, IsComplainedOfOnceAndThenLeftAlone) {
+TEST(JournalInADevice, IsNotWrittenAndComplainedOfOnce) {
     std::vector<std::string> complaints;
     Journal journal(
         "/dev/full", [] { return std::string("now"); },
@@ -118,7 +134,7 @@ TEST(JournalOnAFullDisk, IsComplainedOfOnceAndThenLeftAlone) {
     journal.write(aMove);
     journal.write(aMove);
     ASSERT_EQ(complaints.size(), 1u);
-    EXPECT_THAT(complaints.front(), HasSubstr("/dev/full cannot be written"));
+    EXPECT_THAT(complaints.front(), HasSubstr("/dev/full cannot be opened (It is not a regular file)"));
 }
 #endif
 

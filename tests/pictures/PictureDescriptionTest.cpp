@@ -133,7 +133,7 @@ TEST_F(PictureFolder, GetsNoDescriptionForAnEmptyName) {
 
 TEST_F(PictureFolder, KeepsAnExistingDescriptionWholeWhenTheNewOneCannotBeWritten) {
     writeDescription(path("Video.tif"), threePoints);
-    std::filesystem::create_directory(path("Video.pic.aside")); // stands where the new one would be prepared
+    std::filesystem::permissions(path("Video.pic"), std::filesystem::perms::owner_read);
     CalibrationPoints others = threePoints;
     others.twoPoints = true;
     EXPECT_THROW(writeDescription(path("Video.tif"), others), PictureDescriptionError);

@@ -3,6 +3,7 @@
 
 #include "pictures/Picture.h"
 #include "pictures/PictureNotes.h"
+#include "pictures/TiffFile.h"
 
 namespace ocuva {
 
@@ -27,5 +28,23 @@ inline Picture samplePicture(const QImage& image) {
     return {image, fieldScale(magnification, image.size()), cameraNotes({-320, 1250, 7}, magnification),
             QDateTime(QDate(2026, 3, 1), QTime(9, 5, 7))};
 }
+
+/// Throws when there is no such file.
+inline RegularFile openedFile(const std::filesystem::path& file) {
+    std::error_code error;
+    RegularFile opened = RegularFile::openToRead(file, error);
+    return error ? throw std::system_error(error) : std::move(opened);
+}
+
+/// In place of whatever file is there.
+inline void writeTiffFile(const std::filesystem::path& file, const Picture& picture) {
+    std::error_code error;
+    std::filesystem::remove(file, error);
+    const RegularFile created = RegularFile::createNew(file, false, error);
+    error ? throw std::system_error(error) : writeTiff(created, picture);
+}
+
+/// The picture of a TIFF by its name.
+inline Picture readTiffFile(const std::filesystem::path& file) { return readTiff(openedFile(file), file); }
 
 } // namespace ocuva

@@ -59,7 +59,9 @@ TEST(DiskTrouble, AFullDiskKeepsTheOldStoreWholeAndTakesTheNextWriteWhenThereIsR
                     ElementsAre(AllOf(HasSubstr("S.INI"), HasSubstr("could not be written"))));
         EXPECT_EQ(rig.folder.read("S.INI"), wholeStore);
         EXPECT_EQ(rig.k(), 1);
-        EXPECT_FALSE(rig.folder.has("S.INI.aside")) << "a useless piece takes room on a full disk";
+        for (const auto& entry : std::filesystem::directory_iterator(rig.folder.path())) {
+            EXPECT_NE(entry.path().extension(), ".aside") << "a useless piece takes room on a full disk";
+        }
         rig.disk.makeRoom();
         EXPECT_TRUE(rig.stores.setString("A", "k", "2", "S.INI"));
         EXPECT_EQ(rig.k(), 2);

@@ -11,6 +11,7 @@
 
 using namespace simhost;
 using ocuva::FileLimit;
+using ocuva::LineFile;
 using ocuva::rotateWhenFull;
 using testing::ElementsAre;
 
@@ -106,7 +107,7 @@ TEST(FileRotation, NobodyWaitsForSomebodyWhoIsMoving) {
     const ocuva::FileLock moving(folder / "log.lock", std::chrono::seconds(0));
     ASSERT_TRUE(moving.held());
     LineFile file(folder / "log", {5, 3});
-    EXPECT_EQ(file.append("more"), "");
+    EXPECT_FALSE(file.writeLine("more\n"));
     EXPECT_EQ(folder.read("log"), "textmore\n");
     EXPECT_FALSE(folder.has("log.1"));
 }
@@ -128,7 +129,7 @@ TEST(HostLogRotation, ALogThatCannotBeMovedGrowsOn) {
     std::filesystem::create_directories(folder / "log.1/not empty");
     LineFile file(folder / "log", {10, 1});
     for (int n = 0; n < 5; ++n) {
-        EXPECT_EQ(file.append("a line"), "");
+        EXPECT_FALSE(file.writeLine("a line\n"));
     }
     EXPECT_EQ(folder.lines("log").size(), 5u);
 }
@@ -141,7 +142,7 @@ TEST(HostLogRotation, ThreadsLoseAndTearNoLineWhileTheLogIsMoved) {
     for (int writer = 0; writer < 4; ++writer) {
         threads.emplace_back([&file, writer] {
             for (int n = 0; n < 500; ++n) {
-                file.append(lineOf(writer, n));
+                file.writeLine(lineOf(writer, n) + '\n');
             }
         });
     }
@@ -158,7 +159,7 @@ TEST(HostLogRotation, ProcessesLoseAndTearNoLineWhileTheLogIsMoved) {
         LineFile file(folder / "log", smallWithAllKept);
         bool good = true;
         for (int n = 0; n < 500; ++n) {
-            good = file.append(lineOf(writer, n)).empty() && good;
+            good = !file.writeLine(lineOf(writer, n) + '\n') && good;
         }
         return good;
     }));

@@ -138,13 +138,11 @@ TEST(DataFolder, WhatTheUserChangedOrDeletedStaysSo) {
 TEST(DataFolder, ASeedingThatWasCutShortIsCompletedWithoutOverwriting) {
     const TempFolder temp;
     temp.write("standards/Quartz.std", "[OCUVASTD]\nX=1\nY=2\nZ=3\n");
-    temp.write("standards/Albite.std.aside", "[OCUV");
     temp.write("TARN", "[tn_video]\nVGAMode=1\n");
     EXPECT_EQ(errorOf(temp.path()), "<opened>");
     EXPECT_EQ(temp.read("standards/Quartz.std"), "[OCUVASTD]\nX=1\nY=2\nZ=3\n");
     EXPECT_EQ(temp.read("TARN"), "[tn_video]\nVGAMode=1\n");
     EXPECT_THAT(temp.read("standards/Albite.std"), HasSubstr("Name=Albite"));
-    EXPECT_FALSE(temp.has("standards/Albite.std.aside"));
     EXPECT_TRUE(temp.has("simulator.ini"));
 }
 

@@ -6,8 +6,8 @@
 #include <gmock/gmock.h>
 #include <thread>
 
+using ocuva::LineFile;
 using simhost::HostLog;
-using simhost::LineFile;
 using testing::ElementsAre;
 
 namespace {
@@ -95,7 +95,7 @@ TEST(HostLog, LinesOfSeveralThreadsStayWhole) {
 
 TEST(LineFile, AFailureIsToldInTheSystemsWords) {
     const TempFolder folder;
-    EXPECT_EQ(LineFile(folder / "lines").append("x"), "");
+    EXPECT_FALSE(LineFile(folder / "lines").writeLine("x\n"));
     EXPECT_EQ(folder.read("lines"), "x\n");
-    EXPECT_NE(LineFile(folder / "none/lines").append("x"), "");
+    EXPECT_EQ(LineFile(folder / "none/lines").writeLine("x\n").message(), "No such file or directory");
 }
