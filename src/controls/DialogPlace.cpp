@@ -77,7 +77,7 @@ struct Sizes {
 std::optional<QRect> freePlace(const Surroundings& around, const QList<QRect>& taken, const Sizes& sizes) {
     const QRect anchor = around.mainWindow.isEmpty() ? around.screen : around.mainWindow;
     const auto cost = [&](const QRect& place) {
-        return std::tuple(-area(place), area(place & around.mainWindow), area(place & around.owner),
+        return std::tuple(-area(place), area(place & around.mainWindow), overlap(place, around.dialogs),
                           gapBetween(place, anchor));
     };
     std::optional<QRect> best;
@@ -170,6 +170,11 @@ QList<QRect> freeRectangles(const QRect& screen, const QList<QRect>& taken) {
 
 QRect dialogPlace(const Surroundings& around, QSize size, QSize smallest) {
     const Sizes sizes{size.boundedTo(around.screen.size()), smallest};
+    // It is not made smaller for the sake of other dialogs.
+    const QList<QRect> windows = around.dialogs + QList<QRect>{around.mainWindow};
+    if (const auto place = freePlaceOfAnySize(around, windows, {sizes.wanted, {}})) {
+        return *place;
+    }
     QList<QRect> watchedAndHint = around.watched;
     watchedAndHint.append(around.hint);
     for (const QList<QRect>& taken : {QList<QRect>{around.mainWindow}, watchedAndHint, around.watched}) {

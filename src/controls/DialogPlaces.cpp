@@ -43,11 +43,10 @@ bool DialogPlaces::isToBePlaced(const QWidget& dialog) const {
 }
 
 void DialogPlaces::place(QWidget& dialog) const {
-    const QWidget* opener = dialog.parentWidget() != nullptr ? dialog.parentWidget()->window() : nullptr;
     const QSize margins = frameMargins(dialog);
     const QSize smallest =
         qobject_cast<QFileDialog*>(&dialog) != nullptr ? smallestFileDialog + margins : QSize();
-    const Surroundings around = surroundingsOf(m_mainWindow, opener);
+    const Surroundings around = surroundingsOf(m_mainWindow);
     placeFrame(dialog, dialogPlace(around, dialog.size() + margins, smallest), true);
 }
 

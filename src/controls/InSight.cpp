@@ -1,7 +1,9 @@
 #include "controls/InSight.h"
 
+#include <QApplication>
 #include <QScreen>
 #include <QVariant>
+#include <QWindow>
 
 namespace ocuva {
 
@@ -9,13 +11,20 @@ namespace {
 
 constexpr const char* inSightProperty = "inSight";
 
+// A dialog that is just being shown is not exposed yet, and no menu or tooltip counts.
+bool isOnScreen(const QWidget& window) {
+    const bool isWindow = window.windowType() == Qt::Window || window.windowType() == Qt::Dialog;
+    return isWindow && window.isVisible() && window.windowHandle() != nullptr &&
+           window.windowHandle()->isExposed();
+}
+
 QRect onScreen(const QWidget& widget) { return {widget.mapToGlobal(QPoint()), widget.size()}; }
 
 } // namespace
 
 void keepInSight(QWidget& control, InSight as) { control.setProperty(inSightProperty, static_cast<int>(as)); }
 
-Surroundings surroundingsOf(const QWidget& mainWindow, const QWidget* opener) {
+Surroundings surroundingsOf(const QWidget& mainWindow) {
     Surroundings around;
     around.screen = mainWindow.screen()->availableGeometry();
     if (!mainWindow.isVisible() || mainWindow.isMinimized()) {
@@ -33,8 +42,10 @@ Surroundings surroundingsOf(const QWidget& mainWindow, const QWidget* opener) {
             around.hint = onScreen(*control);
         }
     }
-    if (opener != nullptr && opener != &mainWindow && opener->isVisible()) {
-        around.owner = opener->frameGeometry();
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+        if (window != &mainWindow && isOnScreen(*window)) {
+            around.dialogs.append(window->frameGeometry());
+        }
     }
     return around;
 }

@@ -16,10 +16,9 @@ enum class InSight {
 /// Dialogs open clear of that control. For the life of the control.
 void keepInSight(QWidget& control, InSight as);
 
-/// What a dialog of this main window is placed among; `opener` is the window that it opens from, the main
-/// window itself or null for none. Nothing but the screen is in the way of a main window that is hidden or
-/// minimised.
-Surroundings surroundingsOf(const QWidget& mainWindow, const QWidget* opener = nullptr);
+/// What a dialog of this main window is placed among, before it is on the screen itself. Nothing but the
+/// screen counts while the main window is hidden or minimised.
+Surroundings surroundingsOf(const QWidget& mainWindow);
 
 /// The outermost window that a window belongs to: its parent's parent's, and so on.
 const QWidget& outermost(const QWidget& widget);

@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <QPointer>
 #include <QScrollArea>
+#include <QStyle>
 #include <QVBoxLayout>
 
 namespace ocuva {
@@ -13,6 +14,7 @@ void scrollWhatDoesNotFit(QWidget& window, QSize room) {
         contents->totalMinimumSize().boundedTo(room) == contents->totalMinimumSize()) {
         return;
     }
+    const QSize needed = contents->totalMinimumSize();
     const QPointer<QWidget> focused = window.focusWidget();
     // In the window before it gets the controls, which keep their order then.
     auto* const area = new QScrollArea(&window);
@@ -27,6 +29,10 @@ void scrollWhatDoesNotFit(QWidget& window, QSize room) {
     whole->addWidget(area);
     area->show();
     whole->activate(); // the window may be smaller from now on
+    // A scroll bar in one direction must not make one necessary in the other.
+    const int bar = window.style()->pixelMetric(QStyle::PM_ScrollBarExtent);
+    window.resize(window.size().expandedTo(needed) +
+                  QSize(needed.height() > room.height() ? bar : 0, needed.width() > room.width() ? bar : 0));
     if (focused != nullptr) {
         focused->setFocus();
     }

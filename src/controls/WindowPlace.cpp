@@ -105,14 +105,15 @@ QSize frameMargins(const QWidget& window) {
 }
 
 void placeFrame(QWidget& window, const QRect& frame, bool resize) {
-    const bool frameIsUnknown = window.frameGeometry().size() == window.size();
     if (resize) {
         window.resize(frame.size() - frameMargins(window));
     }
     window.move(frame.topLeft());
-    if (QWindow* handle = window.windowHandle(); handle != nullptr && frameIsUnknown) {
-        // Until the window system has told the frame, a widget takes its contents' corner for the frame's;
-        // and a size that the handle has not heard of yet would bring that corner back.
+    if (QWindow* handle = window.windowHandle(); handle != nullptr) {
+        // The widget alone does not do. Until the window system has told the frame, it takes its contents' corner
+        // for the frame's; and a place that it has already it does not pass on, so that a window that is
+        // shown again goes where the window system puts it. A size that the handle has not heard of yet would
+        // bring the corner back.
         handle->resize(window.size());
         handle->setFramePosition(frame.topLeft());
     }
@@ -282,7 +283,7 @@ FirstPlace besideItsOwner(const QWidget* owner, QSize smallest) {
         return {};
     }
     return [owner, smallest](QSize size, const std::optional<QRect>& present) {
-        const Surroundings around = surroundingsOf(outermost(*owner), owner->window());
+        const Surroundings around = surroundingsOf(outermost(*owner));
         return present && isClear(*present, around) ? *present : dialogPlace(around, size, smallest);
     };
 }

@@ -1,5 +1,6 @@
 // What becomes of the windows in a language with longer words.
 
+#include "tests/app/AccessLetters.h"
 #include "tests/app/EveryWindowRig.h"
 #include "tests/support/PseudoTranslator.h"
 
@@ -100,6 +101,18 @@ TEST_F(OtherLanguages, FindNoTextPutTogetherFromPieces) {
         }
         EXPECT_THAT(joined, IsEmpty()) << where;
     });
+}
+
+TEST_F(OtherLanguages, GiveNoAccessLetterTwoMeanings) {
+    forEachPage([](QWidget& shown, const std::string& where) {
+        EXPECT_THAT(ambiguousLetters(shown), IsEmpty()) << where;
+    });
+}
+
+TEST_F(OtherLanguages, KeepTheAccessLettersOfTheDialogs) {
+    EXPECT_GE(accessLetters(window().standards().moveDialog()).size(), 6U);
+    EXPECT_GE(accessLetters(window().pictureOnStage().dialog()).size(), 9U);
+    EXPECT_GE(accessLetters(*standardList).size(), 5U);
 }
 
 TEST_F(OtherLanguages, ReachEveryText) {

@@ -119,11 +119,14 @@ TEST(DialogPlace, OverAMainWindowThatIsNotShownIsOnTheScreen) {
     EXPECT_EQ(dialogPlace(around, {300, 200}), QRect(0, 0, 300, 200));
 }
 
-TEST(DialogPlace, AvoidsTheDialogThatOpensItWhereItCan) {
-    Surroundings around = mainWindowAt({400, 0, 300, 500});
-    around.owner = {706, 0, 280, 400};
-    const QRect place = dialogPlace(around, {280, 300});
-    EXPECT_EQ(place, QRect(114, 0, 280, 300));
+TEST(DialogPlace, AvoidsTheOtherDialogsWhereItCan) {
+    Surroundings around = mainWindowAt({0, 0, 300, 500});
+    around.dialogs = {{306, 0, 280, 200}};
+    EXPECT_EQ(dialogPlace(around, {280, 300}), QRect(306, 206, 280, 300)); // below it, next to the window
+    around.dialogs = {{306, 0, 694, 200}};
+    EXPECT_EQ(dialogPlace(around, {280, 300}), QRect(306, 206, 280, 300));
+    around.dialogs = {{306, 0, 694, 800}, {0, 506, 306, 294}};
+    EXPECT_EQ(dialogPlace(around, {280, 300}), QRect(306, 0, 280, 300)); // rather than the main window
 }
 
 TEST(DialogPlace, OfAnyDialogIsOnTheScreenAndClearWhereverThereIsRoomAtAll) {

@@ -3,6 +3,7 @@
 #include <QDialog>
 #include <QPushButton>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTest>
 #include <QVBoxLayout>
 
@@ -58,6 +59,17 @@ TEST(ScrollableContents, KeepFocusAndOrderOfTheControls) {
     EXPECT_EQ(dialog.focusWidget(), dialog.buttons[2]);
     QTest::keyClick(&dialog, Qt::Key_Tab);
     EXPECT_EQ(dialog.focusWidget(), dialog.buttons[0]);
+}
+
+TEST(ScrollableContents, ThatAreTooWideGetNoScrollBarForTheirHeightToo) {
+    TallDialog dialog;
+    const int needed = dialog.layout()->totalMinimumSize().height();
+    scrollWhatDoesNotFit(dialog, {150, 2000});
+    dialog.resize(150, dialog.height());
+    dialog.show();
+    EXPECT_TRUE(dialog.scrolls());
+    EXPECT_GT(dialog.height(), needed);
+    EXPECT_FALSE(dialog.findChild<QScrollArea*>()->verticalScrollBar()->isVisible());
 }
 
 TEST(ScrollableContents, AreNotPutIntoAnAreaTwice) {
