@@ -16,6 +16,9 @@ namespace {
 
 using namespace std::chrono_literals;
 
+const QString copyEntry = QStringLiteral("copy-");
+const QString startEntry = QStringLiteral("starting-"); // of a copy that has not started up yet
+
 QString entriesFolder(const QString& scope) {
     // A session without a runtime folder is usual on a bare bench; Qt would complain of it on every start.
     const bool hasRuntimeFolder = !qEnvironmentVariableIsEmpty("XDG_RUNTIME_DIR");
@@ -39,27 +42,48 @@ bool belongsToLivingProcess(const QString& path) {
 
 struct RunningCopies::Entry {
     explicit Entry(const QString& path)
-        : file(path) {}
+        : file(path) {
+        file.setStaleLockTime(0ms);
+        file.tryLock(0ms);
+    }
 
     QLockFile file;
 };
 
-RunningCopies::RunningCopies(const QString& scope) {
-    const QString folder = entriesFolder(scope);
+RunningCopies::RunningCopies(const QString& scope)
+    : m_scope(scope) {
+    m_anotherWasRunning = look(Enter::Always).run;
+}
+
+RunningCopies::Others RunningCopies::look(Enter enter) {
+    const QString folder = entriesFolder(m_scope);
     QDir().mkpath(folder);
     QLockFile guard(folder + QStringLiteral("/guard"));
     guard.setStaleLockTime(0ms);
     guard.lock();
-    const QStringList entries = QDir(folder).entryList({QStringLiteral("copy-*")}, QDir::Files);
-    for (const QString& entry : entries) {
-        m_anotherWasRunning = belongsToLivingProcess(folder + u'/' + entry) || m_anotherWasRunning;
+    const auto anyLives = [&folder](const QString& kind) {
+        bool found = false;
+        for (const QString& entry : QDir(folder).entryList({kind + u'*'}, QDir::Files)) {
+            found = belongsToLivingProcess(folder + u'/' + entry) || found;
+        }
+        return found;
+    };
+    const Others others{anyLives(copyEntry), anyLives(startEntry)};
+    if (enter == Enter::Always || !others.run) {
+        const QString own = QString::number(QCoreApplication::applicationPid());
+        m_ownEntry = std::make_unique<Entry>(folder + u'/' + copyEntry + own);
+        m_ownStart = std::make_unique<Entry>(folder + u'/' + startEntry + own);
     }
-    m_ownEntry =
-        std::make_unique<Entry>(folder + QStringLiteral("/copy-%1").arg(QCoreApplication::applicationPid()));
-    m_ownEntry->file.setStaleLockTime(0ms);
-    m_ownEntry->file.tryLock(0ms);
+    return others;
 }
 
 RunningCopies::~RunningCopies() = default;
+
+void RunningCopies::startedUp() { m_ownStart.reset(); }
+
+void RunningCopies::leave() {
+    m_ownEntry.reset();
+    m_ownStart.reset();
+}
 
 } // namespace ocuva

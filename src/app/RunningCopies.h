@@ -3,6 +3,7 @@
 
 #include <QString>
 
+#include <chrono>
 #include <memory>
 
 namespace ocuva {
@@ -21,9 +22,29 @@ public:
     /// Whether another copy was running when this one began.
     bool anotherWasRunning() const { return m_anotherWasRunning; }
 
+    /// From now on this copy can be woken.
+    void startedUp();
+
+    /// For a copy that only has to wake another one: waits until every other copy has started up, for at most
+    /// `patience`. Meanwhile this copy is not counted. False when no other copy is left: this one is then the
+    /// first, and starts.
+    bool waitUntilOthersAreUp(std::chrono::milliseconds patience);
+
 private:
     struct Entry; // a lock file, and on Windows a named mutex of the logon
+    /// What is known of the other copies at one moment.
+    struct Others {
+        bool run = false;
+        bool start = false; // one of them has not started up yet
+    };
+    enum class Enter { Always, IfAlone };
+    /// Looks for the other copies and makes this one known, both at one moment.
+    Others look(Enter enter);
+    void leave();
+
+    QString m_scope;
     std::unique_ptr<Entry> m_ownEntry;
+    std::unique_ptr<Entry> m_ownStart; // until this copy has started up
     bool m_anotherWasRunning = false;
 };
 

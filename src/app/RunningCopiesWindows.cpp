@@ -4,6 +4,7 @@
 #include <QCryptographicHash>
 #include <QDir>
 
+#include <utility>
 #include <windows.h>
 
 namespace ocuva {
@@ -11,19 +12,21 @@ namespace ocuva {
 namespace {
 
 // The system keeps the names of a logon apart from those of others, and drops one with its last process.
-std::wstring mutexName(const QString& scope) {
+QString mutexName(const QString& scope) {
     const QByteArray hash =
         QCryptographicHash::hash(QDir::cleanPath(scope).toLower().toUtf8(), QCryptographicHash::Sha1);
-    return (QStringLiteral("Local\\") + QString::fromLatin1(productTitle) + u'-' +
-            QString::fromLatin1(hash.toHex().left(16)))
-        .toStdWString();
+    return QStringLiteral("Local\\") + QString::fromLatin1(productTitle) + u'-' +
+           QString::fromLatin1(hash.toHex().left(16));
 }
+
+// Its mutex is there while a copy has not started up yet.
+QString startName(const QString& scope) { return mutexName(scope) + QStringLiteral("-starting"); }
 
 } // namespace
 
 struct RunningCopies::Entry {
-    explicit Entry(const QString& scope)
-        : mutex(CreateMutexW(nullptr, FALSE, mutexName(scope).c_str()))
+    explicit Entry(const QString& name)
+        : mutex(CreateMutexW(nullptr, FALSE, name.toStdWString().c_str()))
         , wasThere(GetLastError() == ERROR_ALREADY_EXISTS || GetLastError() == ERROR_ACCESS_DENIED) {}
     ~Entry() {
         if (mutex != nullptr) {
@@ -38,9 +41,29 @@ struct RunningCopies::Entry {
 };
 
 RunningCopies::RunningCopies(const QString& scope)
-    : m_ownEntry(std::make_unique<Entry>(scope))
-    , m_anotherWasRunning(m_ownEntry->wasThere) {}
+    : m_scope(scope) {
+    m_anotherWasRunning = look(Enter::Always).run;
+}
+
+RunningCopies::Others RunningCopies::look(Enter enter) {
+    // A copy makes its start known before itself, so that nobody sees it running and takes it for started.
+    auto start = std::make_unique<Entry>(startName(m_scope));
+    auto entry = std::make_unique<Entry>(mutexName(m_scope));
+    const Others others{entry->wasThere, start->wasThere};
+    if (enter == Enter::Always || !others.run) {
+        m_ownStart = std::move(start);
+        m_ownEntry = std::move(entry);
+    }
+    return others;
+}
 
 RunningCopies::~RunningCopies() = default;
+
+void RunningCopies::startedUp() { m_ownStart.reset(); }
+
+void RunningCopies::leave() {
+    m_ownEntry.reset();
+    m_ownStart.reset();
+}
 
 } // namespace ocuva

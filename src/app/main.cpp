@@ -35,6 +35,7 @@ using namespace ocuva;
 
 constexpr int exitNoDisplay = 2;
 constexpr int exitNoHost = 3;
+constexpr std::chrono::seconds startPatience{60}; // with a slow board; then the other copy is woken on trust
 
 std::string commandLineText(int argc, char** argv) {
     std::string text;
@@ -189,7 +190,9 @@ int runOn(Host& host, DisplayWindows& windows, const std::string& commandLine, c
                                     commandLine, traceFile.toStdU16String()};
     modInter inter({host, windows, *automation, commandLine, anotherCopyIsRunning, chosen.title,
                     [] { QCoreApplication::exit(EXIT_SUCCESS); }, chosen.minuteMs,
-                    [&journal](const JournalEntry& entry) { journal.write(entry); }, report});
+                    [&journal](const JournalEntry& entry) { journal.write(entry); }, report,
+                    [&copies] { return copies->waitUntilOthersAreUp(startPatience); },
+                    [&copies] { copies->startedUp(); }});
     return inter.Main() ? QApplication::exec() : EXIT_SUCCESS;
 }
 

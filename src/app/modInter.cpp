@@ -7,10 +7,21 @@ modInter::modInter(const StartContext& context)
 
 modInter::~modInter() = default;
 
+bool modInter::leaveItToAnotherCopy() {
+    if (!m_context.anotherCopyIsRunning() || m_flags.clientMode) {
+        return false;
+    }
+    // A copy that is still starting hears no message.
+    if (!m_flags.serverMode && m_context.otherCopyIsUp && !m_context.otherCopyIsUp()) {
+        return false;
+    }
+    wakeRunningCopy(m_flags, m_context.host.tn_ocuva());
+    return true;
+}
+
 bool modInter::Main() {
     scanCommandLine(m_context.commandLine, m_flags);
-    if (m_context.anotherCopyIsRunning() && !m_flags.clientMode) {
-        wakeRunningCopy(m_flags, m_context.host.tn_ocuva());
+    if (leaveItToAnotherCopy()) {
         return false;
     }
 
@@ -40,6 +51,9 @@ bool modInter::Main() {
     }
     m_frmSplash->EnableOkButton();
     m_flags.startupFinished = true;
+    if (m_context.startedUp) {
+        m_context.startedUp();
+    }
     return true;
 }
 

@@ -26,6 +26,11 @@ struct StartContext {
     int minuteMs = modServer::idleTickMs;       ///< a minute of the idle clock, in milliseconds on the wall
     JournalSink journal = {};                   ///< told what is done to the instrument
     ReportSurroundings report = {};             ///< what a packed report tells of the start
+    /// Called before another copy is woken: waits until it can be. False when none is left, so that this one
+    /// starts; without this function it can be woken at once.
+    std::function<bool()> otherCopyIsUp = {};
+    /// Called when the start is complete: this copy can be woken from now on.
+    std::function<void()> startedUp = {};
 };
 
 /// Owns the windows. User-interface thread.
@@ -47,6 +52,9 @@ public:
     ///@}
 
 private:
+    /// Whether another copy is there to go on instead of this one; woken already where it has to be.
+    bool leaveItToAnotherCopy();
+
     StartContext m_context;
     ProcessFlags m_flags;
     std::optional<frmSplash> m_frmSplash;

@@ -1,9 +1,11 @@
 #include "app/RunningCopies.h"
 
+#include <QElapsedTimer>
 #include <QProcess>
 #include <QUuid>
 
 #include <array>
+#include <chrono>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -80,4 +82,35 @@ TEST_F(Copies, OfManyThatStartAtOnceExactlyOneIsAlone) {
     for (auto& process : processes) {
         end(*process);
     }
+}
+
+TEST_F(Copies, AWakeWaitsForACopyThatIsStillStartingAndForNoOther) {
+    using namespace std::chrono_literals;
+    const auto first = launch();
+    EXPECT_EQ(answer(*first), "alone");
+    RunningCopies second(scope);
+    ASSERT_TRUE(second.anotherWasRunning());
+    QElapsedTimer clock;
+    clock.start();
+    EXPECT_TRUE(second.waitUntilOthersAreUp(300ms));
+    EXPECT_GE(clock.elapsed(), 300) << "the other one is still starting";
+    first->write("\n");
+    EXPECT_EQ(answer(*first), "up");
+    clock.start();
+    EXPECT_TRUE(second.waitUntilOthersAreUp(60s));
+    EXPECT_LT(clock.elapsed(), 30000);
+    end(*first);
+}
+
+TEST_F(Copies, ACopyTakesOverFromOneThatDiedDuringItsStart) {
+    const auto first = launch();
+    EXPECT_EQ(answer(*first), "alone");
+    RunningCopies second(scope);
+    ASSERT_TRUE(second.anotherWasRunning());
+    first->kill();
+    first->waitForFinished();
+    EXPECT_FALSE(second.waitUntilOthersAreUp(std::chrono::seconds(60)));
+    const auto third = launch();
+    EXPECT_EQ(answer(*third), "other") << "the second one is a running copy again";
+    end(*third);
 }

@@ -198,3 +198,36 @@ TEST_F(Start, WithoutABoardTheWindowStillStartsAndTheLiveButtonIsDisabled) {
     EXPECT_TRUE(window().isVisible());
     EXPECT_FALSE(window().tbMain->isEnabled(QStringLiteral("Acq")));
 }
+
+TEST_F(Start, WakesAnotherCopyOnlyOnceItIsUpAndStartsItselfWhenNoneIsLeft) {
+    std::vector<std::string> callsBefore{"not asked"};
+    bool isUp = true;
+    const auto startBesideAnother = [&](const std::string& commandLine) {
+        host.calls.clear();
+        callsBefore = {"not asked"};
+        inter = std::make_unique<modInter>(StartContext{host,
+                                                        windows,
+                                                        automation,
+                                                        commandLine,
+                                                        [] { return true; },
+                                                        QStringLiteral("Ocuva (test)"),
+                                                        [this] { ++processEnds; },
+                                                        modServer::idleTickMs,
+                                                        {},
+                                                        {},
+                                                        [&] {
+                                                            callsBefore = host.calls;
+                                                            return isUp;
+                                                        }});
+        return inter->Main();
+    };
+    EXPECT_FALSE(startBesideAnother(""));
+    EXPECT_THAT(callsBefore, IsEmpty());
+    EXPECT_THAT(host.calls, ElementsAre("TarnOcuvaSendMsgByName(\"OCUVA_WakeUp\")"));
+    EXPECT_FALSE(startBesideAnother("-server"));
+    EXPECT_THAT(callsBefore, ElementsAre("not asked"));
+    isUp = false;
+    EXPECT_TRUE(startBesideAnother(""));
+    EXPECT_THAT(host.calls, testing::Not(testing::Contains(testing::HasSubstr("SendMsgByName"))));
+    EXPECT_TRUE(window().isVisible());
+}
