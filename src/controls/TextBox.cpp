@@ -1,9 +1,20 @@
 #include "controls/TextBox.h"
 
 #include <QFocusEvent>
+#include <QKeyEvent>
 #include <QMouseEvent>
 
 namespace ocuva {
+
+TextBox::TextBox(QWidget* parent)
+    : QLineEdit(parent) {
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) {
+        if (!isModified()) { // set by the program
+            m_before = text;
+        }
+    });
+    connect(this, &QLineEdit::editingFinished, this, [this] { m_before = text(); });
+}
 
 void TextBox::setDigits(int count) {
     m_digits = count;
@@ -29,6 +40,16 @@ void TextBox::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     m_justFocused = event->reason() == Qt::MouseFocusReason;
     selectAll();
+}
+
+void TextBox::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && text() != m_before) {
+        setText(m_before); // no longer modified: leaving the box stores nothing
+        selectAll();
+        event->accept();
+        return;
+    }
+    QLineEdit::keyPressEvent(event);
 }
 
 void TextBox::mouseReleaseEvent(QMouseEvent* event) {

@@ -5,12 +5,13 @@
 
 namespace ocuva {
 
-/// Selects its whole text when it gets the focus, so that typing replaces it.
+/// Selects its whole text when it gets the focus, so that typing replaces it. Escape puts back the text from
+/// before the typing; where nothing was typed it goes on to the dialog.
 class TextBox final : public QLineEdit {
     Q_OBJECT
 
 public:
-    using QLineEdit::QLineEdit;
+    explicit TextBox(QWidget* parent = nullptr);
 
     /// Makes the box as wide as it takes to show that many digits, rather than as wide as it can be.
     void setDigits(int count);
@@ -23,9 +24,11 @@ public:
 
 protected:
     void focusInEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
 
 private:
+    QString m_before;           // the text that Escape puts back
     int m_digits = 0;           // 0: as wide as any line edit
     bool m_justFocused = false; // the click that gave the focus must not take the selection away again
 };
