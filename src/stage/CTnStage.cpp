@@ -2,6 +2,9 @@
 
 #include "base/Numbers.h"
 
+#include <cstdint>
+#include <limits>
+
 namespace ocuva {
 
 const CTnStage::Limits& CTnStage::limits(Integer axis) {
@@ -22,6 +25,20 @@ void CTnStage::moveRelative(Integer axis, Long distance) {
     Long& sum = m_sumOfMoves[axis - axisX];
     sum = checkedAdd(sum, distance);
     m_microProxy.TarnLoadStageRelSecure(axis, static_cast<Single>(distance));
+}
+
+bool CTnStage::hasRoomFor(Integer axis, Long distance) const {
+    const std::int64_t sum = std::int64_t{m_sumOfMoves[axis - axisX]} + distance;
+    return sum >= std::numeric_limits<Long>::min() && sum <= std::numeric_limits<Long>::max();
+}
+
+void CTnStage::relieveSums() {
+    constexpr Long half = std::numeric_limits<Long>::max() / 2;
+    for (Long& sum : m_sumOfMoves) {
+        if (sum > half || sum < -half) {
+            sum = 0;
+        }
+    }
 }
 
 void CTnStage::moveAbsolute(Integer axis, Long position) {

@@ -45,6 +45,14 @@ public:
     void DX(Long distance) { moveRelative(axisX, distance); }
     ///@}
 
+    /// Whether a relative move of that length fits into the axis's running sum.
+    bool hasRoomFor(Integer axis, Long distance) const;
+
+    /// Begins each running sum that has used more than half of its range at zero again, so that a distance
+    /// that no stage can go, which the host has refused, does not stand in the way of all later moves. For
+    /// the owner; the stage itself never does it.
+    void relieveSums();
+
     /// Loads an absolute target; Start sets it going.
     ///@{
     void Z(Long position) { moveAbsolute(axisZ, position); }
@@ -63,8 +71,8 @@ public:
     /// counts as standing.
     bool IsMoving(Integer axis = axisAll) const;
 
-    /// Lets the host search the focus and returns when it has ended; the host's answer, zero for no focus, is
-    /// of use to the journal alone.
+    /// Lets the host search the focus and returns when it has ended; the host's answer, one of
+    /// TARN_FOCUS_..., is of use to the journal alone.
     Long AutoFocus(Integer flag);
 
 private:

@@ -20,6 +20,7 @@ void StageWatch::SyncStageMove(Integer axis) {
     }
     m_stage.Start(axis);
     m_bStageMoving = true;
+    m_view.moveStarted(axis, m_from);
     m_view.enableMoveTimer(true);
 }
 
@@ -54,10 +55,17 @@ void StageWatch::UpdateStagePos() {
     m_view.showPosition(axisY, std::to_string(read.y));
     m_view.showPosition(axisZ, std::to_string(read.z));
     m_shown = read;
+    m_view.positionShown(read);
 }
 
-void stepZ(CTnStage& stage, StageWatch& watch, std::size_t index, bool up) {
-    while (stage.IsMoving(axisZ)) {
+void stepZ(CTnStage& stage, StageWatch& watch, std::size_t index, bool up,
+           const std::function<void()>& onWait) {
+    if (stage.IsMoving(axisZ)) {
+        if (onWait) {
+            onWait();
+        }
+        while (stage.IsMoving(axisZ)) {
+        }
     }
     const Long step = zSteps.at(index);
     stage.DZ(up ? step : -step);

@@ -12,6 +12,7 @@
 #include "stage/CTnStage.h"
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <string>
 #include <utility>
@@ -32,6 +33,10 @@ public:
     virtual void enableMoveTimer(bool on) = 0;
     /// Text of the status bar's panel "X", "Y" or "Z".
     virtual void showPosition(Integer axis, const std::string& text) = 0;
+    /// The loaded moves of an axis (0: all) were started; the position is the one shown last, if any was.
+    virtual void moveStarted(Integer /*axis*/, const std::optional<JournalPosition>& /*from*/) {}
+    /// The three panels show this position; still on its way while a move is watched.
+    virtual void positionShown(const JournalPosition& /*at*/) {}
     /// The watched move has run for longMoveTicks.
     virtual void moveTakesLong() {}
     /// The watched move has ended, and the position is shown.
@@ -97,6 +102,8 @@ inline constexpr std::array<Long, 4> zSteps{1, 2, 5, 10};
 
 /// One press of the Z button of that index, up or down: waits until Z stands, loads the step and watches it.
 /// The wait asks the stage again and again on purpose, so that a step is never given while Z still moves.
-void stepZ(CTnStage& stage, StageWatch& watch, std::size_t index, bool up);
+/// onWait is called once if Z moves, before it is asked again.
+void stepZ(CTnStage& stage, StageWatch& watch, std::size_t index, bool up,
+           const std::function<void()>& onWait = {});
 
 } // namespace ocuva

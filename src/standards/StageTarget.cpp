@@ -4,8 +4,18 @@
 #include "base/TextNumber.h"
 
 #include <stdexcept>
+#include <tuple>
 
 namespace ocuva {
+
+namespace {
+
+// Up to here a Single, which is what the host takes, has every whole number.
+constexpr Long farthest = 1 << 24;
+
+bool isFar(Long distance) { return distance > farthest || distance < -farthest; }
+
+} // namespace
 
 StagePosition typedPosition(const std::array<std::string, 3>& texts) {
     std::array<Long, 3> values{};
@@ -19,13 +29,38 @@ StagePosition typedPosition(const std::array<std::string, 3>& texts) {
     return {values[0], values[1], values[2]};
 }
 
-void loadMovesTo(CTnStage& stage, const StagePosition& target) {
-    const Long dx = checkedSubtract(target.x, stage.X());
-    const Long dy = checkedSubtract(target.y, stage.Y());
-    const Long dz = checkedSubtract(target.z, stage.Z());
+namespace {
+
+[[noreturn]] void refuse(Integer axis, Long target) {
+    throw ArithmeticError(std::string(1, "?XYZ"[axis]) + ": " + std::to_string(target) +
+                          " is too far away from where the stage is. Nothing was moved");
+}
+
+Long distanceTo(Integer axis, Long target, Long position) {
+    try {
+        return checkedSubtract(target, position);
+    } catch (const ArithmeticError&) {
+        refuse(axis, target);
+    }
+}
+
+} // namespace
+
+bool loadMovesTo(CTnStage& stage, const StagePosition& target) {
+    const Long dx = distanceTo(axisX, target.x, stage.X());
+    const Long dy = distanceTo(axisY, target.y, stage.Y());
+    const Long dz = distanceTo(axisZ, target.z, stage.Z());
+    // All before the first: a move that is loaded and not started would go with the next one.
+    for (const auto& [axis, distance, wanted] :
+         {std::tuple{axisX, dx, target.x}, {axisY, dy, target.y}, {axisZ, dz, target.z}}) {
+        if (!stage.hasRoomFor(axis, distance)) {
+            refuse(axis, wanted);
+        }
+    }
     stage.DX(dx);
     stage.DY(dy);
     stage.DZ(dz);
+    return isFar(dx) || isFar(dy) || isFar(dz);
 }
 
 } // namespace ocuva

@@ -14,7 +14,9 @@ namespace ocuva {
 StagePosition typedPosition(const std::array<std::string, 3>& texts);
 
 /// Loads the relative moves from where the stage stands at this moment to the target, X, then Y, then Z, also
-/// those of length 0. A distance that leaves 32 bits throws before any move is loaded.
-void loadMovesTo(CTnStage& stage, const StagePosition& target);
+/// those of length 0. A distance that leaves 32 bits, or for which the stage has no room in its sum, throws
+/// ArithmeticError before any move is loaded. True when a distance is so long that hardly any stage can go
+/// it: more than 16777216, which is as far as the host gets each whole number.
+bool loadMovesTo(CTnStage& stage, const StagePosition& target);
 
 } // namespace ocuva

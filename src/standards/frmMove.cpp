@@ -80,11 +80,15 @@ void frmMove::setPosition(const StagePosition& position) {
 }
 
 void frmMove::DoMove(StageMover& fOcuva) {
+    const std::shared_ptr<void> hold = fOcuva.holdInput();
     const StagePosition target =
         typedPosition({txtMove[0]->text().toStdString(), txtMove[1]->text().toStdString(),
                        txtMove[2]->text().toStdString()});
-    loadMovesTo(fOcuva.cxsStage(), target);
+    const bool isFar = loadMovesTo(fOcuva.cxsStage(), target);
     fOcuva.SyncStageMove(axisAll);
+    if (isFar) {
+        fOcuva.farMoveStarted(target.x, target.y, target.z);
+    }
 }
 
 void frmMove::cmdMove_Click() {

@@ -129,6 +129,20 @@ TEST_F(Stage, TheSumsOfTheAxesDoNotMix) {
     EXPECT_THROW(stage.DX(1), ArithmeticError);
 }
 
+TEST_F(Stage, SumsThatHaveUsedUpHalfOfTheirRangeAreRelievedOnRequestOnly) {
+    constexpr Long high = std::numeric_limits<Long>::max();
+    stage.DX(high);
+    stage.DY(high / 2);
+    EXPECT_FALSE(stage.hasRoomFor(axisX, 1));
+    EXPECT_THROW(stage.DX(1), ArithmeticError);
+    stage.relieveSums();
+    EXPECT_TRUE(stage.hasRoomFor(axisX, high));
+    EXPECT_FALSE(stage.hasRoomFor(axisY, high)) << "half of the range is still free";
+    EXPECT_TRUE(stage.hasRoomFor(axisZ, -high));
+    stage.DX(1);
+    EXPECT_EQ(host.calls.back(), "TarnLoadStageRelSecure(1, 1)");
+}
+
 TEST_F(Stage, AutofocusPassesItsFlag) {
     stage.AutoFocus(-1);
     EXPECT_THAT(host.calls, ElementsAre("TarnAutoFocusExt(-1)"));

@@ -58,3 +58,21 @@ TEST_F(Target, TooFarAwayFor32BitsIsAnErrorBeforeAnyMove) {
     EXPECT_THROW(loadMovesTo(stage, {1, 2, 3}), ArithmeticError);
     EXPECT_THAT(moves(), IsEmpty());
 }
+
+TEST_F(Target, ForWhichTheSumOfAnyAxisHasNoRoomIsAnErrorBeforeAnyMove) {
+    constexpr Long high = std::numeric_limits<Long>::max();
+    stage.DZ(high);
+    host.calls.clear();
+    try {
+        loadMovesTo(stage, {1, 2, 3});
+        FAIL();
+    } catch (const ArithmeticError& error) {
+        EXPECT_STREQ(error.what(), "Z: 3 is too far away from where the stage is. Nothing was moved");
+    }
+    EXPECT_THAT(moves(), IsEmpty());
+}
+
+TEST_F(Target, IsFarBeyondWhatASingleHasAllWholeNumbersOf) {
+    EXPECT_FALSE(loadMovesTo(stage, {1 << 24, 0, 0}));
+    EXPECT_TRUE(loadMovesTo(stage, {0, -(1 << 24) - 1, 0}));
+}
