@@ -58,8 +58,14 @@ TarnLong MicroscopeLibrary::TarnAutoFocusExt(TarnLong /*flag*/) {
         const FocusPlan plan = readFocusPlan(m_parts.stores, m_parts.log);
         FocusSearch search(
             m_parts.stage, *m_parts.clock, [this] { return measuredFrame(m_parts); }, m_parts.log);
-        const FocusVerdict verdict = search.run(plan);
-        return verdict == FocusVerdict::found || verdict == FocusVerdict::edge;
+        switch (search.run(plan)) {
+        case FocusVerdict::found:
+            return TARN_FOCUS_FOUND;
+        case FocusVerdict::edge:
+            return TARN_FOCUS_EDGE;
+        default:
+            return TARN_FOCUS_NONE;
+        }
     });
 }
 

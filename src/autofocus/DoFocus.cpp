@@ -2,16 +2,40 @@
 
 namespace ocuva {
 
-void doFocus(CTnStage& stage, StageWatch& watch, CTnVideoBoard& board, const CTnVideoImage& image) {
-    const std::optional<JournalPosition> from = watch.shownPosition();
+namespace {
+
+// A host that answers only that it did something has not said where the search ended.
+const char* journalResult(Long answer) {
+    switch (answer) {
+    case TARN_FOCUS_NONE:
+        return "the host reported no focus";
+    case TARN_FOCUS_FOUND:
+        return "found";
+    case TARN_FOCUS_EDGE:
+        return "edge of the range";
+    default:
+        return "searched";
+    }
+}
+
+std::optional<Long> zOf(const std::optional<JournalPosition>& position) {
+    return position ? std::optional<Long>(position->z) : std::nullopt;
+}
+
+} // namespace
+
+FocusCourse doFocus(CTnStage& stage, StageWatch& watch, CTnVideoBoard& board, const CTnVideoImage& image) {
+    // While a move is watched, the position shown is the one from before it.
+    const std::optional<JournalPosition> from =
+        watch.isWatching() ? std::optional<JournalPosition>() : watch.shownPosition();
     const Long answer = stage.AutoFocus(static_cast<Integer>(hostTrue));
     watch.moveEnded();
-    note(watch.journal(),
-         {"focus", from, watch.shownPosition(), answer != 0 ? "found" : "the host found none"});
+    note(watch.journal(), {"focus", from, watch.shownPosition(), journalResult(answer)});
     if (board.IsGrabbing()) {
         board.Halt(&image);
         board.Grab(&image, true);
     }
+    return {zOf(from), zOf(watch.shownPosition())};
 }
 
 } // namespace ocuva

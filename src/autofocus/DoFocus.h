@@ -8,8 +8,15 @@
 
 namespace ocuva {
 
+/// Where Z was before a search, as far as the program knows, and where it is after it.
+struct FocusCourse {
+    std::optional<Long> fromZ; ///< none when no position was shown yet, or the stage was under way
+    std::optional<Long> toZ;   ///< as read afterwards
+};
+
 /// One autofocus, to its end. The display is refreshed whatever the host found; a running grab is halted and
-/// started again once, so that the monitor shows frames from after the focus move.
-void doFocus(CTnStage& stage, StageWatch& watch, CTnVideoBoard& board, const CTnVideoImage& image);
+/// started again once, so that the monitor shows frames from after the focus move. The journal gets what the
+/// host answered, and no more than that.
+FocusCourse doFocus(CTnStage& stage, StageWatch& watch, CTnVideoBoard& board, const CTnVideoImage& image);
 
 } // namespace ocuva

@@ -85,6 +85,14 @@ enum {
     TARN_ANSWER_NO = 7
 };
 
+/* TarnAutoFocusExt: where the search ended. A host that cannot tell answers with another value that is not
+ * zero. */
+enum {
+    TARN_FOCUS_NONE = 0,  /* no focus; Z is where it began */
+    TARN_FOCUS_FOUND = 2, /* Z is at the focus, inside the range that was searched */
+    TARN_FOCUS_EDGE = 3   /* it was sharpest at an end of the range, and Z is there */
+};
+
 /* ---- tn_reg: settings stores
  * ------------------------------------------------------------------------------------ store is the name as
  * the program passes it: the application title + ".INI", "TARN.INI" or "TARN". Sections and keys are found
@@ -174,7 +182,7 @@ TarnLong TARN_CALL TarnReadStagePos(TarnLong axis, TarnLong* position);
  * Result: non-zero when the status could be read. */
 TarnLong TARN_CALL TarnReadStageStatus(TarnLong axis, TarnLong zero, TarnLong* status);
 /* Searches the focus and returns when Z stands at the chosen position (or back where it began). flag: -1.
- * Non-zero when a focus was found; the journal alone tells. */
+ * Result: TARN_FOCUS_..., for the journal alone. */
 TarnLong TARN_CALL TarnAutoFocusExt(TarnLong flag);
 /* Loads the move that takes up the play of an axis, or of all with 0: away against the working direction and
  * back. It ends where it began; TarnStartStage sets it going. Non-zero when it was loaded. Needed by the

@@ -174,14 +174,22 @@ TEST_F(StageJournal, AsksTheHostNothingMore) {
                                         "TarnReadStagePos(1)", "TarnReadStagePos(2)", "TarnReadStagePos(3)"));
 }
 
-TEST_F(StageJournal, TellsWhetherTheFocusWasFound) {
+TEST_F(StageJournal, TellsOfAFocusWhatTheHostSaidAndNoMore) {
     NoAutomation automation;
     CTnVideoBoard board{host.tn_video()};
     const CTnVideoImage image{host.tn_video(), host.tn_vduti(), automation};
-    doFocus(stage, *watch, board, image);
-    host.results["TarnAutoFocusExt"] = 0;
-    doFocus(stage, *watch, board, image);
-    EXPECT_THAT(lines, ElementsAre("t,focus,,,,0,0,0,found\n", "t,focus,0,0,0,0,0,0,the host found none\n"));
+    for (const Long answer : {TARN_FOCUS_FOUND, TARN_FOCUS_EDGE, TARN_FOCUS_NONE}) {
+        host.results["TarnAutoFocusExt"] = answer;
+        doFocus(stage, *watch, board, image);
+    }
+    EXPECT_THAT(lines, ElementsAre("t,focus,,,,0,0,0,found\n", "t,focus,0,0,0,0,0,0,edge of the range\n",
+                                   "t,focus,0,0,0,0,0,0,the host reported no focus\n"));
+    lines.clear();
+    for (const Long answer : {1, -1}) { // of a host that says nothing about where the search ended
+        host.results["TarnAutoFocusExt"] = answer;
+        doFocus(stage, *watch, board, image);
+    }
+    EXPECT_THAT(lines, ElementsAre("t,focus,0,0,0,0,0,0,searched\n", "t,focus,0,0,0,0,0,0,searched\n"));
 }
 
 TEST(RequestJournal, TellsEachRequestOfTheHostAndNoOtherMessage) {
