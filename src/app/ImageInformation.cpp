@@ -93,8 +93,15 @@ void ImageInformation::showNote(const QString& note, const QString& advice) {
     showText();
 }
 
+void ImageInformation::showBusy(const QString& what) {
+    m_busy = what;
+    m_panel.setTip({}); // of a menu that has just closed
+    showText();
+    m_panel.repaint(); // nothing else is drawn until the call returns
+}
+
 void ImageInformation::takeOff(const QString& note) {
-    if (m_note == note) {
+    if (!m_note.isEmpty() && m_note == note) {
         m_note.clear();
         m_advice.clear();
         showText();
@@ -146,6 +153,10 @@ void ImageInformation::showStoredText() {
 }
 
 void ImageInformation::showText() {
+    if (!m_busy.isEmpty()) {
+        m_panel.setText(m_busy);
+        return;
+    }
     if (!m_state.storedPicture.isEmpty()) {
         showStoredText();
         return;
@@ -154,8 +165,11 @@ void ImageInformation::showText() {
     const QString zoom = tr("1:%1").arg(m_state.zoomDivisor);
     const QString magnification = tr("%1x").arg(m_magnification);
     // A note takes the place of the rest, which would otherwise push it out of sight.
-    const QStringList shown = m_note.isEmpty() ? QStringList{live, zoom, magnification}
-                                               : QStringList{m_state.grabbing ? tr("Live") : live, m_note};
+    QStringList shown = m_note.isEmpty() ? QStringList{live, zoom, magnification}
+                                         : QStringList{m_state.grabbing ? tr("Live") : live, m_note};
+    if (!m_note.isEmpty() && !m_panel.hasRoomFor(shown.join(QStringLiteral("   ")))) {
+        shown.removeFirst(); // the lamp says it too
+    }
     const bool failing = m_state.grabbing ? m_watch.hasStopped() : !m_state.boardReady;
     m_panel.setLamp(failing ? lampStopped : m_state.grabbing ? lampLive : lampStill);
     m_panel.setText(shown.join(QStringLiteral("   ")));

@@ -35,6 +35,8 @@ public:
     void show(const ImageState& state);
     /// The same, with the magnification as it has just been read.
     void showMagnification(Long magnification);
+    /// Whether frames should come and do not.
+    bool hasStopped() const { return m_state.grabbing && m_watch.hasStopped(); }
     /// A frame was drawn: counts for the rate and as a sign of life.
     void frameShown();
     /// Shows measured grey levels until the state changes.
@@ -44,6 +46,9 @@ public:
     /// Shows what has just happened until the state changes; what to do about it is told to whoever points at
     /// the panel.
     void showNote(const QString& note, const QString& advice = {});
+    /// Shows what the program is busy with in place of everything else, on the screen before it returns;
+    /// empty: the rest again.
+    void showBusy(const QString& what);
     /// Takes that note off the panel if it is still there.
     void takeOff(const QString& note);
 
@@ -67,6 +72,7 @@ private:
     FramePtr m_lastSeenFrame;
     QString m_note;
     QString m_advice;
+    QString m_busy; // empty unless the program cannot answer
 };
 
 } // namespace ocuva

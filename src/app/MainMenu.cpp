@@ -103,6 +103,7 @@ MainMenu::MainMenu(QMenuBar& bar, const std::function<void(Command)>& run) {
         action->setObjectName(QString::fromLatin1(row.name));
         action->setCheckable(row.kind == Kind::Check);
         action->setShortcut(QKeySequence(QString::fromLatin1(row.shortcut)));
+        action->setAutoRepeat(false);
         action->setEnabled(isAvailable(row.command));
         if (*row.tip != '\0') {
             action->setStatusTip(QCoreApplication::translate("MainMenu", row.tip));

@@ -27,7 +27,7 @@ QToolButton* stepButton(const QString& name, Long step, bool up, QWidget* parent
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     button->setMaximumHeight(44);
-    button->setFocusPolicy(Qt::StrongFocus);
+    button->setFocusPolicy(Qt::TabFocus); // a Space after a click would be one more step
     const QString what =
         up ? QObject::tr("Move Z up by %1").arg(step) : QObject::tr("Move Z down by %1").arg(step);
     button->setToolTip(what);

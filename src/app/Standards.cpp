@@ -72,6 +72,7 @@ void Standards::FillStageMenu() {
 }
 
 void Standards::goTo(const std::string& name) {
+    const std::shared_ptr<void> hold = m_context.fOcuva.holdInput();
     try {
         GotoStandard(m_context.libProxy, name, *m_frmMove, m_context.fOcuva);
     } catch (const std::exception& error) {

@@ -48,6 +48,14 @@ void StatusPanel::setLamp(const QColor& colour) {
     update();
 }
 
+QRect StatusPanel::roomForText() const {
+    return contentsRect().adjusted(m_lamp.isValid() ? lampDiameter + lampGap : 0, 0, 0, 0);
+}
+
+bool StatusPanel::hasRoomFor(const QString& text) const {
+    return fontMetrics().horizontalAdvance(text) <= roomForText().width();
+}
+
 void StatusPanel::setTip(const QString& tip) {
     m_tip = tip;
     update();
@@ -55,15 +63,14 @@ void StatusPanel::setTip(const QString& tip) {
 
 void StatusPanel::paintEvent(QPaintEvent* /*event*/) {
     QPainter painter(this);
-    QRect room = contentsRect();
+    QRect room = roomForText();
     if (m_lamp.isValid()) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(QPen(m_lamp.darker(130), 1.0));
         painter.setBrush(m_lamp);
         const int top = room.center().y() - lampDiameter / 2;
-        painter.drawEllipse(
-            QRectF(room.left(), top, lampDiameter, lampDiameter).adjusted(0.5, 0.5, -0.5, -0.5));
-        room.setLeft(room.left() + lampDiameter + lampGap);
+        const QRectF lamp(contentsRect().left(), top, lampDiameter, lampDiameter);
+        painter.drawEllipse(lamp.adjusted(0.5, 0.5, -0.5, -0.5));
     }
     if (!m_caption.isEmpty()) {
         style()->drawItemText(&painter, room, Qt::AlignLeft | Qt::AlignVCenter, palette(),

@@ -30,6 +30,9 @@ public:
     /// Invalid for none.
     const QColor& lamp() const { return m_lamp; }
 
+    /// Whether a text would be shown without an ellipsis.
+    bool hasRoomFor(const QString& text) const;
+
     /// Shows another text in place of its own for as long as it is not empty; text() stays what it is.
     void setTip(const QString& tip);
     /// Empty while it shows its own text.
@@ -50,6 +53,8 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    QRect roomForText() const;
+
     QColor m_lamp; // invalid: none
     QString m_tip;
     QString m_caption;

@@ -48,7 +48,8 @@ std::filesystem::path unfinishedListFile(const std::filesystem::path& ownFolder)
 } // namespace
 
 frmOcuva::frmOcuva(const MainWindowContext& context)
-    : m_context(context)
+    : m_inputGate([this](const QString& what) { m_information->showBusy(what); })
+    , m_context(context)
     , m_settings(context.host.tn_reg())
     , m_magnification(m_settings, context.host.tn_lib_proxy())
     , m_conversion(context.host.tn_log())
@@ -118,6 +119,7 @@ void frmOcuva::makeControls() {
     keepInSight(*m_upDown->frUpDown, InSight::Watched);
     keepInSight(*sbMain, InSight::Hint);
     new DialogPlaces(*this);
+    m_panels->milDisp->setFocus();
 }
 
 void frmOcuva::makeTimers() {
@@ -143,6 +145,7 @@ void frmOcuva::connectControls() {
     connect(m_panels->milDisp, &MilDisplay::mouseLeft, this, &frmOcuva::milDisp_MouseLeave);
     connect(m_panels->milDisp, &MilDisplay::mouseUp, this, &frmOcuva::milDisp_MouseUp);
     connect(m_panels->milDisp, &MilDisplay::frameShown, m_information, &ImageInformation::frameShown);
+    connect(m_panels->milDisp, &MilDisplay::frameShown, this, [this] { m_pictureAge.frameShown(); });
     connect(tStageMove, &QTimer::timeout, this, &frmOcuva::tStageMove_Timer);
     connect(tInitTBMain, &QTimer::timeout, this, &frmOcuva::tInitTBMain_Timer);
     connect(tServerCheckIdle, &QTimer::timeout, this,
@@ -286,11 +289,21 @@ void frmOcuva::tbMain_ButtonClick(const QString& key) {
 
 void frmOcuva::mnuAcq_Click() {
     const bool wasGrabbing = m_board->IsGrabbing();
-    m_board->GrabToggle(m_image.get());
+    {
+        const auto hold =
+            holdInput(wasGrabbing ? tr("Stopping the live image…") : tr("Starting the live image…"));
+        m_board->GrabToggle(m_image.get());
+    }
     if (m_board->IsGrabbing()) {
         m_pictures->showCamera();
+        if (m_panels->milDisp->isDrawnByHost()) {
+            m_pictureAge.frameShown(); // no frame is seen here
+        }
     }
     showAcquisition();
+    if (wasGrabbing && m_watch.isWatching()) {
+        m_pictureAge.moveStarted(axisAll, {}); // the last picture is one of the way
+    }
     if (!wasGrabbing && !m_board->IsGrabbing()) {
         m_information->showNote(tr("The board refused"),
                                 m_board->isReady()
@@ -307,6 +320,7 @@ void frmOcuva::mnuZoom_Click() {
 }
 
 void frmOcuva::mmuBckl_Click() {
+    const auto hold = holdInput(tr("Taking up the backlash…"));
     m_context.host.tn_micro_proxy().TarnBacklashStage(axisAll);
     SyncStageMove(axisAll);
 }
@@ -327,18 +341,31 @@ void frmOcuva::cmdDown_Click(std::size_t index) { stepZ_Click(index, false); }
 void frmOcuva::stepZ_Click(std::size_t index, bool up) {
     guarded([this, index, up] {
         if (!m_settings.readVgaMode()) {
-            stepZ(m_stage, m_watch, index, up);
+            std::shared_ptr<void> waiting;
+            stepZ(m_stage, m_watch, index, up, [&] { waiting = holdInput(tr("Waiting for Z…")); });
         }
     });
 }
+
+void frmOcuva::SyncStageMove(Integer axis) {
+    m_watch.SyncStageMove(axis);
+    m_stage.relieveSums();
+}
+
+void frmOcuva::farMoveStarted(Long x, Long y, Long z) { m_farTarget = {x, y, z}; }
 
 void frmOcuva::tStageMove_Timer() { m_watch.tick(); }
 
 void frmOcuva::cxsStage_MoveEnd(Integer /*ErrCode*/) { m_watch.moveEnded(); }
 
 void frmOcuva::DoFocus() {
-    guardedForHost([this] { doFocus(m_stage, m_watch, *m_board, *m_image); });
+    FocusCourse course;
+    {
+        const auto hold = holdInput(tr("Focusing…"));
+        guardedForHost([&] { course = doFocus(m_stage, m_watch, *m_board, *m_image); });
+    }
     showInformation(); // grey levels of the image before the focus are not those of this one
+    showFocusCourse(course);
 }
 
 void frmOcuva::Shutdown() { m_board->Shutdown(); }
@@ -352,6 +379,7 @@ void frmOcuva::Info_Click() {
         return; // the host measures the camera's image, which is not the one that is seen
     }
     guarded([this] {
+        const auto hold = holdInput(tr("Measuring the grey levels…"));
         m_image->Refresh();
         if (m_image->isMeasured()) {
             m_information->showGreyLevels(m_image->Mean(), m_image->StdDev());
@@ -397,6 +425,7 @@ void frmOcuva::exitOperation() {
 }
 
 void frmOcuva::guarded(const std::function<void()>& handler) {
+    const InputGate::Hold hold(m_inputGate);
     try {
         handler();
     } catch (const std::exception& error) {

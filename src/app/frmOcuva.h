@@ -7,6 +7,7 @@
 #include "app/MainMenu.h"
 #include "app/MonitorPanels.h"
 #include "app/Overlays.h"
+#include "app/PictureAge.h"
 #include "app/PictureOnStage.h"
 #include "app/Pictures.h"
 #include "app/SleepingWindow.h"
@@ -14,6 +15,9 @@
 #include "app/StatusBar.h"
 #include "app/toolbar/MainToolbar.h"
 #include "app/toolbar/ToolbarLayoutStore.h"
+#include "autofocus/DoFocus.h"
+#include "controls/HeldKeys.h"
+#include "controls/InputGate.h"
 #include "display/LengthConversion.h"
 #include "display/MonitorSizing.h"
 #include "display/NiceNumber.h"
@@ -90,7 +94,7 @@ public:
     // Operations that other windows call.
     /// As StageWatch, MonitorSizing, Overlays and nearScaleValue say.
     ///@{
-    void SyncStageMove(Integer axis) override { m_watch.SyncStageMove(axis); }
+    void SyncStageMove(Integer axis) override;
     void UpdateStagePos() { m_watch.UpdateStagePos(); }
     void ComputeImageSize(bool bInit, Integer nZoom) { m_sizing.ComputeImageSize(bInit, nZoom); }
     void ResizeAll(bool bResizeForm) { m_sizing.ResizeAll(bResizeForm); }
@@ -122,6 +126,13 @@ public:
     ///@}
     /// Its MoveEnd is handled here.
     CTnStage& cxsStage() override { return m_stage; }
+    /// When the move has ended, the information panel names the first axis that is not where it was sent.
+    void farMoveStarted(Long x, Long y, Long z) override;
+    /// Keeps pointer and keys away for as long as what it returns lives.
+    ///@{
+    std::shared_ptr<void> holdInput() override { return holdInput(QString()); }
+    std::shared_ptr<void> holdInput(const QString& what) override;
+    ///@}
     /// The calibration of picture against stage; the one accepted last unless another was computed since.
     Calibration& calibration() { return m_pictureOnStage->calibration(); }
     /// The calibration and its dialog.
@@ -201,7 +212,7 @@ private:
     void Info_Click();
     void exitOperation();
 
-    /// Runs a handler; an error that leaves it is shown by the general error report.
+    /// Runs a handler with the input held; an error that leaves it is shown by the general error report.
     void guarded(const std::function<void()>& handler);
     /// As guarded, for what the host asks for: an error goes to the log alone. Nobody may be there to answer
     /// a box, and the host's next message must not wait for one.
@@ -215,12 +226,17 @@ private:
     std::optional<Magnification> shownMagnification() const;
     void showZoom();
     void showInformation();
+    void showFocusCourse(const FocusCourse& course);
+    /// As ImageInformation::showNote, until the next move begins.
+    void showMoveNote(const QString& note, const QString& advice = {});
 
     // StageWatchView
     Long monitorColour() const override;
     void setMonitorColour(Long colour) override;
     void enableMoveTimer(bool on) override;
     void showPosition(Integer axis, const std::string& text) override;
+    void moveStarted(Integer axis, const std::optional<JournalPosition>& from) override;
+    void positionShown(const JournalPosition& at) override;
     void moveTakesLong() override;
     void watchedMoveEnded() override;
 
@@ -256,6 +272,8 @@ private:
     void noteWindowState(bool minimised);
     LogLineSurroundings logLineSurroundings();
 
+    HeldKeys m_heldKeys;
+    InputGate m_inputGate;
     MainWindowContext m_context;
     Settings m_settings;
     MagnificationStore m_magnification;
@@ -284,6 +302,9 @@ private:
     std::unique_ptr<frmSetup> m_frmSetup;
     std::unique_ptr<Pictures> m_pictures; // once the window is loaded
     ImageInformation* m_information = nullptr;
+    PictureAge m_pictureAge;
+    QString m_moveNote;                         // about the last move
+    std::optional<JournalPosition> m_farTarget; // of the move that is watched
 
     bool m_normalZoom = false; // the mark of "&Normal (1:1)"; not set at start, where the divisor is 2
     bool m_vgaMouse = false;   // taken once at start

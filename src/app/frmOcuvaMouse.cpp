@@ -48,11 +48,16 @@ void frmOcuva::milDisp_MouseUp(Qt::MouseButton button, int /*shift*/, float x, f
 }
 
 void frmOcuva::moveToPoint(const ClickOnImage& click) {
+    const bool isOld = m_pictureAge.isOld() || m_information->hasStopped();
     const Magnification magnification = m_magnification.read();
     const StagePair move = ocuva::moveToPoint(click, magnification, m_settings.readView(), m_conversion);
     m_stage.DX(move.x);
     m_stage.DY(move.y);
     SyncStageMove(axisAll);
+    if (isOld) {
+        showMoveNote(tr("The picture is old: moved by %1, %2").arg(move.x).arg(move.y),
+                     tr("It does not show where the stage was. Live (F7) brings a new one."));
+    }
 }
 
 } // namespace ocuva

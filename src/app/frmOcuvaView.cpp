@@ -10,6 +10,9 @@
 #include <QEvent>
 #include <QStatusTipEvent>
 
+#include <tuple>
+#include <utility>
+
 namespace ocuva {
 
 namespace {
@@ -37,6 +40,26 @@ void frmOcuva::showPosition(Integer axis, const std::string& text) {
     sbMain->panel(QString::fromLatin1(keys[axis - axisX]))->setText(QString::fromStdString(text));
 }
 
+void frmOcuva::moveStarted(Integer axis, const std::optional<JournalPosition>& from) {
+    m_information->takeOff(m_moveNote);
+    m_farTarget.reset();
+    m_pictureAge.moveStarted(axis, from);
+}
+
+void frmOcuva::positionShown(const JournalPosition& at) {
+    if (!m_watch.isWatching()) {
+        m_pictureAge.positionRead(at);
+    }
+}
+
+std::shared_ptr<void> frmOcuva::holdInput(const QString& what) {
+    auto hold = std::make_shared<InputGate::Hold>(m_inputGate);
+    if (!what.isEmpty()) {
+        hold->say(what);
+    }
+    return hold;
+}
+
 namespace {
 
 QString stageMoves() { return frmOcuva::tr("Stage moving"); }
@@ -47,7 +70,20 @@ void frmOcuva::moveTakesLong() {
     m_information->showNote(stageMoves(), tr("X, Y and Z are shown when it stands"));
 }
 
-void frmOcuva::watchedMoveEnded() { m_information->takeOff(stageMoves()); }
+void frmOcuva::watchedMoveEnded() {
+    m_information->takeOff(stageMoves());
+    if (const std::optional<JournalPosition> target = std::exchange(m_farTarget, std::nullopt)) {
+        const JournalPosition at = *m_watch.shownPosition();
+        for (const auto& [axis, wanted, reached] :
+             {std::tuple{u'X', target->x, at.x}, {u'Y', target->y, at.y}, {u'Z', target->z, at.z}}) {
+            if (wanted != reached) {
+                showMoveNote(tr("%1 %2 is out of reach").arg(QChar(axis)).arg(wanted),
+                             tr("The stage did not go there: %1 is %2").arg(QChar(axis)).arg(reached));
+                return;
+            }
+        }
+    }
+}
 
 ScreenMetrics frmOcuva::screen() const { return screenMetrics(); }
 
@@ -185,6 +221,19 @@ void frmOcuva::showInformation() {
         state.calibrated = m_pictures->stored()->calibrated;
     }
     m_information->show(state);
+}
+
+void frmOcuva::showMoveNote(const QString& note, const QString& advice) {
+    m_moveNote = note;
+    m_information->showNote(note, advice);
+}
+
+void frmOcuva::showFocusCourse(const FocusCourse& course) {
+    if (course.fromZ && course.toZ) {
+        showMoveNote(tr("Z %1 -> %2").arg(*course.fromZ).arg(*course.toZ));
+    } else if (course.toZ) {
+        showMoveNote(tr("Z %1").arg(*course.toZ));
+    }
 }
 
 void frmOcuva::changeEvent(QEvent* event) {

@@ -41,6 +41,7 @@ MilDisplay::MilDisplay(DisplayWindows& windows, QWidget* parent)
     setAttribute(Qt::WA_NativeWindow);
     setAttribute(Qt::WA_PaintOnScreen, isDrawnByHost());
     setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus); // it does nothing with keys, and so the focus is safe here
     setCursor(Qt::CrossCursor);
     QAccessible::installFactory(accessibleOf); // once, however often it is asked
     setAccessibleName(tr("Live image"));
@@ -167,9 +168,20 @@ void MilDisplay::leaveEvent(QEvent* event) {
     Q_EMIT mouseLeft();
 }
 
-void MilDisplay::mousePressEvent(QMouseEvent* event) { event->accept(); }
+void MilDisplay::mousePressEvent(QMouseEvent* event) {
+    m_isDoubleClick = false;
+    event->accept();
+}
+
+void MilDisplay::mouseDoubleClickEvent(QMouseEvent* event) {
+    m_isDoubleClick = true;
+    event->accept();
+}
 
 void MilDisplay::mouseReleaseEvent(QMouseEvent* event) {
+    if (std::exchange(m_isDoubleClick, false)) {
+        return;
+    }
     const QPointF twips = toTwips(event->position());
     Q_EMIT mouseUp(event->button(), event->modifiers().toInt(), static_cast<float>(twips.x()),
                    static_cast<float>(twips.y()));

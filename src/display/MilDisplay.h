@@ -56,7 +56,8 @@ public:
     const QString& spokenState() const { return m_spokenState; }
 
 Q_SIGNALS:
-    /// x, y in twips from the control's top left corner.
+    /// x, y in twips from the control's top left corner. A double click is one click: only its first release
+    /// is told.
     ///@{
     void mouseMoved(Qt::MouseButton button, int shift, float x, float y);
     void mouseUp(Qt::MouseButton button, int shift, float x, float y);
@@ -70,6 +71,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void leaveEvent(QEvent* event) override;
     bool event(QEvent* event) override;
@@ -89,6 +91,7 @@ private:
     QImage m_pictureAtSize; // the same at the control's size in device pixels
     bool m_frameIsNew = false;
     std::uint64_t m_framesShown = 0;
+    bool m_isDoubleClick = false; // the release to come ends a double click
     QString m_prompt;
     QString m_spokenState;
 };

@@ -202,6 +202,7 @@ void frmSetupStage::ButI_Click(std::size_t point) {
 }
 
 void frmSetupStage::ButX_Click(std::size_t point) {
+    const std::shared_ptr<void> hold = m_context.fOcuva.holdInput();
     const CTnStage& stage = m_context.fOcuva.cxsStage();
     const std::array<std::pair<PointField, Long>, 3> read{
         {{PointField::XS, stage.X()}, {PointField::YS, stage.Y()}, {PointField::ZS, stage.Z()}}};
@@ -335,6 +336,7 @@ bool frmSetupStage::askToMove(const StagePoint& target) {
 }
 
 void frmSetupStage::moveTo(const StagePoint& target) {
+    const std::shared_ptr<void> hold = m_context.fOcuva.holdInput();
     CTnStage& stage = m_context.fOcuva.cxsStage();
     stage.X(target.XSt);
     stage.Y(target.YSt);

@@ -57,11 +57,13 @@ SetupBoardPage::SetupBoardPage(const char* name, const SetupContext& context, Se
     , m_setup(context.board, context.settings, *m_view) {
     makeControls();
     endFrames();
-    connect(cmdInit, &QPushButton::clicked, this, [this] {
+    connect(cmdInit, &QPushButton::clicked, this, [this, &mainWindow = context.mainWindow] {
+        const auto hold = mainWindow.holdInput(tr("Initializing the board…"));
         m_setup.cmdInit_Click();
         Q_EMIT boardChanged();
     });
-    connect(cmdShut, &QPushButton::clicked, this, [this] {
+    connect(cmdShut, &QPushButton::clicked, this, [this, &mainWindow = context.mainWindow] {
+        const auto hold = mainWindow.holdInput(tr("Shutting the board down…"));
         m_setup.cmdShut_Click();
         Q_EMIT boardChanged();
     });

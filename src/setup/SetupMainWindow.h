@@ -4,6 +4,10 @@
 #include "display/MonitorSizing.h"
 #include "settings/Settings.h"
 
+#include <QString>
+
+#include <memory>
+
 namespace ocuva {
 
 /// Lengths on the image in the units that each operation names.
@@ -30,6 +34,9 @@ public:
 
     /// Where the status bar tells it.
     virtual void showMagnification(Long magnification) = 0;
+    /// Keeps pointer and keys away, and tells what is going on, for as long as what it returns lives: around
+    /// host calls that may take long. Null where there is no window to keep them from.
+    virtual std::shared_ptr<void> holdInput(const QString& /*what*/) { return nullptr; }
     /// Whether the image is live, in menu, toolbar and status bar.
     virtual void showAcquisition() = 0;
 };

@@ -1,5 +1,6 @@
 #include "setup/SetupMonitorPage.h"
 
+#include "controls/UpDownBox.h"
 #include "setup/ViewFlags.h"
 
 #include <QSignalBlocker>
@@ -63,7 +64,7 @@ void SetupMonitorPage::makeGrid() {
 }
 
 QSpinBox* SetupMonitorPage::makeUpDown(const char* name, const QString& help, int largest, int step) {
-    auto* upDown = named(new QSpinBox, name, help);
+    auto* upDown = named<QSpinBox>(new UpDownBox, name, help);
     upDown->setRange(1, largest);
     upDown->setSingleStep(step);
     upDown->setAlignment(Qt::AlignRight);

@@ -295,7 +295,7 @@ TEST_F(InformationPanel, GreyLevelsThatWereMeasuredGoAwayWithAnAutofocusFromTheM
         QTest::mouseClick(window().sbMain->panel(QStringLiteral("Info")), Qt::LeftButton);
         EXPECT_THAT(panel("Info"), HasSubstr("mean"));
         focus();
-        EXPECT_EQ(panel("Info"), "Still   1:2   400x");
+        EXPECT_EQ(panel("Info"), "Still   Z 0 -> 0");
     }
 }
 
