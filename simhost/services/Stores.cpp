@@ -1,10 +1,12 @@
 #include "simhost/services/Stores.h"
 
+#include "base/AsideFile.h"
 #include "base/FileLock.h"
 #include "base/RegularFile.h"
 #include "simhost/services/Numerals.h"
 
 #include <algorithm>
+#include <thread>
 
 namespace simhost {
 
@@ -130,6 +132,16 @@ bool Stores::setString(std::string_view section, std::string_view key, std::stri
 /// one's stamp tells them apart.
 bool Stores::write(std::string_view section, std::string_view key, std::string_view value,
                    std::string_view store) {
+    constexpr int attempts = 20; // an editor cannot be that quick
+    for (int n = 0; n < attempts; ++n)
+        if (const std::optional<bool> done = tryToWrite(section, key, value, store))
+            return *done;
+    return refuse(store, "somebody else changes it all the time");
+}
+
+std::optional<bool> Stores::tryToWrite(std::string_view section, std::string_view key, std::string_view value,
+                                       std::string_view store) {
+    waitForEditor(store);
     const Cached cached = copyOfRefreshed(store);
     if (!cached.problem.empty() && !cached.damaged)
         return refuse(store, cached.problem);
@@ -141,8 +153,32 @@ bool Stores::write(std::string_view section, std::string_view key, std::string_v
         return false;
     if (cached.stamp && !cached.damaged && edited.text() == cached.ini.text())
         return true;
-    const std::string problem = replaceFile(pathOf(store), edited.text());
-    return problem.empty() || refuse(store, problem);
+    const std::string expected = cached.damaged ? std::string() : cached.ini.text();
+    const std::error_code error =
+        ocuva::replaceFile(pathOf(store), edited.text(), [&] { return holds(store, expected); });
+    if (error == std::errc::operation_canceled)
+        return std::nullopt;
+    return !error || refuse(store, error.message());
+}
+
+/// An editor that writes in place empties the file first.
+void Stores::waitForEditor(std::string_view store) const {
+    constexpr int looks = 50;
+    constexpr std::chrono::milliseconds pause(10);
+    for (int n = 0; n < looks; ++n) {
+        const std::optional<FileStamp> stamp = fileStamp(pathOf(store));
+        if (!stamp || stamp->size > 0)
+            return;
+        std::this_thread::sleep_for(pause);
+    }
+}
+
+bool Stores::holds(std::string_view store, const std::string& text) const {
+    const FileReading reading = readFile(pathOf(store), IniText::maxBytes);
+    if (reading.state == FileReading::State::absent)
+        return text.empty();
+    // The stamp at last: reading takes long enough for another edit.
+    return reading.text == text && fileStamp(pathOf(store)) == reading.stamp;
 }
 
 bool Stores::moveDamagedAside(std::string_view store) {

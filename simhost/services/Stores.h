@@ -30,7 +30,9 @@ inline constexpr std::int64_t fineSettleNs = 100'000'000;
 bool isSettled(const FileStamp& stamp, std::int64_t nowNs);
 
 /// Any number of processes may read and write the same folder: a read sees every write that was finished
-/// before it, and writers of different keys lose nothing of each other.
+/// before it, and writers of different keys lose nothing of each other. A file that somebody edits by hand,
+/// without the lock, while it is being written here is read again before it is replaced, and what was edited
+/// stays.
 ///
 /// A store name that is empty, is "." or "..", holds a separator, a colon or a control character, or ends
 /// with
@@ -92,6 +94,10 @@ private:
     Cached copyOfRefreshed(std::string_view store);
     bool write(std::string_view section, std::string_view key, std::string_view value,
                std::string_view store);
+    std::optional<bool> tryToWrite(std::string_view section, std::string_view key, std::string_view value,
+                                   std::string_view store);
+    void waitForEditor(std::string_view store) const;
+    bool holds(std::string_view store, const std::string& text) const;
     bool moveDamagedAside(std::string_view store);
     bool refuse(std::string_view store, const std::string& reason);
 

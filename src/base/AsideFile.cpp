@@ -218,7 +218,8 @@ void FormerFile::drop() {
     }
 }
 
-std::error_code replaceFile(const fs::path& file, std::string_view content) {
+std::error_code replaceFile(const fs::path& file, std::string_view content,
+                            const std::function<bool()>& mayReplace) {
     AsideFile aside(file);
     std::error_code error = aside.create();
     if (!error) {
@@ -226,6 +227,9 @@ std::error_code replaceFile(const fs::path& file, std::string_view content) {
     }
     if (!error) {
         error = aside.file().flushToDisk();
+    }
+    if (!error && mayReplace && !mayReplace()) {
+        error = std::make_error_code(std::errc::operation_canceled);
     }
     return error ? error : aside.moveIntoPlace();
 }

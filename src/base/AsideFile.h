@@ -9,6 +9,7 @@
 #include "base/RegularFile.h"
 
 #include <filesystem>
+#include <functional>
 #include <string_view>
 #include <system_error>
 
@@ -68,8 +69,10 @@ private:
 };
 
 /// Gives the file this content as a whole or not at all: written aside, brought to the disk, moved into
-/// place.
-[[nodiscard]] std::error_code replaceFile(const std::filesystem::path& file, std::string_view content);
+/// place. mayReplace is asked right before the move, when the slow part is over; when it says no, nothing has
+/// changed and the error is std::errc::operation_canceled.
+[[nodiscard]] std::error_code replaceFile(const std::filesystem::path& file, std::string_view content,
+                                          const std::function<bool()>& mayReplace = {});
 
 /// Whether this is the name of a file aside or a former file, of whichever target.
 bool isAsideName(std::string_view name);
