@@ -1,7 +1,11 @@
 #include "standards/UnfinishedList.h"
 
+#include "base/AsideFile.h"
+#include "base/RegularFile.h"
+
 #include <algorithm>
-#include <fstream>
+#include <sstream>
+#include <system_error>
 #include <utility>
 
 namespace ocuva {
@@ -25,35 +29,38 @@ bool UnfinishedList::keep(const std::vector<std::string>& names) const {
     if (m_file.empty() || !isText) {
         return false;
     }
-    std::ofstream file(m_file, std::ios::binary);
-    file << firstLine << '\n';
+    std::string text = std::string(firstLine) + '\n';
     for (const std::string& name : names) {
-        file << '+' << name << '\n';
+        text += '+' + name + '\n';
     }
-    file << lastLine << '\n';
-    file.close();
-    if (!file) {
-        drop();
-        return false;
-    }
-    return true;
+    text += std::string(lastLine) + '\n';
+    return !replaceFile(m_file, text);
 }
 
 std::optional<std::vector<std::string>> UnfinishedList::names() const {
-    std::error_code error;
-    if (m_file.empty() || !std::filesystem::is_regular_file(m_file, error)) {
+    if (m_file.empty()) {
         return {};
     }
-    std::ifstream file(m_file, std::ios::binary);
+    constexpr std::size_t mostBytes = std::size_t{16} * 1024 * 1024; // the longest list needs a third of it
+    std::error_code error;
+    const RegularFile file = RegularFile::openToRead(m_file, error);
+    std::optional<std::string> text;
+    if (!error) {
+        text = file.readAll(mostBytes, error);
+    }
+    if (!text) {
+        return {};
+    }
+    std::istringstream lines(*text);
     std::vector<std::string> names;
     std::string line;
-    if (!std::getline(file, line) || line != firstLine) {
+    if (!std::getline(lines, line) || line != firstLine) {
         return {};
     }
-    while (std::getline(file, line) && line.starts_with('+')) {
+    while (std::getline(lines, line) && line.starts_with('+')) {
         names.push_back(line.substr(1));
     }
-    return file && line == lastLine ? std::optional(std::move(names)) : std::nullopt;
+    return lines && line == lastLine ? std::optional(std::move(names)) : std::nullopt;
 }
 
 void UnfinishedList::drop() const {
