@@ -21,7 +21,7 @@ namespace {
 constexpr int usersChangeMs =
     150; // long enough for the window system to tell that it has maximised the window
 
-int area(const QRect& rect) { return rect.isEmpty() ? 0 : rect.width() * rect.height(); }
+int areaOf(const QRect& rect) { return rect.isEmpty() ? 0 : rect.width() * rect.height(); }
 
 int distance(const QRect& rect, const QRect& screen) {
     return (rect.center() - screen.center()).manhattanLength();
@@ -55,7 +55,8 @@ QRect broughtOnScreen(const QRect& rect, const QList<QRect>& screens) {
         return rect;
     }
     const auto better = [&rect](const QRect& a, const QRect& b) {
-        return std::pair(-area(a & rect), distance(rect, a)) < std::pair(-area(b & rect), distance(rect, b));
+        return std::pair(-areaOf(a & rect), distance(rect, a)) <
+               std::pair(-areaOf(b & rect), distance(rect, b));
     };
     const QRect screen = *std::min_element(screens.begin(), screens.end(), better);
     const QSize size = rect.size().boundedTo(screen.size());
@@ -110,10 +111,10 @@ void placeFrame(QWidget& window, const QRect& frame, bool resize) {
     }
     window.move(frame.topLeft());
     if (QWindow* handle = window.windowHandle(); handle != nullptr) {
-        // The widget alone does not do. Until the window system has told the frame, it takes its contents' corner
-        // for the frame's; and a place that it has already it does not pass on, so that a window that is
-        // shown again goes where the window system puts it. A size that the handle has not heard of yet would
-        // bring the corner back.
+        // The widget alone does not do. Until the window system has told the frame, it takes its contents'
+        // corner for the frame's; and a place that it has already it does not pass on, so that a window that
+        // is shown again goes where the window system puts it. A size that the handle has not heard of yet
+        // would bring the corner back.
         handle->resize(window.size());
         handle->setFramePosition(frame.topLeft());
     }

@@ -66,6 +66,7 @@ public:
     /// that to go back to. Before the window is shown.
     void restoreMaximised();
 
+    /// As said above, in milliseconds.
     static constexpr int settleMs = 400;
 
 protected:
