@@ -1,10 +1,24 @@
 #include "app/SleepingWindow.h"
 
+#include <QApplication>
 #include <QWidget>
 
 #include <utility>
 
 namespace ocuva {
+
+namespace {
+
+/// A window manager minimises a window's dialogs with it, and may leave them so when the window comes back.
+void restoreDialogs(const QWidget& main) {
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window != &main && window->isVisible() && window->isMinimized()) {
+            window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+        }
+    }
+}
+
+} // namespace
 
 SleepingWindow::SleepingWindow(QWidget& window, std::function<void(bool minimised)> applyState,
                                std::function<void()> givenUp)
@@ -14,7 +28,14 @@ SleepingWindow::SleepingWindow(QWidget& window, std::function<void(bool minimise
     , m_onScreen(*this) {
     m_clock.start();
     m_timer.setInterval(WindowOnScreen::tickMs);
-    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { m_onScreen.tick(); });
+    QObject::connect(&m_timer, &QTimer::timeout, &m_timer, [this] { tick(); });
+}
+
+void SleepingWindow::tick() {
+    m_onScreen.tick();
+    if (m_window.isVisible() && !m_window.isMinimized()) {
+        restoreDialogs(m_window);
+    }
 }
 
 WindowPresence SleepingWindow::look() const { return presenceOf(m_window); }

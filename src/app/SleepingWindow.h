@@ -35,6 +35,7 @@ public:
     void letGo() { m_onScreen.letGo(); }
 
 private:
+    void tick();
     WindowPresence look() const override;
     void show() override;
     void hide() override;
