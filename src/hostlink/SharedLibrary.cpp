@@ -80,6 +80,12 @@ bool isCutOff(const std::filesystem::path& file) {
 
 SharedLibrary::SharedLibrary(const std::filesystem::path& file)
     : m_file(file) {
+    std::error_code error;
+    if (file.has_parent_path() && std::filesystem::exists(file, error) &&
+        !std::filesystem::is_regular_file(file, error)) {
+        m_error = "it is not a file"; // a pipe would be waited for
+        return;
+    }
     if (file.has_parent_path() && isCutOff(file)) {
         m_error = "the file is cut off";
         return;

@@ -6,6 +6,9 @@
 #include <array>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#ifndef _WIN32
+#include <sys/stat.h>
+#endif
 
 namespace ocuva {
 namespace {
@@ -78,6 +81,15 @@ TEST(LibraryHost, ALibraryThatIsCutOffIsNamedAndNotLoaded) {
         folder.write(fileOf("tn_video"), whole.substr(0, length));
         EXPECT_THAT(folder.whyNot(), HasSubstr(file.string() + " cannot be loaded: the file is cut off"));
     }
+}
+#endif
+
+#ifndef _WIN32
+TEST(LibraryHost, APipeInThePlaceOfALibraryIsNamedAndNotWaitedFor) {
+    const HostFolder folder;
+    folder.remove("tn_video");
+    ASSERT_EQ(::mkfifo((folder.path() / fileOf("tn_video")).c_str(), 0600), 0);
+    EXPECT_THAT(folder.whyNot(), HasSubstr(fileOf("tn_video") + " cannot be loaded: it is not a file"));
 }
 #endif
 
