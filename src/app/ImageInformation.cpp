@@ -121,6 +121,15 @@ QString ImageInformation::liveText() const {
     return rate > 0.0 ? tr("Live %1 frames/s").arg(rate, 0, 'f', 1) : tr("Live");
 }
 
+QString ImageInformation::zoomText() const {
+    if (!m_state.scale) {
+        return tr("1:%1").arg(m_state.zoomDivisor);
+    }
+    const QString x = QString::fromStdString(scaleText(m_state.scale->x));
+    const QString y = QString::fromStdString(scaleText(m_state.scale->y));
+    return m_state.scale->stretched && x != y ? tr("stretched %1 x %2").arg(x, y) : x;
+}
+
 QString ImageInformation::nextStep() const {
     if (!m_state.grabbing) {
         return m_state.boardReady ? tr("Live (F7) starts the live image")
@@ -139,10 +148,13 @@ void ImageInformation::showPrompt() {
 void ImageInformation::showStoredText() {
     const QString what = tr("Picture %1").arg(m_state.storedPicture);
     const QString calibration = m_state.calibrated ? tr("calibrated") : tr("no calibration");
+    const QString stretched = m_state.scale && m_state.scale->stretched ? zoomText() : QString();
     // Neither the zoom nor the magnification says anything about it.
     m_panel.setLamp(lampStored);
-    m_panel.setText((m_note.isEmpty() ? QStringList{what, calibration} : QStringList{tr("Picture"), m_note})
-                        .join(QStringLiteral("   ")));
+    QStringList shown =
+        m_note.isEmpty() ? QStringList{what, calibration, stretched} : QStringList{tr("Picture"), m_note};
+    shown.removeAll(QString());
+    m_panel.setText(shown.join(QStringLiteral("   ")));
     QStringList all{tr("Stored picture %1").arg(m_state.storedPicture),
                     m_state.calibrated ? tr("Point at it to read stage positions")
                                        : tr("No calibration: no stage positions"),
@@ -162,7 +174,7 @@ void ImageInformation::showText() {
         return;
     }
     const QString live = liveText();
-    const QString zoom = tr("1:%1").arg(m_state.zoomDivisor);
+    const QString zoom = zoomText();
     const QString magnification = tr("%1x").arg(m_magnification);
     // A note takes the place of the rest, which would otherwise push it out of sight.
     QStringList shown = m_note.isEmpty() ? QStringList{live, zoom, magnification}

@@ -6,9 +6,12 @@
 #include "app/StatusBar.h"
 #include "base/Types.h"
 #include "display/MilDisplay.h"
+#include "display/MonitorFit.h"
 
 #include <QElapsedTimer>
 #include <QTimer>
+
+#include <optional>
 
 namespace ocuva {
 
@@ -19,6 +22,8 @@ struct ImageState {
     QString storedPicture;   ///< its bare name; empty while the camera's image is shown
     bool calibrated = false; ///< whether the stored picture can be turned into stage positions
     bool boardReady = true;  ///< a grab can be expected to start
+    /// Of what is shown; nothing before it is known.
+    std::optional<ShownScale> scale = {};
 
     bool operator==(const ImageState&) const = default;
 };
@@ -57,6 +62,8 @@ private:
     void checkLive();
     void showText();
     QString liveText() const;
+    /// "1:2", or both scales when they differ.
+    QString zoomText() const;
     void showStoredText();
     /// What the operator can do next about the camera's image.
     QString nextStep() const;

@@ -73,6 +73,7 @@ frmOcuva::frmOcuva(const MainWindowContext& context)
     setContextMenuPolicy(Qt::NoContextMenu);
     makeControls();
     makeTimers();
+    makeWatches();
     connectControls();
 }
 
@@ -177,6 +178,7 @@ void frmOcuva::Load() {
     m_notifier->Subscribe("DST_APP=TN_OCUVA_SERVER");
     m_loaded = true;
     showStartState();
+    m_fit->start();
     tInitTBMain->start();
 }
 
@@ -317,6 +319,7 @@ void frmOcuva::mnuZoom_Click() {
     m_normalZoom = !wasNormal;
     ComputeImageSize(true, wasNormal ? 2 : 1);
     ResizeAll(true);
+    m_fit->imageSized();
 }
 
 void frmOcuva::mmuBckl_Click() {
@@ -364,6 +367,7 @@ void frmOcuva::DoFocus() {
         const auto hold = holdInput(tr("Focusing…"));
         guardedForHost([&] { course = doFocus(m_stage, m_watch, *m_board, *m_image); });
     }
+    m_magnificationWatch->readSoon();
     showInformation(); // grey levels of the image before the focus are not those of this one
     showFocusCourse(course);
 }
@@ -412,6 +416,8 @@ void frmOcuva::exitOperation() {
     tServerCheckIdle->stop();
     tInitTBMain->stop();
     m_sleeping.letGo();
+    m_fit->stop();
+    m_magnificationWatch->stop();
     if (m_frmSetup) {
         m_frmSetup->close();
     }

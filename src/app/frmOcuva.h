@@ -4,6 +4,7 @@
 
 #include "app/HelpMenu.h"
 #include "app/ImageInformation.h"
+#include "app/MagnificationWatch.h"
 #include "app/MainMenu.h"
 #include "app/MonitorPanels.h"
 #include "app/Overlays.h"
@@ -13,6 +14,7 @@
 #include "app/SleepingWindow.h"
 #include "app/Standards.h"
 #include "app/StatusBar.h"
+#include "app/WindowFit.h"
 #include "app/toolbar/MainToolbar.h"
 #include "app/toolbar/ToolbarLayoutStore.h"
 #include "autofocus/DoFocus.h"
@@ -229,6 +231,9 @@ private:
     void showFocusCourse(const FocusCourse& course);
     /// As ImageInformation::showNote, until the next move begins.
     void showMoveNote(const QString& note, const QString& advice = {});
+    void makeWatches();
+    bool cameraImageIsSeen() const;
+    std::optional<ShownScale> scaleOf(const QSize& picture) const;
 
     // StageWatchView
     Long monitorColour() const override;
@@ -247,6 +252,7 @@ private:
     void setCrossLengths(const CrossLengths& cross) override { m_sizing.setCrossLengths(cross); }
     void setGridLengths(const GridLengths& grid) override { m_sizing.setGridLengths(grid); }
     void showMagnification(Long magnification) override;
+    void cameraChanged() override;
     void showAcquisition() override;
 
     // MonitorView
@@ -305,9 +311,12 @@ private:
     PictureAge m_pictureAge;
     QString m_moveNote;                         // about the last move
     std::optional<JournalPosition> m_farTarget; // of the move that is watched
+    WindowFit* m_fit = nullptr;
+    MagnificationWatch* m_magnificationWatch = nullptr;
 
     bool m_normalZoom = false; // the mark of "&Normal (1:1)"; not set at start, where the divisor is 2
     bool m_vgaMouse = false;   // taken once at start
+    bool m_wasLeft = false;    // another window was active since the magnification was read
     bool m_loaded = false;
     bool m_exiting = false;
 };

@@ -5,9 +5,11 @@
 #include "display/TwipsGeometry.h"
 #include "platform/Desktop.h"
 #include "setup/frmSetup.h"
+#include "video/DisplayHandOver.h"
 
 #include <QApplication>
 #include <QEvent>
+#include <QScreen>
 #include <QStatusTipEvent>
 
 #include <tuple>
@@ -72,6 +74,7 @@ void frmOcuva::moveTakesLong() {
 
 void frmOcuva::watchedMoveEnded() {
     m_information->takeOff(stageMoves());
+    m_magnificationWatch->readSoon();
     if (const std::optional<JournalPosition> target = std::exchange(m_farTarget, std::nullopt)) {
         const JournalPosition at = *m_watch.shownPosition();
         for (const auto& [axis, wanted, reached] :
@@ -114,8 +117,19 @@ TwipsRect frmOcuva::rect(MonitorPart part) const {
     return toTwips(widget->geometry());
 }
 
+namespace {
+
+// A host may claim a picture of any size; nothing larger than all screens together is ever laid out.
+QSize bounded(const QSize& size, const QScreen& screen) {
+    constexpr QSize ordinary(4096, 4096);
+    return size.expandedTo(QSize(0, 0)).boundedTo(screen.virtualSize().expandedTo(ordinary));
+}
+
+} // namespace
+
 void frmOcuva::setRect(MonitorPart part, const TwipsRect& rect) {
-    partWidget(part)->setGeometry(toPixels(rect));
+    const QRect pixels = toPixels(rect);
+    partWidget(part)->setGeometry(QRect(pixels.topLeft(), bounded(pixels.size(), *QWidget::screen())));
 }
 
 Long frmOcuva::windowWidth() const { return twipsX(width()); }
@@ -124,9 +138,14 @@ Long frmOcuva::windowHeight() const { return twipsY(height()); }
 
 bool frmOcuva::windowIsMaximised() const { return isMaximized() || isFullScreen(); }
 
-void frmOcuva::setWindowSize(Long width, Long height) { resize(pixelsX(width), pixelsY(height)); }
+void frmOcuva::setWindowSize(Long width, Long height) {
+    resize(bounded({pixelsX(width), pixelsY(height)}, *QWidget::screen()));
+}
 
-Long frmOcuva::displayHandle() const { return m_panels->milDisp->hWnd(); }
+Long frmOcuva::displayHandle() const {
+    m_fit->boardReducesAsZoomSays(); // whoever asks for the handle hands the display over
+    return m_panels->milDisp->hWnd();
+}
 
 void frmOcuva::enableAcq(bool on) { tbMain->setEnabled(QStringLiteral("Acq"), on); }
 
@@ -140,10 +159,48 @@ void frmOcuva::refreshState() {
     UpdateStagePos();
     showZoom();
     showAcquisition();
-    m_information->showMagnification(m_settings.readVideoMag());
+    showMagnification(m_settings.readVideoMag());
 }
 
-void frmOcuva::showMagnification(Long magnification) { m_information->showMagnification(magnification); }
+void frmOcuva::showMagnification(Long magnification) {
+    m_magnificationWatch->shown(magnification);
+    m_information->showMagnification(magnification);
+}
+
+bool frmOcuva::cameraImageIsSeen() const {
+    return m_loaded && !m_exiting && isVisible() && !isMinimized() && !m_pictures->stored();
+}
+
+void frmOcuva::makeWatches() {
+    m_fit = new WindowFit({*this, *m_panels->milDisp, m_sizing,
+                           [this] {
+                               ComputeImageSize(false, 2);
+                               ResizeAll(false);
+                           },
+                           [this](Integer reduction) {
+                               handDisplayToBoard(m_context.host.tn_video(), m_panels->milDisp->hWnd(),
+                                                  reduction, m_normalZoom);
+                           },
+                           [this](const QString& line) { log(line); }});
+    m_magnificationWatch = new MagnificationWatch({[this] { return cameraImageIsSeen(); },
+                                                   [this] { return m_magnification.read(); },
+                                                   [this](const Magnification& now) {
+                                                       guardedForHost([this] { DrawMicroMarker(); });
+                                                       showMagnification(now.magnification);
+                                                   }},
+                                                  this);
+}
+
+// After the page's own handler: another picture is sized as by a change of the zoom.
+void frmOcuva::cameraChanged() {
+    QTimer::singleShot(0, this, [this] {
+        if (!m_exiting && m_sizing.bufferHasChanged()) {
+            ComputeImageSize(true, m_sizing.fields().GrabZoom);
+            ResizeAll(true);
+            m_fit->imageSized();
+        }
+    });
+}
 
 void frmOcuva::makePictures() {
     choosePictureToOpen = [this](const QString& folder) { return ocuva::choosePictureToOpen(*this, folder); };
@@ -173,13 +230,19 @@ void frmOcuva::imageChanged() {
 
 std::optional<Magnification> frmOcuva::shownMagnification() const {
     const bool isStored = m_pictures != nullptr && m_pictures->stored().has_value();
-    return isStored ? m_pictures->stored()->field() : m_magnification.read();
+    if (isStored) {
+        return m_pictures->stored()->field();
+    }
+    const Magnification now = m_magnification.read();
+    m_magnificationWatch->drawn(now);
+    return now;
 }
 
 void frmOcuva::showAcquisition() {
     const bool grabbing = m_board != nullptr && m_board->IsGrabbing();
     m_menu->action("mnuAcq")->setChecked(grabbing);
     tbMain->setValue(QStringLiteral("Acq"), grabbing);
+    m_magnificationWatch->setLive(grabbing);
     showInformation();
 }
 
@@ -216,9 +279,11 @@ void frmOcuva::showInformation() {
                      {},
                      false,
                      m_board == nullptr || m_board->isReady()};
+    state.scale = scaleOf({m_sizing.fields().GrabSizeX, m_sizing.fields().GrabSizeY});
     if (m_pictures != nullptr && m_pictures->stored()) {
         state.storedPicture = m_pictures->stored()->bareName();
         state.calibrated = m_pictures->stored()->calibrated;
+        state.scale = scaleOf(m_pictures->stored()->picture.image.size());
     }
     m_information->show(state);
 }
@@ -236,11 +301,23 @@ void frmOcuva::showFocusCourse(const FocusCourse& course) {
     }
 }
 
+std::optional<ShownScale> frmOcuva::scaleOf(const QSize& picture) const {
+    const QSize display = m_panels->milDisp->size();
+    return shownScale({picture.width(), picture.height()}, {display.width(), display.height()});
+}
+
 void frmOcuva::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     // Another palette or font changes the toolbar's height and the frames with it.
     if (event->type() == QEvent::StyleChange && m_loaded && !m_exiting) {
         ResizeAll(false);
+    }
+    if (event->type() == QEvent::ActivationChange) {
+        if (isActiveWindow() && std::exchange(m_wasLeft, false)) {
+            m_magnificationWatch->readSoon();
+        } else if (!isActiveWindow()) {
+            m_wasLeft = true;
+        }
     }
 }
 

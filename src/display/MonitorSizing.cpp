@@ -89,6 +89,24 @@ void MonitorSizing::readBufferSize(Integer nZoom) {
     }
 }
 
+Long MonitorSizing::aroundImageX() const {
+    return m_extraWidth + aroundImageWidth + m_view.rect(MonitorPart::frMonitor).left;
+}
+
+Long MonitorSizing::aroundImageY() const {
+    return m_extraHeight + aroundImageHeight + imageInsetTop + imageInsetBottom +
+           m_view.rect(MonitorPart::frMonitor).top;
+}
+
+bool MonitorSizing::bufferHasChanged() {
+    TarnBufferDesc descriptor{sizeof(TarnBufferDesc), 0, 0, 0, 0};
+    const Long handle = m_video.TarnVideoBufferAlloc(&descriptor, TARN_BUFFER_CURRENT);
+    if (handle == TARN_BUFFER_NONE || m_video.TarnVideoGetBufferDesc(handle, &descriptor) == 0) {
+        return false;
+    }
+    return descriptor.width != m_fields.GrabSizeX || descriptor.height != m_fields.GrabSizeY;
+}
+
 void MonitorSizing::setCrossLengths(const CrossLengths& cross) {
     m_fields.CrossSize = toLong(checkedDivide(cross.CrossSize, m_fields.GrabZoom));
     m_fields.CrossWidth = cross.CrossWidth;

@@ -75,6 +75,16 @@ public:
     void setGridLengths(const GridLengths& grid);
     ///@}
 
+    /// What the window has around the image, twips: constant while the frames are.
+    ///@{
+    Long aroundImageX() const;
+    Long aroundImageY() const;
+    ///@}
+
+    /// Asks the board whether its picture has another size than the one last computed with. A board that has
+    /// none to tell changes nothing.
+    bool bufferHasChanged();
+
     /// As the last computation left them.
     const MonitorFields& fields() const { return m_fields; }
 

@@ -89,8 +89,83 @@ FigureRegions figureRegions(const std::vector<QRect>& bars, bool outlined) {
     return figure;
 }
 
+namespace {
+
+std::vector<QRect> changed(const std::vector<QRect>& bars, int by, bool hollowOnly) {
+    std::vector<QRect> result;
+    result.reserve(bars.size());
+    for (const QRect& bar : bars) {
+        if (!hollowOnly || isHollow(bar)) {
+            result.push_back(grown(bar, by));
+        }
+    }
+    return result;
+}
+
+void fill(QPainter& painter, const QColor& colour, const std::vector<QRect>& rects) {
+    painter.setBrush(colour);
+    painter.drawRects(rects.data(), static_cast<int>(rects.size()));
+}
+
+// The pixels of parallel bars with their outlines. Added in their order, one after the other: a region is
+// quick then.
+QRegion pixelsOf(const std::vector<QRect>& bars, bool outlined) {
+    const int edge = outlined ? outlinePixels : 0;
+    QRegion pixels;
+    QRegion ends; // of hollow bars
+    for (const QRect& bar : bars) {
+        const QRect whole = grown(bar, edge);
+        if (!isHollow(bar)) {
+            pixels += whole;
+            continue;
+        }
+        const QRect open = grown(bar, -rimPixels - edge);
+        const bool upright = bar.height() >= bar.width();
+        QRect near = whole;
+        QRect far = whole;
+        QRect first = whole;
+        QRect last = whole;
+        (upright ? near : first).setRight(open.left() - 1);
+        (upright ? far : last).setLeft(open.right() + 1);
+        (upright ? first : near).setBottom(open.top() - 1);
+        (upright ? last : far).setTop(open.bottom() + 1);
+        pixels += near;
+        pixels += far;
+        ends += first;
+        ends += last;
+    }
+    return pixels + ends;
+}
+
+} // namespace
+
+void ManyBars::paint(QPainter& painter, const OverlayWidget& colours, bool seeThrough) const {
+    const QColor ring = outlined ? colours.outlineColour : QColor(Qt::transparent);
+    painter.setPen(Qt::NoPen);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    if (outlined) {
+        fill(painter, colours.outlineColour, changed(bars, outlinePixels, false));
+    }
+    fill(painter, colours.coreColour, bars);
+    fill(painter, ring, changed(bars, -rimPixels, true));
+    if (seeThrough) {
+        fill(painter, Qt::transparent, changed(bars, -rimPixels - outlinePixels, true));
+    }
+}
+
+void BarFrame::placeMany(const QRect& area, std::shared_ptr<const ManyBars> bars, const QRegion& pixels) {
+    m_bar = area;
+    m_part = {};
+    m_many = std::move(bars);
+    m_drawn = {};
+    setGeometry(grown(area, outlinePixels));
+    cutDownTo(pixels.translated(-pos()));
+    update();
+}
+
 void BarFrame::place(const QRect& bar, const FigureRegions& figure) {
     m_bar = bar;
+    m_many.reset();
     const QRect part = grown(bar, outlinePixels);
     m_part = {figure.core.intersected(part).translated(-part.topLeft()),
               figure.outline.intersected(part).translated(-part.topLeft())};
@@ -102,13 +177,18 @@ void BarFrame::place(const QRect& bar, const FigureRegions& figure) {
 
 QImage BarFrame::draw() const {
     // Without holes it is copied, not blended.
-    const bool solid = (QRegion(rect()) - m_part.core - m_part.outline).isEmpty();
+    const bool solid = m_many == nullptr && (QRegion(rect()) - m_part.core - m_part.outline).isEmpty();
     QImage image(size() * devicePixelRatioF(),
                  solid ? QImage::Format_RGB32 : QImage::Format_ARGB32_Premultiplied);
     image.setDevicePixelRatio(devicePixelRatioF());
     image.fill(solid ? Qt::black : Qt::transparent);
     QPainter painter(&image);
-    m_part.paint(painter, *this);
+    if (m_many != nullptr) {
+        painter.translate(-pos());
+        m_many->paint(painter, *this, !isWindowOfItsOwn());
+    } else {
+        m_part.paint(painter, *this);
+    }
     return image;
 }
 
@@ -139,31 +219,70 @@ void OverlayFigure::place(const std::vector<PixelRect>& bars, bool outlined) {
     for (const PixelRect& bar : bars) {
         rects.emplace_back(bar.left, bar.top, bar.width, bar.height);
     }
-    const FigureRegions figure = figureRegions(rects, outlined);
-    const bool dense = rects.size() > mostSeparateBars;
-    if (dense && m_sheet == nullptr) {
-        m_sheet = add(m_name + QStringLiteral("Sheet"));
-    }
-    if (m_sheet != nullptr) {
-        m_sheet->place(dense ? figure.core.boundingRect() : QRect(), figure);
-    }
-    while (m_bars.size() < rects.size()) {
-        m_bars.push_back(add(m_name + QString::number(m_bars.size())));
-    }
-    for (std::size_t i = 0; i < m_bars.size(); ++i) {
-        m_bars[i]->place(i < rects.size() ? rects[i] : QRect(), dense ? FigureRegions{} : figure);
+    if (rects.size() > mostSeparateBars) {
+        placeSeparately({}, outlined);
+        placeOnSheets(std::move(rects), outlined);
+    } else {
+        emptySheets();
+        placeSeparately(rects, outlined);
     }
     show(m_shown);
 }
 
+void OverlayFigure::placeSeparately(const std::vector<QRect>& bars, bool outlined) {
+    const FigureRegions figure = figureRegions(bars, outlined);
+    while (m_bars.size() < bars.size()) {
+        m_bars.push_back(add(m_name + QString::number(m_bars.size())));
+    }
+    for (std::size_t i = 0; i < m_bars.size(); ++i) {
+        const bool isUsed = i < bars.size();
+        m_bars[i]->place(isUsed ? bars[i] : QRect(), isUsed ? figure : FigureRegions{});
+    }
+}
+
+void OverlayFigure::placeOnSheets(std::vector<QRect> bars, bool outlined) {
+    QRect area;
+    std::vector<QRect> upright;
+    std::vector<QRect> level;
+    for (const QRect& bar : bars) {
+        area |= bar;
+        (bar.height() >= bar.width() ? upright : level).push_back(bar);
+    }
+    const auto many = std::make_shared<const ManyBars>(ManyBars{std::move(bars), outlined});
+    BarFrame& first = sheet(0);
+    if (!first.isWindowOfItsOwn()) {
+        first.placeMany(area, many, {});
+        return;
+    }
+    first.placeMany(area, many, pixelsOf(upright, outlined));
+    sheet(1).placeMany(area, many, pixelsOf(level, outlined));
+}
+
+void OverlayFigure::emptySheets() {
+    for (BarFrame* sheet : m_sheets) {
+        if (sheet != nullptr) {
+            sheet->place({}, {});
+        }
+    }
+}
+
+BarFrame& OverlayFigure::sheet(std::size_t index) {
+    BarFrame*& made = m_sheets.at(index);
+    if (made == nullptr) {
+        made = add(m_name + QStringLiteral("Sheet%1").arg(index));
+    }
+    return *made;
+}
+
 void OverlayFigure::show(bool on) {
     m_shown = on;
-    const bool dense = m_sheet != nullptr && !m_sheet->bar().isEmpty();
-    if (m_sheet != nullptr) {
-        m_sheet->setVisible(on && dense);
+    for (BarFrame* sheet : m_sheets) {
+        if (sheet != nullptr) {
+            sheet->setVisible(on && !sheet->bar().isEmpty());
+        }
     }
     for (BarFrame* bar : m_bars) {
-        bar->setVisible(on && !dense && !bar->bar().isEmpty());
+        bar->setVisible(on && !bar->bar().isEmpty());
     }
 }
 

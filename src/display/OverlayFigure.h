@@ -9,6 +9,8 @@
 #include <QRegion>
 #include <QWidget>
 
+#include <array>
+#include <memory>
 #include <vector>
 
 namespace ocuva {
@@ -62,8 +64,19 @@ struct FigureRegions {
 /// that it does not hide the picture.
 FigureRegions figureRegions(const std::vector<QRect>& bars, bool outlined);
 
-/// One bar of a figure. It is drawn once and then laid over every frame: filling thin bars anew each time is
-/// slow, above all upright ones.
+/// A figure of many bars. It is painted in passes over all of them, so that it costs as much as it has bars:
+/// the crossings of a fine grid are many more.
+struct ManyBars {
+    std::vector<QRect> bars; ///< in pixels of the display
+    bool outlined = false;
+
+    /// As figureRegions() would have it. With seeThrough, what a hollow bar leaves free becomes transparent,
+    /// else it is painted in the outline's colour.
+    void paint(QPainter& painter, const OverlayWidget& colours, bool seeThrough) const;
+};
+
+/// One bar of a figure, or a sheet with many of them. It is drawn once and then laid over every frame:
+/// filling thin bars anew each time is slow, above all upright ones.
 class BarFrame final : public OverlayWidget {
     Q_OBJECT
 
@@ -74,6 +87,9 @@ public:
 
     /// Takes its part of the figure; bar in pixels of the display.
     void place(const QRect& bar, const FigureRegions& figure);
+    /// Takes many bars; area is what they cover without their outlines, and pixels what a window of its own
+    /// is cut down to.
+    void placeMany(const QRect& area, std::shared_ptr<const ManyBars> bars, const QRegion& pixels);
     /// As placed last, without its outline.
     const QRect& bar() const { return m_bar; }
 
@@ -85,7 +101,8 @@ private:
 
     QRect m_bar;
     FigureRegions m_part;
-    QImage m_drawn; // null: to be drawn
+    std::shared_ptr<const ManyBars> m_many; // null for a single bar
+    QImage m_drawn;                         // null: to be drawn
 };
 
 /// An array of bars that are shown and hidden together. Its controls are named after it and numbered from 0,
@@ -103,20 +120,25 @@ public:
     /// As show() said last; false before that.
     bool isShown() const { return m_shown; }
 
-    /// All controls ever made for it, those left over too.
+    /// All controls ever made for single bars, those left over too; at most mostSeparateBars.
     const std::vector<BarFrame*>& bars() const { return m_bars; }
 
-    /// Figures of more bars are shown as one control across them, their bars only keep their places: laying
-    /// one large picture over each frame then costs less than many small ones.
+    /// Figures of more bars are shown as one control across them: laying one large picture over each frame
+    /// then costs less than many small ones. Where the host draws the picture they are two, one of the
+    /// upright and one of the level bars, so that each is cut to as many pieces as it has bars.
     static constexpr std::size_t mostSeparateBars = 24;
 
 private:
     BarFrame* add(const QString& name);
+    BarFrame& sheet(std::size_t index);
+    void placeSeparately(const std::vector<QRect>& bars, bool outlined);
+    void placeOnSheets(std::vector<QRect> bars, bool outlined);
+    void emptySheets();
 
     QString m_name;
     QWidget* m_display;
     std::vector<BarFrame*> m_bars;
-    BarFrame* m_sheet = nullptr; // across all bars; an empty one while they are shown themselves
+    std::array<BarFrame*, 2> m_sheets{}; // across all bars; empty while they are shown themselves
     bool m_shown = false;
 };
 

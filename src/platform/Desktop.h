@@ -16,6 +16,10 @@ void bringWindowToTop(QWidget& window);
 /// are no window classes.
 bool runsInDevelopmentEnvironment(quintptr window);
 
+/// Whether any button of the mouse is held down, wherever the pointer is: also while the window system moves
+/// or sizes a window for the operator, of which the program hears nothing else.
+bool anyMouseButtonIsDown();
+
 /// Freezes the drawing of a widget, for the time that it is filled.
 class FrozenDrawing {
 public:

@@ -35,6 +35,15 @@ bool runsInDevelopmentEnvironment(quintptr window) {
     return first != nullptr && environment != nullptr && moduleInstance(environment) == moduleInstance(first);
 }
 
+bool anyMouseButtonIsDown() {
+    for (const int button : {VK_LBUTTON, VK_RBUTTON, VK_MBUTTON}) {
+        if (GetAsyncKeyState(button) < 0) {
+            return true;
+        }
+    }
+    return false;
+}
+
 FrozenDrawing::FrozenDrawing(QWidget& widget)
     : m_widget(widget) {
     m_widget.setUpdatesEnabled(false);

@@ -47,6 +47,7 @@ private:
 SetupCameraPage::SetupCameraPage(const char* name, const SetupContext& context, QWidget* parent)
     : SetupPage(name, context.report, parent)
     , m_memory(context.memory)
+    , m_mainWindow(context.mainWindow)
     , m_view(std::make_unique<View>(*this))
     , m_setup(context.host.tn_video(), context.board, context.cameraWindow, m_view.get()) {
     makeInput();
@@ -143,8 +144,10 @@ void SetupCameraPage::makeSignal() {
 
 void SetupCameraPage::connectControls() {
     for (std::size_t i = 0; i < optCam.size(); ++i) {
-        connect(optCam.at(i), &QRadioButton::clicked, this,
-                [this, i] { m_setup.optCam_Click(static_cast<Long>(i)); });
+        connect(optCam.at(i), &QRadioButton::clicked, this, [this, i, &mainWindow = m_mainWindow] {
+            m_setup.optCam_Click(static_cast<Long>(i));
+            mainWindow.cameraChanged();
+        });
     }
     for (const CameraReferenceRow& row : cameraReferences) {
         const auto i = static_cast<std::size_t>(row.reference);

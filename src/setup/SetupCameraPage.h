@@ -56,6 +56,7 @@ private:
     void gain_Change();
 
     SetupMemory& m_memory;
+    SetupMainWindow& m_mainWindow;
     std::unique_ptr<View> m_view;
     CameraSetup m_setup;
 };

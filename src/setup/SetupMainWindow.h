@@ -37,6 +37,9 @@ public:
     /// Keeps pointer and keys away, and tells what is going on, for as long as what it returns lives: around
     /// host calls that may take long. Null where there is no window to keep them from.
     virtual std::shared_ptr<void> holdInput(const QString& /*what*/) { return nullptr; }
+    /// The camera or the board is another one: its picture may have another size. The image is sized for it
+    /// once the handler that called this has ended.
+    virtual void cameraChanged() {}
     /// Whether the image is live, in menu, toolbar and status bar.
     virtual void showAcquisition() = 0;
 };

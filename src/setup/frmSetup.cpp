@@ -36,6 +36,7 @@ frmSetup::frmSetup(const SetupContext& context, QWidget* owner)
     connect(boardPage, &SetupBoardPage::boardChanged, this, [this] {
         cameraPage->refresh();
         m_context.mainWindow.showAcquisition();
+        m_context.mainWindow.cameraChanged();
     });
     connect(cmdSaveDefault, &QPushButton::clicked, this, &frmSetup::cmdSaveDefault_Click);
     connect(cmdClose, &QPushButton::clicked, this, &QWidget::close);

@@ -248,7 +248,7 @@ TEST_F(InformationPanel, TellsStillZoomAndMagnification) {
 TEST_F(InformationPanel, ReadsTheMagnificationWhenTheWindowIsRefreshed) {
     host.settings["TARN.INI|tn_video|VideoMag"] = "250";
     resizeBy(10, 10);
-    EXPECT_EQ(panel("Info"), "Still   1:2   250x");
+    EXPECT_EQ(panel("Info"), "Still   stretched 1:1.95 x 1:1.93   250x");
 }
 
 TEST_F(InformationPanel, AClickMeasuresTheGreyLevelsAndReadsTheStage) {
