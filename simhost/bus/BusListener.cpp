@@ -22,7 +22,8 @@ constexpr auto againAfter = 250ms;
 
 BusListener::BusListener(std::shared_ptr<const PeerFolder> peers)
     : m_peers(std::move(peers))
-    , m_peerName(newPeerName()) {
+    , m_peerName(newPeerName())
+    , m_presence(m_peers) {
     m_server.setListenBacklogSize(listenBacklog);
     m_server.setMaxPendingConnections(maxWaiting);
     m_again.setSingleShot(true);
@@ -33,14 +34,6 @@ BusListener::BusListener(std::shared_ptr<const PeerFolder> peers)
         }
     });
     QObject::connect(&m_again, &QTimer::timeout, &m_context, [this] { openAgain(); });
-}
-
-BusListener::~BusListener() { withdraw(); }
-
-void BusListener::withdraw() {
-    if (std::exchange(m_announced, false)) {
-        m_peers->withdraw(m_peerName);
-    }
 }
 
 bool BusListener::listen() {
@@ -54,8 +47,8 @@ bool BusListener::open() {
     if (!listenForUser(m_server, m_peerName)) {
         return false;
     }
-    m_announced = m_peers->announce(m_peerName, {machineName(), m_server.fullServerName().toStdString()});
-    if (!m_announced) {
+    if (!m_presence.announce(m_peerName, {machineName(), m_server.fullServerName().toStdString()})) {
+        m_presence.withdraw();
         m_server.close();
         return true; // and announce has said why
     }
@@ -79,7 +72,7 @@ void BusListener::openAgain() {
         outOfDescriptors();
     }
     // Under another name: a sender that has met the closed door is about to clear the old one away.
-    withdraw();
+    m_presence.withdraw();
     m_peerName = newPeerName();
     if (open() && isListening()) {
         m_shortageLine.log(*m_peers, "Messages: there were no descriptors left for another connection; "

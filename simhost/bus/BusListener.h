@@ -1,7 +1,7 @@
 #pragma once
 // The door of a notifier: the local socket that others connect to, and the peer file that names it.
 
-#include "simhost/bus/PeerFolder.h"
+#include "simhost/bus/PeerPresence.h"
 #include "simhost/bus/SeldomLine.h"
 
 #include <QLocalServer>
@@ -23,7 +23,7 @@ public:
     /// Listens nowhere yet.
     explicit BusListener(std::shared_ptr<const PeerFolder> peers);
     /// Withdraws the peer file.
-    ~BusListener();
+    ~BusListener() = default;
     BusListener(const BusListener&) = delete;
     BusListener& operator=(const BusListener&) = delete;
 
@@ -50,11 +50,10 @@ private:
     bool open();
     void watchTheDoor();
     void openAgain();
-    void withdraw();
 
     std::shared_ptr<const PeerFolder> m_peers;
     std::string m_peerName;
-    bool m_announced = false;
+    PeerPresence m_presence;
     SeldomLine m_shortageLine;
     QLocalServer m_server;
     QTimer m_again;

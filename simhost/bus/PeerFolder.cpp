@@ -1,8 +1,8 @@
 #include "simhost/bus/PeerFolder.h"
 
+#include "base/AsideFile.h"
+
 #include <algorithm>
-#include <fstream>
-#include <iterator>
 #include <string_view>
 #include <system_error>
 #include <utility>
@@ -21,6 +21,8 @@ namespace {
 constexpr std::string_view extension = ".peer";
 constexpr std::string_view firstLine = "bus peer 1";
 constexpr std::size_t maxFileBytes = 4096;
+constexpr std::string_view notOurs =
+    "the folder \"peers\" of the data folder cannot be used: it is no folder, or it is open to other users";
 
 #ifdef _WIN32
 // The folder inherits the access rights of the user's data folder.
@@ -49,8 +51,7 @@ bool PeerFolder::isOurs() const {
     if (belongsToUserAlone(m_folder)) {
         return true;
     }
-    log("Messages: the folder \"peers\" of the data folder cannot be used: it is no folder, or it is open to "
-        "other users");
+    log("Messages: " + std::string(notOurs));
     return false;
 }
 
@@ -58,31 +59,38 @@ fs::path PeerFolder::fileOf(const std::string& peerName) const {
     return m_folder / (peerName + std::string(extension));
 }
 
-bool PeerFolder::announce(const std::string& peerName, const Peer& peer) const {
+std::string PeerFolder::whyNotAnnounced(const std::string& peerName, const Peer& peer) const {
     std::error_code error;
-    fs::create_directories(m_folder.parent_path(), error);
     if (fs::create_directory(m_folder, error)) {
         fs::permissions(m_folder, fs::perms::owner_all, error);
     }
-    if (!isOurs()) {
-        return false;
+    if (!belongsToUserAlone(m_folder)) {
+        return error ? "the folder \"peers\" of the data folder cannot be made: " + error.message()
+                     : std::string(notOurs);
     }
-    // Written aside, so that nobody ever reads half a file.
-    const fs::path file = fileOf(peerName);
-    fs::path aside = file;
-    aside += ".new";
-    std::ofstream stream(aside, std::ios::binary);
-    stream << firstLine << '\n' << peer.machine << '\n' << peer.socket;
-    stream.close();
-    if (stream) {
-        fs::rename(aside, file, error);
+    error = ocuva::replaceFile(fileOf(peerName),
+                               std::string(firstLine) + '\n' + peer.machine + '\n' + peer.socket);
+    return error ? "no file can be written into the folder \"peers\" of the data folder: " + error.message()
+                 : std::string();
+}
+
+bool PeerFolder::announce(const std::string& peerName, const Peer& peer) const {
+    std::error_code error;
+    fs::create_directories(m_folder.parent_path(), error);
+    const std::string problem = whyNotAnnounced(peerName, peer);
+    if (!problem.empty()) {
+        log("Messages: " + problem);
     }
-    if (!stream || error) {
-        log("Messages: no file can be written into the folder \"peers\" of the data folder");
-        fs::remove(aside, error);
-        return false;
-    }
-    return true;
+    return problem.empty();
+}
+
+bool PeerFolder::announceQuietly(const std::string& peerName, const Peer& peer) const {
+    return whyNotAnnounced(peerName, peer).empty();
+}
+
+bool PeerFolder::isThere(const std::string& peerName) const {
+    std::error_code error;
+    return fs::exists(fs::symlink_status(fileOf(peerName), error));
 }
 
 void PeerFolder::withdraw(const std::string& peerName) const {
@@ -106,11 +114,10 @@ std::vector<std::string> PeerFolder::names() const {
 }
 
 std::optional<Peer> PeerFolder::read(const std::string& peerName) const {
-    std::ifstream stream(fileOf(peerName), std::ios::binary);
-    std::string text(maxFileBytes, '\0');
-    stream.read(text.data(), static_cast<std::streamsize>(text.size()));
-    text.resize(static_cast<std::size_t>(stream.gcount()));
-
+    std::error_code error;
+    const ocuva::RegularFile file = ocuva::RegularFile::openToRead(fileOf(peerName), error);
+    const std::string text =
+        file.isOpen() ? file.readAll(maxFileBytes, error).value_or(std::string()) : std::string();
     const std::size_t endOfFirst = text.find('\n');
     const std::size_t endOfMachine =
         endOfFirst == std::string::npos ? endOfFirst : text.find('\n', endOfFirst + 1);

@@ -25,8 +25,15 @@ public:
     /// The folder is not looked at yet. An empty log keeps silent.
     PeerFolder(const std::filesystem::path& dataFolder, BusLog log);
 
-    /// Makes the peer's file, whole at once. False, after a log line, when that cannot be done.
+    /// Makes the peer's file, whole at once, and the folder where needed. False, after a log line, when that
+    /// cannot be done.
     bool announce(const std::string& peerName, const Peer& peer) const;
+    /// The same without a log line, and only where the data folder itself is there.
+    bool announceQuietly(const std::string& peerName, const Peer& peer) const;
+    /// Whether that peer's file is there.
+    bool isThere(const std::string& peerName) const;
+    /// As given at its making, with "peers" behind it.
+    const std::filesystem::path& path() const { return m_folder; }
     /// Removes the peer's file.
     void withdraw(const std::string& peerName) const;
     /// The names of all peers, sorted; empty when there is no folder.
@@ -38,6 +45,7 @@ public:
     void log(const std::string& line) const;
 
 private:
+    std::string whyNotAnnounced(const std::string& peerName, const Peer& peer) const;
     bool isOurs() const;
     std::filesystem::path fileOf(const std::string& peerName) const;
 

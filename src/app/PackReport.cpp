@@ -128,7 +128,8 @@ void PackReport::run() {
     const BusyPointer busy;
     const ReportSurroundings& surroundings = m_context.surroundings;
     ReportContents contents{stem.toStdString(), dataFiles(surroundings.dataFolder, surroundings.keeper),
-                            versionsText(m_context.window, surroundings, uniqueObjectKey(m_context.keys))};
+                            versionsText(m_context.window, surroundings, uniqueObjectKey(m_context.keys)),
+                            QDir::homePath().toStdString()};
     for (ReportFile& file : traceFiles(surroundings.trace)) {
         contents.files.push_back(std::move(file));
     }

@@ -1,12 +1,12 @@
 #include "app/PictureDialogs.h"
 
 #include "controls/FileFilter.h"
+#include "controls/UserRegistry.h"
 
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
-#include <QSettings>
 #include <QStandardPaths>
 
 namespace ocuva {
@@ -18,10 +18,7 @@ const auto pictureKinds = QStringLiteral("TIFF (*.tif):*.tif"
                                          "|BMP (*.bmp):*.bmp");
 const auto folderPath = QStringLiteral("Pictures/Folder");
 
-QSettings store() {
-    return {QSettings::NativeFormat, QSettings::UserScope, QString::fromLatin1(registryOrganisation),
-            QString::fromLatin1(productTitle)};
-}
+UserRegistry store() { return UserRegistry(); }
 
 } // namespace
 

@@ -1,6 +1,7 @@
 #include "app/RunningCopies.h"
 #include "base/Product.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QDir>
 
@@ -40,8 +41,9 @@ struct RunningCopies::Entry {
     const bool wasThere;
 };
 
-RunningCopies::RunningCopies(const QString& scope)
-    : m_scope(scope) {
+RunningCopies::RunningCopies(const QString& scope, std::chrono::milliseconds patience)
+    : m_scope(scope)
+    , m_patience(patience) {
     m_anotherWasRunning = look(Enter::Always).run;
 }
 
@@ -51,19 +53,23 @@ RunningCopies::Others RunningCopies::look(Enter enter) {
     auto entry = std::make_unique<Entry>(mutexName(m_scope));
     const Others others{entry->wasThere, start->wasThere};
     if (enter == Enter::Always || !others.run) {
-        m_ownStart = std::move(start);
-        m_ownEntry = std::move(entry);
+        if (entry->mutex == nullptr && !others.run) {
+            m_problem = QCoreApplication::translate(
+                "main", "It cannot be found out whether another copy is running.");
+        }
+        m_ownStart.push_back(std::move(start));
+        m_ownEntry.push_back(std::move(entry));
     }
     return others;
 }
 
 RunningCopies::~RunningCopies() = default;
 
-void RunningCopies::startedUp() { m_ownStart.reset(); }
+void RunningCopies::startedUp() { m_ownStart.clear(); }
 
 void RunningCopies::leave() {
-    m_ownEntry.reset();
-    m_ownStart.reset();
+    m_ownEntry.clear();
+    m_ownStart.clear();
 }
 
 } // namespace ocuva

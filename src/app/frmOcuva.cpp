@@ -374,6 +374,8 @@ void frmOcuva::DoFocus() {
 
 void frmOcuva::Shutdown() { m_board->Shutdown(); }
 
+void frmOcuva::showNote(const QString& note, const QString& advice) { m_information->showNote(note, advice); }
+
 void frmOcuva::m_notifier_OnNotify(const Notification& notification) {
     guardedForHost([this, &notification] { m_server->onNotify(notification); });
 }

@@ -116,6 +116,9 @@ public:
     /// Puts the video board down.
     void Shutdown();
 
+    /// Shows a note in the information panel until the state changes; the advice is its tip.
+    void showNote(const QString& note, const QString& advice);
+
     /// Runs a command as its menu item, shortcut or toolbar key does.
     void run(Command command);
 

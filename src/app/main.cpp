@@ -2,13 +2,16 @@
 
 #include "app/Appearance.h"
 #include "app/HostChoice.h"
+#include "app/KeepingWatch.h"
 #include "app/RunningCopies.h"
+#include "app/SecondStart.h"
 #include "app/modInter.h"
 #include "base/Product.h"
 #include "controls/HostMessageBox.h"
 #include "hostlink/CrashNote.h"
 #include "hostlink/LibraryHost.h"
 #include "hostlink/LoadWatch.h"
+#include "hostlink/ObservedHost.h"
 #include "hostlink/TracingHost.h"
 #include "journal/Journal.h"
 #include "platform/Notice.h"
@@ -27,6 +30,7 @@
 #include <filesystem>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 namespace {
@@ -36,6 +40,8 @@ using namespace ocuva;
 constexpr int exitNoDisplay = 2;
 constexpr int exitNoHost = 3;
 constexpr std::chrono::seconds startPatience{60}; // with a slow board; then the other copy is woken on trust
+constexpr int exitNoCopies = 4;                   // it cannot be found out whether another copy runs
+constexpr int exitNotReached = 5;                 // another copy runs and does not answer
 
 std::string commandLineText(int argc, char** argv) {
     std::string text;
@@ -177,23 +183,67 @@ std::string timeNow() {
     return now.toOffsetFromUtc(now.offsetFromUtc()).toString(Qt::ISODateWithMs).toStdString();
 }
 
-int runOn(Host& host, DisplayWindows& windows, const std::string& commandLine, const ChosenHost& chosen,
+/// A start that found another copy, and woke it or not. A copy that nobody can reach must not make every
+/// further start end without a word.
+int endAsSecond(Host& host, bool taken, bool serverMode) {
+    constexpr std::chrono::seconds patience{15}; // a start takes no longer, on the slowest of machines
+    if (serverMode || taken || wakeWithin(host.tn_ocuva(), patience)) {
+        return EXIT_SUCCESS;
+    }
+    refuseToStart(QCoreApplication::translate("main",
+                                              "Another copy of %1 is running, but it does not answer. "
+                                              "Close it, or end its process, and start again.")
+                      .arg(QString::fromLatin1(productTitle))
+                      .toLocal8Bit()
+                      .toStdString(),
+                  serverMode);
+    return exitNotReached;
+}
+
+int runOn(Host& askedHost, DisplayWindows& windows, const std::string& commandLine, const ChosenHost& chosen,
           const QString& traceFile) {
     const std::unique_ptr<Automation> automation = systemAutomation();
     std::optional<RunningCopies> copies;
-    const auto anotherCopyIsRunning = [&] { return copies.emplace(chosen.dataFolder).anotherWasRunning(); };
-    Journal journal(std::filesystem::path(chosen.dataFolder.toStdU16String()) / "journal.csv", timeNow,
-                    [&host](const std::string& trouble) {
-                        host.tn_log().TarnPrintfVB(("The journal " + trouble + ".\n").c_str());
-                    });
-    const ReportSurroundings report{chosen.dataFolder.toStdU16String(), chosen.keeper, chosen.description,
-                                    commandLine, traceFile.toStdU16String()};
+    const auto anotherCopyIsRunning = [&] {
+        copies.emplace(chosen.dataFolder);
+        return copies->problem().isEmpty() ? copies->anotherWasRunning()
+                                           : throw std::runtime_error(copies->problem().toLocal8Bit());
+    };
+    modInter* window = nullptr;
+    const std::filesystem::path dataFolder(chosen.dataFolder.toStdU16String());
+    KeepingWatch keeping(dataFolder, [&window](const QString& note, const QString& advice) {
+        if (window != nullptr) {
+            window->mainWindow().showNote(note, advice);
+        }
+    });
+    bool wakeTaken = false;
+    ObservedHost host(askedHost,
+                      {[&keeping] { keeping.lost(); }, [&wakeTaken](bool taken) { wakeTaken = taken; }});
+    Journal journal(dataFolder / "journal.csv", timeNow, [&](const std::string& trouble) {
+        host.tn_log().TarnPrintfVB(("The journal " + trouble + ".\n").c_str());
+        keeping.lost();
+    });
+    const ReportSurroundings report{dataFolder, chosen.keeper, chosen.description, commandLine,
+                                    traceFile.toStdU16String()};
     modInter inter({host, windows, *automation, commandLine, anotherCopyIsRunning, chosen.title,
                     [] { QCoreApplication::exit(EXIT_SUCCESS); }, chosen.minuteMs,
                     [&journal](const JournalEntry& entry) { journal.write(entry); }, report,
                     [&copies] { return copies->waitUntilOthersAreUp(startPatience); },
                     [&copies] { copies->startedUp(); }});
-    return inter.Main() ? QApplication::exec() : EXIT_SUCCESS;
+    try {
+        if (!inter.Main()) {
+            const bool knowsAnswer = chosen.keeper == Keeper::program;
+            return endAsSecond(host, wakeTaken || !knowsAnswer, inter.flags().serverMode);
+        }
+    } catch (const std::exception& error) {
+        if (copies && copies->problem().isEmpty()) {
+            throw;
+        }
+        refuseToStart(error.what(), inter.flags().serverMode);
+        return exitNoCopies;
+    }
+    window = &inter;
+    return QApplication::exec();
 }
 
 } // namespace

@@ -1,13 +1,12 @@
 #include "controls/WindowPlace.h"
 
-#include "base/Product.h"
 #include "controls/InSight.h"
 #include "controls/ScrollableContents.h"
+#include "controls/UserRegistry.h"
 
 #include <QApplication>
 #include <QEvent>
 #include <QScreen>
-#include <QSettings>
 #include <QStyle>
 #include <QWindow>
 
@@ -27,10 +26,7 @@ int distance(const QRect& rect, const QRect& screen) {
     return (rect.center() - screen.center()).manhattanLength();
 }
 
-QSettings registry() {
-    return {QSettings::NativeFormat, QSettings::UserScope, QString::fromLatin1(registryOrganisation),
-            QString::fromLatin1(productTitle)};
-}
+UserRegistry registry() { return UserRegistry(); }
 
 QString keyOf(const QString& window) { return QStringLiteral("WindowPlaces/") + window; }
 QString maximisedKeyOf(const QString& window) { return keyOf(window) + QStringLiteral("Maximised"); }
@@ -84,7 +80,7 @@ bool WindowPlaceStore::loadMaximised(const QString& window) const {
 }
 
 void WindowPlaceStore::saveMaximised(const QString& window, bool maximised) const {
-    QSettings store = registry();
+    UserRegistry store = registry();
     if (maximised) {
         store.setValue(maximisedKeyOf(window), true);
     } else {

@@ -1,6 +1,7 @@
 #include "report/Report.h"
 
 #include "base/AsideFile.h"
+#include "report/ShortPaths.h"
 
 #include <algorithm>
 #include <archive.h>
@@ -118,25 +119,77 @@ void fillUp(ArchiveFile& archive, std::uintmax_t bytes) {
     }
 }
 
-std::string packOpened(ArchiveFile& archive, const RegularFile& source, std::uintmax_t bytes) {
-    std::array<char, 65536> block{};
-    std::uintmax_t left = bytes;
-    while (left > 0) {
-        std::error_code error;
-        const std::size_t got = source.read(
-            block.data(), static_cast<std::size_t>(std::min<std::uintmax_t>(left, block.size())), error);
-        if (got == 0) {
-            fillUp(archive, left);
-            return "could be read up to byte " + std::to_string(bytes - left) + " only; zeros follow";
-        }
-        archive.write({block.data(), got});
-        left -= got;
+/// The lines of the file's first bytes, each with its paths shortened. What is no text comes in pieces.
+class ShortenedLines {
+public:
+    ShortenedLines(const RegularFile& source, std::uintmax_t bytes, const std::string& home)
+        : m_source(source)
+        , m_left(bytes)
+        , m_home(home) {
+        source.rewind();
     }
-    return {};
+
+    /// The next line with its end; empty at the end, or where the file has got shorter.
+    std::string next() {
+        constexpr std::size_t longestLine = 1024 * 1024;
+        std::size_t end = m_read.find('\n');
+        while (end == std::string::npos && m_read.size() < longestLine && readOn()) {
+            end = m_read.find('\n', m_read.size() - m_added);
+        }
+        const std::size_t length = end == std::string::npos ? m_read.size() : end + 1;
+        const std::string line = withShortPaths(std::string_view(m_read).substr(0, length), m_home);
+        m_read.erase(0, length);
+        return line;
+    }
+    /// What the file no longer has.
+    std::uintmax_t missing() const { return m_left; }
+
+private:
+    bool readOn() {
+        std::array<char, 65536> block{};
+        std::error_code error;
+        m_added = m_source.read(
+            block.data(), static_cast<std::size_t>(std::min<std::uintmax_t>(m_left, block.size())), error);
+        m_read.append(block.data(), m_added);
+        m_left -= m_added;
+        return m_added > 0;
+    }
+
+    const RegularFile& m_source;
+    std::uintmax_t m_left;
+    const std::string& m_home;
+    std::string m_read;
+    std::size_t m_added = 0;
+};
+
+/// How long the lines are together, as the archive must know beforehand.
+std::uintmax_t shortenedBytes(const RegularFile& source, std::uintmax_t bytes, const std::string& home) {
+    ShortenedLines lines(source, bytes, home);
+    std::uintmax_t total = 0;
+    for (std::string line = lines.next(); !line.empty(); line = lines.next()) {
+        total += line.size();
+    }
+    return total + lines.missing();
+}
+
+std::string packOpened(ArchiveFile& archive, const RegularFile& source, std::uintmax_t bytes,
+                       std::uintmax_t shortened, const std::string& home) {
+    ShortenedLines lines(source, bytes, home);
+    std::uintmax_t left = shortened;
+    for (std::string line = lines.next(); !line.empty() && left > 0; line = lines.next()) {
+        line.resize(static_cast<std::size_t>(std::min<std::uintmax_t>(line.size(), left)));
+        archive.write(line);
+        left -= line.size();
+    }
+    fillUp(archive, left);
+    return lines.missing() == 0 ? std::string()
+                                : "could be read up to byte " + std::to_string(bytes - lines.missing()) +
+                                      " only; zeros follow";
 }
 
 /// What is wrong with the file, as a clause; empty when it is packed whole.
-std::string pack(ArchiveFile& archive, const ReportFile& file, const std::string& nameInArchive) {
+std::string pack(ArchiveFile& archive, const ReportFile& file, const std::string& nameInArchive,
+                 const std::string& home) {
     std::error_code error;
     const std::filesystem::file_status status = std::filesystem::symlink_status(file.path, error);
     if (status.type() == std::filesystem::file_type::not_found) {
@@ -150,8 +203,9 @@ std::string pack(ArchiveFile& archive, const ReportFile& file, const std::string
         return "cannot be read: " + error.message();
     }
     const std::uintmax_t bytes = source.size();
-    archive.begin(nameInArchive, bytes, lastChange(file.path));
-    std::string trouble = packOpened(archive, source, bytes);
+    const std::uintmax_t shortened = shortenedBytes(source, bytes, home);
+    archive.begin(nameInArchive, shortened, lastChange(file.path));
+    std::string trouble = packOpened(archive, source, bytes, shortened, home);
     archive.end();
     return trouble;
 }
@@ -167,9 +221,9 @@ void packReport(const std::filesystem::path& target, const ReportContents& conte
         fail(target, error.message());
     }
     ArchiveFile archive(file.file(), file.target());
-    std::string versions = contents.versions + "\nFiles:\n";
+    std::string versions = withShortPaths(contents.versions, contents.home) + "\nFiles:\n";
     for (const ReportFile& source : contents.files) {
-        const std::string trouble = pack(archive, source, contents.folder + "/" + source.name);
+        const std::string trouble = pack(archive, source, contents.folder + "/" + source.name, contents.home);
         versions.append("  ")
             .append(source.name)
             .append(trouble.empty() ? "" : " ")
