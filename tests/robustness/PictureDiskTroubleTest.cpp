@@ -115,7 +115,7 @@ TEST(PictureDiskTrouble, AFullTemporaryFolderIsNamedWhenTheCamerasImageDoesNotFi
             };
             std::string said;
             try {
-                cameraImage(image, stage, {400, 2560.0F, 1920.0F});
+                cameraImage(image, stage, {400, 2560.0F, 1920.0F}, QString());
             } catch (const PictureFileError& error) {
                 said = error.what();
             }
