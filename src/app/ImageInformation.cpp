@@ -52,6 +52,14 @@ void ImageInformation::showMagnification(Long magnification) {
     show(m_state);
 }
 
+void ImageInformation::showCalibration(const CalibrationWords& words, bool first) {
+    if (words != m_calibration || first != m_calibrationFirst) {
+        m_calibration = words;
+        m_calibrationFirst = first;
+        showText();
+    }
+}
+
 void ImageInformation::frameShown() {
     m_lastSeenFrame = m_display.shownFrame();
     if (!m_watch.frameCame(m_clock.elapsed()) || !m_state.grabbing) {
@@ -147,17 +155,15 @@ void ImageInformation::showPrompt() {
 
 void ImageInformation::showStoredText() {
     const QString what = tr("Picture %1").arg(m_state.storedPicture);
-    const QString calibration = m_state.calibrated ? tr("calibrated") : tr("no calibration");
     const QString stretched = m_state.scale && m_state.scale->stretched ? zoomText() : QString();
     // Neither the zoom nor the magnification says anything about it.
     m_panel.setLamp(lampStored);
     QStringList shown =
-        m_note.isEmpty() ? QStringList{what, calibration, stretched} : QStringList{tr("Picture"), m_note};
+        m_note.isEmpty() ? QStringList{what, m_calibration.panel, stretched} : QStringList{tr("Picture"), m_note};
     shown.removeAll(QString());
     m_panel.setText(shown.join(QStringLiteral("   ")));
     QStringList all{tr("Stored picture %1").arg(m_state.storedPicture),
-                    m_state.calibrated ? tr("Point at it to read stage positions")
-                                       : tr("No calibration: no stage positions"),
+                    m_calibration.tip,
                     tr("Live (F7) brings the live image back")};
     all << m_note << m_advice;
     all.removeAll(QString());
@@ -179,13 +185,18 @@ void ImageInformation::showText() {
     // A note takes the place of the rest, which would otherwise push it out of sight.
     QStringList shown = m_note.isEmpty() ? QStringList{live, zoom, magnification}
                                          : QStringList{m_state.grabbing ? tr("Live") : live, m_note};
+    if (m_note.isEmpty() && !m_calibration.panel.isEmpty()) {
+        shown.insert(m_calibrationFirst ? 1 : shown.size(), m_calibration.panel);
+    }
     if (!m_note.isEmpty() && !m_panel.hasRoomFor(shown.join(QStringLiteral("   ")))) {
         shown.removeFirst(); // the lamp says it too
     }
     const bool failing = m_state.grabbing ? m_watch.hasStopped() : !m_state.boardReady;
     m_panel.setLamp(failing ? lampStopped : m_state.grabbing ? lampLive : lampStill);
     m_panel.setText(shown.join(QStringLiteral("   ")));
-    QStringList all{live, tr("Zoom %1").arg(zoom), tr("Magnification %1").arg(magnification)};
+    QStringList all{live, tr("Zoom %1").arg(zoom), tr("Magnification %1").arg(magnification),
+                    m_calibration.panel, m_calibration.tip};
+    all.removeAll(QString());
     if (m_note.isEmpty()) {
         all << nextStep() << tr("Click here to measure the grey levels");
     } else {

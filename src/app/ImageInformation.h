@@ -7,6 +7,7 @@
 #include "base/Types.h"
 #include "display/MilDisplay.h"
 #include "display/MonitorFit.h"
+#include "pictures/CalibrationWords.h"
 
 #include <QElapsedTimer>
 #include <QTimer>
@@ -20,7 +21,6 @@ struct ImageState {
     bool grabbing = false;   ///< a grab was started and not ended
     Integer zoomDivisor = 2; ///< 1 or 2
     QString storedPicture;   ///< its bare name; empty while the camera's image is shown
-    bool calibrated = false; ///< whether the stored picture can be turned into stage positions
     bool boardReady = true;  ///< a grab can be expected to start
     /// Of what is shown; nothing before it is known.
     std::optional<ShownScale> scale = {};
@@ -42,6 +42,11 @@ public:
     void showMagnification(Long magnification);
     /// Whether frames should come and do not.
     bool hasStopped() const { return m_state.grabbing && m_watch.hasStopped(); }
+    /// What is said of the calibration of the picture shown; a note stays. first: before all but the state of
+    /// the image, where positions are computed by it.
+    void showCalibration(const CalibrationWords& words, bool first);
+    /// The magnification as it was shown last; 0 before that.
+    Long magnification() const { return m_magnification; }
     /// A frame was drawn: counts for the rate and as a sign of life.
     void frameShown();
     /// Shows measured grey levels until the state changes.
@@ -76,6 +81,8 @@ private:
     LiveWatch m_watch;
     ImageState m_state;
     Long m_magnification = 0;
+    CalibrationWords m_calibration;
+    bool m_calibrationFirst = false;
     FramePtr m_lastSeenFrame;
     QString m_note;
     QString m_advice;

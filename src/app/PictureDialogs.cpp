@@ -7,6 +7,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QStandardPaths>
 
 namespace ocuva {
@@ -44,6 +45,22 @@ bool askToSaveAnyway(QWidget& owner, const QString& losses) {
                     QMessageBox::Save | QMessageBox::Cancel, &owner);
     box.setDefaultButton(QMessageBox::Cancel);
     return box.exec() == QMessageBox::Save;
+}
+
+DescriptionChoice askForDescription(QWidget& owner, const DescriptionWarning& warning) {
+    QMessageBox box(QMessageBox::Warning, QObject::tr("Save As"), warning.text, QMessageBox::Cancel, &owner);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(warning.more);
+    QPushButton* omit = box.addButton(QObject::tr("Save &Without"), QMessageBox::AcceptRole);
+    omit->setToolTip(QObject::tr("Save the picture without a description"));
+    QPushButton* write = box.addButton(QObject::tr("Write It &Anyway"), QMessageBox::DestructiveRole);
+    write->setToolTip(QObject::tr("Save the picture with the description of the other view"));
+    box.setDefaultButton(omit);
+    box.setEscapeButton(QMessageBox::Cancel);
+    box.exec();
+    return box.clickedButton() == omit    ? DescriptionChoice::Omit
+           : box.clickedButton() == write ? DescriptionChoice::Write
+                                          : DescriptionChoice::Cancel;
 }
 
 QString PictureFolder::last() const {

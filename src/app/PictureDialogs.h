@@ -2,6 +2,7 @@
 // The common file dialogs for pictures, and the folder that they open in.
 
 #include "base/Product.h"
+#include "pictures/CalibrationWords.h"
 
 #include <QString>
 #include <QWidget>
@@ -15,6 +16,12 @@ QString choosePictureToSave(QWidget& owner, const QString& folder);
 
 /// Shows what a save would lose; true when the operator saves all the same. Cancel is the default.
 bool askToSaveAnyway(QWidget& owner, const QString& losses);
+
+/// What is done about a description of another view.
+enum class DescriptionChoice { Omit, Write, Cancel };
+/// Tells the operator that the calibration is not that of the picture, and asks. Enter omits the description,
+/// Escape cancels.
+DescriptionChoice askForDescription(QWidget& owner, const DescriptionWarning& warning);
 
 /// The folder that a picture was saved to or opened from last, kept from one start to the next in the user's
 /// registry beside the toolbar's layout ("Pictures/Folder"); else the user's folder for pictures.

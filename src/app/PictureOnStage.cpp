@@ -28,7 +28,8 @@ PictureOnStage::PictureOnStage(const PictureOnStageContext& context)
     : m_context(context)
     , m_frmSetupStage(std::make_unique<frmSetupStage>(
           SetupStageContext{context.calibration, context.host.tn_reg(), context.host.tn_log(),
-                            context.host.tn_micro_proxy(), context.fOcuva, context.report, context.log},
+                            context.host.tn_micro_proxy(), context.fOcuva, context.report, context.log,
+                            context.shownView, context.changed},
           &context.window)) {}
 
 PictureOnStage::~PictureOnStage() = default;
@@ -49,7 +50,8 @@ void PictureOnStage::showPointedPosition(Single x, Single y, const TwipsRect& di
     m_pointing = true;
     try {
         const PicturePoint pointed = placeOn(display, x, y);
-        const StagePoint stage = calibration().ComputeStagePosition(pointed.XPic, pointed.YPic);
+        calibration();
+        const StagePoint stage = viewed().position(pointed.XPic, pointed.YPic);
         showPosition(m_context.sbMain, QString::number(stage.XSt), QString::number(stage.YSt),
                      QString::number(stage.ZSt));
         m_failing = false;

@@ -4,6 +4,7 @@
 
 #include "app/StatusBar.h"
 #include "display/MonitorView.h"
+#include "pictures/ViewedCalibration.h"
 #include "pictures/frmSetupStage.h"
 
 #include <functional>
@@ -24,6 +25,8 @@ struct PictureOnStageContext {
     QWidget& window;                            ///< owns the dialog
     std::function<void(const QString&)> report; ///< shows an error and writes it to the log
     std::function<void(const QString&)> log;    ///< writes an error to the log, and nothing else
+    std::function<CalibrationView()> shownView; ///< what is on the monitor, as it was read last
+    std::function<void()> changed;              ///< the calibration was accepted or taken up
 };
 
 /// Places x, y are in twips on the display, which the picture fills. The first operation that needs the
@@ -36,6 +39,9 @@ public:
 
     /// The calibration; the one accepted last unless another was computed since the start.
     Calibration& calibration();
+
+    /// The calibration as the view on the monitor sees it; does not take up the one accepted last.
+    ViewedCalibration viewed() const { return {m_context.calibration, m_context.shownView()}; }
 
     /// Opens the calibration dialog beside the window.
     void openDialog();

@@ -1,9 +1,12 @@
 #include "app/Pictures.h"
 
+#include "pictures/CalibrationQuality.h"
+#include "pictures/CalibrationVerdict.h"
 #include "pictures/CameraImage.h"
 #include "pictures/PictureDescription.h"
 #include "pictures/PictureFile.h"
 #include "pictures/SaveWarnings.h"
+#include "pictures/ViewNotes.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>
@@ -15,11 +18,11 @@ namespace {
 
 std::filesystem::path pathOf(const QString& name) { return {name.toStdU16String()}; }
 
-bool neverCalibrated(const CalibrationPoints& points) { return points.points == CalibrationPoints{}.points; }
-
 } // namespace
 
 QString StoredPicture::bareName() const { return QFileInfo(name).fileName(); }
+
+CalibrationView StoredPicture::view() const { return {name.toStdString(), placeOf(picture.notes)}; }
 
 std::optional<Magnification> StoredPicture::field() const {
     if (!picture.scale.isKnown()) {
@@ -47,10 +50,18 @@ void Pictures::save() {
     }
     m_folder.remember(name);
     log(QObject::tr("Save to file: '%1'").arg(name));
-    const Picture picture = m_stored ? m_stored->picture
-                                     : cameraImage(m_context.image, m_context.stage,
-                                                   m_context.magnification.read(), howToGetAnImage());
-    savePicture(pathOf(name), picture, m_context.calibration().points);
+    Picture picture = m_stored ? m_stored->picture
+                               : cameraImage(m_context.image, m_context.stage,
+                                             m_context.magnification.read(), howToGetAnImage());
+    std::optional<CalibrationPoints> points;
+    if (!chooseDescription(picture, points)) {
+        return;
+    }
+    if (points) {
+        savePicture(pathOf(name), picture, *points);
+    } else {
+        savePictureAlone(pathOf(name), picture);
+    }
     m_context.information.showNote(QObject::tr("Save to file: '%1'").arg(QFileInfo(name).fileName()));
     if (m_context.saved) {
         m_context.saved(name);
@@ -62,6 +73,22 @@ QString Pictures::howToGetAnImage() const {
     return m_context.board.isReady()
                ? QObject::tr("Start the live image (F7); if this happens again, see the host's log")
                : QObject::tr("The board is not ready. Initialize it: Setup (Alt+T), tab Board");
+}
+
+bool Pictures::chooseDescription(Picture& picture, std::optional<CalibrationPoints>& points) {
+    const Calibration& calibration = m_context.calibration();
+    const CalibrationView shown = m_stored ? m_stored->view() : CalibrationView{{}, placeOf(picture.notes)};
+    const auto warning = descriptionWarning(calibration, ViewedCalibration(calibration, shown));
+    const DescriptionChoice choice =
+        warning ? m_context.askForDescription(*warning) : DescriptionChoice::Write;
+    if (choice == DescriptionChoice::Cancel) {
+        return false;
+    }
+    if (choice == DescriptionChoice::Write) {
+        points = calibration.points;
+    }
+    noteCalibration(picture.notes, calibration.isMade() ? points : std::nullopt, calibration.view, shown);
+    return true;
 }
 
 void Pictures::open() {
@@ -77,11 +104,26 @@ void Pictures::open() {
     m_context.panels.milDisp->showPicture(m_stored->picture.image);
     show();
     // After the picture is to be seen: a box about its description stands over the picture that it is about.
-    m_stored->calibrated = takeCalibration(name);
+    m_stored->described = takeCalibration();
     show();
+    if (m_stored->described) {
+        nameWeakPoints();
+    }
 }
 
-bool Pictures::takeCalibration(const QString& name) {
+void Pictures::nameWeakPoints() {
+    for (const CalibrationRemark& remark : calibrationQuality(m_context.calibration().points).remarks) {
+        if (leavesNoPlane(remark)) {
+            const QString sentence = remarkText(remark);
+            log(QObject::tr("The description of '%1': %2").arg(m_stored->name, sentence));
+            m_context.information.showNote(QObject::tr("calibrated, but every Z is 0"), sentence);
+            return;
+        }
+    }
+}
+
+bool Pictures::takeCalibration() {
+    const QString& name = m_stored->name;
     std::error_code error;
     if (!std::filesystem::exists(descriptionName(pathOf(name)), error)) {
         return false;
@@ -89,9 +131,10 @@ bool Pictures::takeCalibration(const QString& name) {
     try {
         Calibration read = m_context.calibration();
         read.points = readDescription(pathOf(name));
-        if (neverCalibrated(read.points)) {
+        if (!read.isMade()) {
             return false;
         }
+        read.view = viewOfPoints(read.points, m_stored->picture.notes, m_stored->view());
         read.ComputeStagePlan();
         read.ComputePicturePlan();
         m_context.calibration().assign(read);

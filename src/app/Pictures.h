@@ -6,6 +6,7 @@
 #include "app/MonitorPanels.h"
 #include "app/PictureDialogs.h"
 #include "pictures/Calibration.h"
+#include "pictures/CalibrationWords.h"
 #include "pictures/Picture.h"
 #include "stage/CTnStage.h"
 #include "video/CTnVideoBoard.h"
@@ -43,6 +44,8 @@ struct PicturesContext {
     ///@}
     /// Asks whether to save although that loses what the text says.
     std::function<bool(const QString&)> saveAnyway;
+    /// What to do about a description of another view.
+    std::function<DescriptionChoice(const DescriptionWarning&)> askForDescription;
     /// Shows an error that leaves the picture on the screen.
     std::function<void(const QString&)> report;
     /// The window shows another image now: live or still, stored or not.
@@ -53,12 +56,14 @@ struct PicturesContext {
 
 /// A stored picture that is shown in place of the live image.
 struct StoredPicture {
-    QString name;            ///< full
-    Picture picture;         ///< as it was read
-    bool calibrated = false; ///< the calibration is the one of its description
+    QString name;           ///< full
+    Picture picture;        ///< as it was read
+    bool described = false; ///< the calibration was read from its description
 
     /// The name without its folder.
     QString bareName() const;
+    /// As a calibration sees it.
+    CalibrationView view() const;
     /// Its field as magnification and factors; nothing when the file does not tell.
     std::optional<Magnification> field() const;
 };
@@ -71,7 +76,8 @@ public:
         : m_context(context) {}
 
     /// Saves the camera's present image, or the stored picture that is shown, under a name that the operator
-    /// chooses. Throws PictureFileError.
+    /// chooses. Before a description of another view is written the operator is asked. Throws
+    /// PictureFileError.
     void save();
 
     /// Shows a picture that the operator chooses; a running grab is halted. Its description, when it has one,
@@ -89,7 +95,11 @@ public:
     void refuseClick();
 
 private:
-    bool takeCalibration(const QString& name);
+    /// The points to write with that picture, whose notes follow; nothing: no description. False when the
+    /// operator gives the whole save up.
+    bool chooseDescription(Picture& picture, std::optional<CalibrationPoints>& points);
+    bool takeCalibration();
+    void nameWeakPoints();
     QString howToGetAnImage() const;
     void log(const QString& line);
     void show();

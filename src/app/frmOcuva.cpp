@@ -104,7 +104,8 @@ void frmOcuva::makeControls() {
 
     m_pictureOnStage = std::make_unique<PictureOnStage>(PictureOnStageContext{
         m_calibration, m_context.host, *this, *sbMain, *this,
-        [this](const QString& text) { reportError(text); }, [this](const QString& text) { logError(text); }});
+        [this](const QString& text) { reportError(text); }, [this](const QString& text) { logError(text); },
+        [this] { return shownView(); }, [this] { showCalibration(); }});
 
     m_menu->lendFunctionKeys(m_pictureOnStage->dialog());
     new ExitKey(*m_menu->action("mnuExit"));

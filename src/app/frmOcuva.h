@@ -161,6 +161,8 @@ public:
     ///@}
     /// Asks whether to save although that loses something; a message box unless set otherwise.
     std::function<bool(const QString& losses)> saveAnyway;
+    /// Asks what to do about a description of another view; a message box unless set otherwise.
+    std::function<DescriptionChoice(const DescriptionWarning&)> askForDescription;
     /// Asks for the file of a report, suggesting one; the common save dialog unless set otherwise.
     std::function<QString(const QString& suggested)> chooseReport;
 
@@ -237,6 +239,9 @@ private:
     void makeWatches();
     bool cameraImageIsSeen() const;
     std::optional<ShownScale> scaleOf(const QSize& picture) const;
+    /// What is on the monitor, by what the panels say: no host is asked.
+    CalibrationView shownView() const;
+    void showCalibration();
 
     // StageWatchView
     Long monitorColour() const override;

@@ -7,7 +7,7 @@ namespace ocuva {
 
 void frmOcuva::milDisp_MouseMove(Qt::MouseButton /*button*/, int /*shift*/, float x, float y) {
     const std::optional<StoredPicture>& stored = m_pictures->stored();
-    if (stored ? stored->calibrated : m_vgaMouse) {
+    if (stored ? m_pictureOnStage->viewed().givesPositions() : m_vgaMouse) {
         showPointedPosition(x, y);
     }
 }
@@ -32,9 +32,10 @@ void frmOcuva::milDisp_MouseUp(Qt::MouseButton button, int /*shift*/, float x, f
     guarded([this, x, y] {
         const TwipsRect display = rect(MonitorPart::milDisp);
         const std::optional<StoredPicture>& stored = m_pictures->stored();
-        if (m_vgaMouse && (!stored || stored->calibrated)) {
+        if (m_vgaMouse && m_pictureOnStage->viewed().givesPositions()) {
             m_pictureOnStage->clickPicture(x, y, display);
         } else if (m_pictureOnStage->isSelecting()) {
+            UpdateStagePos(); // the point belongs to the view of this moment, wherever the host has driven
             m_pictureOnStage->takePoint(x, y, display);
         } else if (stored) {
             m_pictures->refuseClick();

@@ -52,6 +52,7 @@ void frmOcuva::positionShown(const JournalPosition& at) {
     if (!m_watch.isWatching()) {
         m_pictureAge.positionRead(at);
     }
+    showCalibration();
 }
 
 std::shared_ptr<void> frmOcuva::holdInput(const QString& what) {
@@ -206,6 +207,9 @@ void frmOcuva::makePictures() {
     choosePictureToOpen = [this](const QString& folder) { return ocuva::choosePictureToOpen(*this, folder); };
     choosePictureToSave = [this](const QString& folder) { return ocuva::choosePictureToSave(*this, folder); };
     saveAnyway = [this](const QString& losses) { return askToSaveAnyway(*this, losses); };
+    askForDescription = [this](const DescriptionWarning& warning) {
+        return ocuva::askForDescription(*this, warning);
+    };
     m_pictures = std::make_unique<Pictures>(PicturesContext{
         m_context.host.tn_log(), *m_board, *m_image, m_stage, m_magnification,
         [this]() -> Calibration& { return calibration(); },
@@ -213,6 +217,7 @@ void frmOcuva::makePictures() {
         [this](const QString& folder) { return choosePictureToOpen(folder); },
         [this](const QString& folder) { return choosePictureToSave(folder); },
         [this](const QString& losses) { return saveAnyway(losses); },
+        [this](const DescriptionWarning& warning) { return askForDescription(warning); },
         [this](const QString& text) { reportError(text); }, [this] { imageChanged(); },
         [this](const QString& name) {
             note(m_context.journal, {"picture", {}, m_watch.shownPosition(), name.toStdString()});
@@ -277,15 +282,28 @@ void frmOcuva::showInformation() {
     ImageState state{m_board != nullptr && m_board->IsGrabbing(),
                      m_sizing.fields().GrabZoom,
                      {},
-                     false,
                      m_board == nullptr || m_board->isReady()};
     state.scale = scaleOf({m_sizing.fields().GrabSizeX, m_sizing.fields().GrabSizeY});
     if (m_pictures != nullptr && m_pictures->stored()) {
         state.storedPicture = m_pictures->stored()->bareName();
-        state.calibrated = m_pictures->stored()->calibrated;
         state.scale = scaleOf(m_pictures->stored()->picture.image.size());
     }
     m_information->show(state);
+    showCalibration();
+}
+
+CalibrationView frmOcuva::shownView() const {
+    if (m_pictures != nullptr && m_pictures->stored()) {
+        return m_pictures->stored()->view();
+    }
+    const std::optional<JournalPosition>& at = m_watch.shownPosition();
+    return at ? CalibrationView{{}, ViewPlace{at->x, at->y, at->z, m_information->magnification()}}
+              : CalibrationView{};
+}
+
+void frmOcuva::showCalibration() {
+    const bool described = m_pictures != nullptr && m_pictures->stored() && m_pictures->stored()->described;
+    m_information->showCalibration(calibrationWords(m_pictureOnStage->viewed(), described), m_vgaMouse);
 }
 
 void frmOcuva::showMoveNote(const QString& note, const QString& advice) {

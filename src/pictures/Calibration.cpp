@@ -89,8 +89,20 @@ StagePoint Calibration::ComputeStagePosition(Single XPic, Single YPic) const {
     StagePoint result;
     result.XSt = toLong(static_cast<double>(XPic) * m_picturePlan.scaleX + m_picturePlan.offsetX);
     result.YSt = toLong(static_cast<double>(YPic) * m_picturePlan.scaleY + m_picturePlan.offsetY);
-    result.ZSt = toLong(m_stagePlan.a * result.XSt + m_stagePlan.b * result.YSt + m_stagePlan.c);
+    result.ZSt = heightAt(result.XSt, result.YSt);
     return result;
+}
+
+StagePoint Calibration::movedPosition(Single XPic, Single YPic, std::int64_t dx, std::int64_t dy) const {
+    StagePoint result = ComputeStagePosition(XPic, YPic);
+    result.XSt = toLong(result.XSt + static_cast<double>(dx));
+    result.YSt = toLong(result.YSt + static_cast<double>(dy));
+    result.ZSt = heightAt(result.XSt, result.YSt);
+    return result;
+}
+
+Long Calibration::heightAt(Long XSt, Long YSt) const {
+    return toLong(m_stagePlan.a * XSt + m_stagePlan.b * YSt + m_stagePlan.c);
 }
 
 } // namespace ocuva

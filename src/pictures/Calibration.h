@@ -3,8 +3,10 @@
 
 #include "base/Types.h"
 #include "hostlink/Host.h"
+#include "pictures/CalibrationView.h"
 
 #include <array>
+#include <optional>
 
 namespace ocuva {
 
@@ -84,6 +86,12 @@ public:
     /// What the next computation takes.
     CalibrationPoints points;
 
+    /// The view that the points were picked on; nothing while nobody has said so.
+    std::optional<CalibrationView> view;
+
+    /// Whether there are points at all: all zeros is what a program that was never calibrated has.
+    bool isMade() const { return points.points != CalibrationPoints{}.points; }
+
     /// The plan through the points. Throws as picturePlanThrough does; the plan stays as it was then.
     void ComputePicturePlan();
 
@@ -95,9 +103,14 @@ public:
     /// ArithmeticError when a result leaves 32 bits.
     StagePoint ComputeStagePosition(Single XPic, Single YPic) const;
 
-    /// Takes points and plans of another calibration, all or, when computing them failed before, none.
+    /// The same for a picture that was taken so many stage units away: X and Y are moved, and Z is taken on
+    /// the plane there. Throws ArithmeticError when a result leaves 32 bits.
+    StagePoint movedPosition(Single XPic, Single YPic, std::int64_t dx, std::int64_t dy) const;
+
+    /// Takes points, view and plans of another calibration, all or, when computing them failed before, none.
     void assign(const Calibration& other) {
         points = other.points;
+        view = other.view;
         m_picturePlan = other.m_picturePlan;
         m_stagePlan = other.m_stagePlan;
     }
@@ -109,6 +122,8 @@ public:
     ///@}
 
 private:
+    Long heightAt(Long XSt, Long YSt) const;
+
     TnLibProxy& m_libProxy;
     PicturePlan m_picturePlan;
     StagePlan m_stagePlan;

@@ -173,6 +173,10 @@ private:
 
 } // namespace
 
+bool leavesNoPlane(const CalibrationRemark& remark) {
+    return remark.kind == Kind::SameOnStage || remark.kind == Kind::LineOnStage;
+}
+
 double CalibrationResidual::length() const { return std::hypot(x, y); }
 
 CalibrationQuality calibrationQuality(const CalibrationPoints& points) { return Judge(points).judge(); }

@@ -37,6 +37,9 @@ struct CalibrationRemark {
     bool operator==(const CalibrationRemark&) const = default;
 };
 
+/// Whether the stage points of the remark span no plane: every Z that they give is 0.
+bool leavesNoPlane(const CalibrationRemark& remark);
+
 /// Where the map of each axis by itself puts a picked point, less where it was found on the stage.
 struct CalibrationResidual {
     /// Stage units.

@@ -11,7 +11,8 @@ namespace {
 
 constexpr const char* section = "Calibration";
 constexpr const char* key = "Points";
-constexpr Long textCapacity = 200; // three points of the longest numbers take 149
+constexpr Long textCapacity = 256; // three points and a view of the longest numbers take 199
+constexpr std::string_view viewMark = " @";
 
 const char* store() { return storeName(SettingsStore::Program).c_str(); }
 
@@ -45,20 +46,42 @@ bool scanPoint(Scanner& scanner, CalibrationPoint& point) {
 
 } // namespace
 
-std::string storedText(const CalibrationPoints& points) {
+std::string placeText(const ViewPlace& place) {
+    return std::to_string(place.x) + ',' + std::to_string(place.y) + ',' + std::to_string(place.z) + ',' +
+           std::to_string(place.magnification);
+}
+
+std::optional<ViewPlace> parsePlaceText(std::string_view text) {
+    Scanner scanner(text);
+    ViewPlace place;
+    const bool isPlace = scanner.number(place.x) && scanner.separator(',') && scanner.number(place.y) &&
+                         scanner.separator(',') && scanner.number(place.z) && scanner.separator(',') &&
+                         scanner.number(place.magnification) && scanner.atEnd();
+    return isPlace ? std::optional(place) : std::nullopt;
+}
+
+std::string storedText(const KeptCalibration& calibration) {
     std::string text;
-    for (std::size_t i = 0; i < points.count(); ++i) {
-        const CalibrationPoint& point = points.points.at(i);
+    for (std::size_t i = 0; i < calibration.points.count(); ++i) {
+        const CalibrationPoint& point = calibration.points.points.at(i);
         text += i == 0 ? "" : " ";
         text += std::to_string(point.XI) + ',' + std::to_string(point.YI) + ',' + std::to_string(point.XS) +
                 ',' + std::to_string(point.YS) + ',' + std::to_string(point.ZS);
     }
-    return text;
+    return calibration.place ? text + std::string(viewMark) + placeText(*calibration.place) : text;
 }
 
-std::optional<CalibrationPoints> parseStoredText(std::string_view text) {
+std::optional<KeptCalibration> parseStoredText(std::string_view text) {
+    KeptCalibration kept;
+    if (const std::size_t mark = text.find(viewMark); mark != std::string_view::npos) {
+        kept.place = parsePlaceText(text.substr(mark + viewMark.size()));
+        if (!kept.place) {
+            return {};
+        }
+        text = text.substr(0, mark);
+    }
     Scanner scanner(text);
-    CalibrationPoints points;
+    CalibrationPoints& points = kept.points;
     if (!scanPoint(scanner, points.points[0]) || !scanner.separator(' ') ||
         !scanPoint(scanner, points.points[1])) {
         return {};
@@ -67,14 +90,14 @@ std::optional<CalibrationPoints> parseStoredText(std::string_view text) {
     if (!points.twoPoints && (!scanner.separator(' ') || !scanPoint(scanner, points.points[2]))) {
         return {};
     }
-    return scanner.atEnd() ? std::optional(points) : std::nullopt;
+    return scanner.atEnd() ? std::optional(kept) : std::nullopt;
 }
 
-bool CalibrationStore::save(const CalibrationPoints& points) {
-    return m_reg.TarnRegisterSetString(section, key, storedText(points).c_str(), store()) != 0;
+bool CalibrationStore::save(const KeptCalibration& calibration) {
+    return m_reg.TarnRegisterSetString(section, key, storedText(calibration).c_str(), store()) != 0;
 }
 
-std::optional<CalibrationPoints> CalibrationStore::load() const {
+std::optional<KeptCalibration> CalibrationStore::load() const {
     std::array<char, textCapacity> buffer{};
     const Long length = m_reg.TarnRegisterGetString(section, key, "", buffer.data(), textCapacity, store());
     return parseStoredText({buffer.data(), static_cast<std::size_t>(std::clamp(length, 0, textCapacity))});

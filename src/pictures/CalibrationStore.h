@@ -9,9 +9,18 @@
 
 namespace ocuva {
 
+/// A calibration as it is kept.
+struct KeptCalibration {
+    CalibrationPoints points;       ///< those in use
+    std::optional<ViewPlace> place; ///< where they were picked; nothing when that is not known
+
+    bool operator==(const KeptCalibration&) const = default;
+};
+
 /// Keeps the points in the program's own settings, section "Calibration", key "Points", as one text: per
-/// point in use XI,YI,XS,YS,ZS in decimal, a blank between points. Two points mean two, three mean three. One
-/// write of one value, so that no mixture of two calibrations can ever stand there.
+/// point in use XI,YI,XS,YS,ZS in decimal, a blank between points; then, where it is known, a blank and
+/// \@X,Y,Z,MAGNIFICATION of the view. Two points mean two, three mean three. One write of one value, so that
+/// there is never a mixture of two calibrations.
 class CalibrationStore {
 public:
     /// The library outlives it.
@@ -19,18 +28,24 @@ public:
         : m_reg(reg) {}
 
     /// False when the host could not keep it.
-    bool save(const CalibrationPoints& points);
+    bool save(const KeptCalibration& calibration);
 
-    /// The points; nothing when there are none, or the text is not one that save writes.
-    std::optional<CalibrationPoints> load() const;
+    /// Nothing when there is none, or the text is not one that save writes. Earlier versions wrote no view.
+    std::optional<KeptCalibration> load() const;
 
 private:
     TnReg& m_reg;
 };
 
 /// The text of one value that save writes.
-std::string storedText(const CalibrationPoints& points);
+std::string storedText(const KeptCalibration& calibration);
 /// Nothing when the text is no calibration of two or three points.
-std::optional<CalibrationPoints> parseStoredText(std::string_view text);
+std::optional<KeptCalibration> parseStoredText(std::string_view text);
+
+/// X,Y,Z,MAGNIFICATION in decimal, and back; nothing when the text is anything else.
+///@{
+std::string placeText(const ViewPlace& place);
+std::optional<ViewPlace> parsePlaceText(std::string_view text);
+///@}
 
 } // namespace ocuva

@@ -86,7 +86,7 @@ CalibrationVerdict::CalibrationVerdict(QWidget* parent)
     LabelRemarks->setMinimumHeight(remarkLines * LabelRemarks->fontMetrics().lineSpacing());
 }
 
-void CalibrationVerdict::showQuality(const CalibrationQuality& quality) {
+void CalibrationVerdict::showQuality(const CalibrationQuality& quality, const QString& first) {
     LabelScale->setText(quality.isComputable() ? tr("X %1, Y %2 stage units across the whole picture")
                                                      .arg(oneDecimal(*quality.unitsPerWidth),
                                                           oneDecimal(*quality.unitsPerHeight))
@@ -95,7 +95,7 @@ void CalibrationVerdict::showQuality(const CalibrationQuality& quality) {
                                                        .arg(oneDecimal(*quality.axesAngleDegrees),
                                                             oneDecimal(*quality.turnDegrees))
                                                  : tr("\u2013"));
-    QStringList lines;
+    QStringList lines = first.isEmpty() ? QStringList{} : QStringList{first};
     for (const CalibrationRemark& remark : quality.remarks) {
         lines += remarkText(remark);
     }

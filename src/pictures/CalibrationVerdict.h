@@ -19,8 +19,8 @@ public:
     /// Says nothing until asked to.
     explicit CalibrationVerdict(QWidget* parent);
 
-    /// Scale, axes, and the remarks as sentences.
-    void showQuality(const CalibrationQuality& quality);
+    /// Scale, axes, and the remarks as sentences, after a first one of somebody else's.
+    void showQuality(const CalibrationQuality& quality, const QString& first = {});
     /// There is nothing to judge yet, and why.
     void showReason(const QString& reason);
 

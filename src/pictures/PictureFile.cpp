@@ -80,20 +80,21 @@ void create(AsideFile& file, const std::filesystem::path& name) {
     }
 }
 
-} // namespace
-
-bool canBeSavedAs(const std::filesystem::path& name) { return writerByExtension(name) != nullptr; }
-
-void savePicture(const std::filesystem::path& name, const Picture& picture, const CalibrationPoints& points) {
+// points: null for no description.
+void save(const std::filesystem::path& name, const Picture& picture, const CalibrationPoints* points) {
     const Writer write = writerFor(name);
     checkTarget(name, picture.image);
     AsideFile file(name);
     AsideFile description(descriptionName(name));
     create(file, name);
-    create(description, name);
+    if (points != nullptr) {
+        create(description, name);
+    }
     try {
         write(file.file(), picture);
-        writeDescriptionFile(description, points);
+        if (points != nullptr) {
+            writeDescriptionFile(description, *points);
+        }
     } catch (const std::exception& error) {
         fail(name, text(error));
     }
@@ -107,11 +108,26 @@ void savePicture(const std::filesystem::path& name, const Picture& picture, cons
         fail(name, text(error));
     }
     former.drop();
+    if (points == nullptr) {
+        return;
+    }
     if (const std::error_code error = description.moveIntoPlace()) {
         throw DescriptionNotSaved(
             QStringLiteral("The picture is saved, but its description \"%1\" is not: %2")
                 .arg(nameOf(description.target()), text(error)));
     }
+}
+
+} // namespace
+
+bool canBeSavedAs(const std::filesystem::path& name) { return writerByExtension(name) != nullptr; }
+
+void savePicture(const std::filesystem::path& name, const Picture& picture, const CalibrationPoints& points) {
+    save(name, picture, &points);
+}
+
+void savePictureAlone(const std::filesystem::path& name, const Picture& picture) {
+    save(name, picture, nullptr);
 }
 
 Picture openPicture(const std::filesystem::path& name) {

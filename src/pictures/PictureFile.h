@@ -25,6 +25,9 @@ bool canBeSavedAs(const std::filesystem::path& name);
 /// picture was not saved: what stood there is whole then, description included, and nothing is left behind.
 void savePicture(const std::filesystem::path& name, const Picture& picture, const CalibrationPoints& points);
 
+/// The same without a description; a former one is gone, as it belongs to another picture.
+void savePictureAlone(const std::filesystem::path& name, const Picture& picture);
+
 /// Opens a TIFF or BMP; which of them, the file's first bytes tell. Throws PictureFileError.
 Picture openPicture(const std::filesystem::path& name);
 

@@ -78,7 +78,8 @@ PointRows::Row PointRows::makeRow(QGridLayout& grid, std::size_t point) {
         box->setAccessibleName(tr(field.accessibleName).arg(number));
         box->setAlignment(Qt::AlignRight);
         box->setFixedWidth(roomFor(*box, field.longest) + boxPadding);
-        connect(box, &QLineEdit::textChanged, this, &PointRows::edited);
+        connect(box, &QLineEdit::textChanged, this,
+                [this, point, which = field.field] { Q_EMIT edited(static_cast<int>(point), which); });
         grid.addWidget(box, gridRow, field.column);
         row.boxes.at(static_cast<std::size_t>(field.field)) = box;
     }

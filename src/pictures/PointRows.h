@@ -62,8 +62,8 @@ public:
     void showResiduals(const CalibrationQuality& quality);
 
 Q_SIGNALS:
-    /// A box has another text, whoever wrote it.
-    void edited();
+    /// A box of that point has another text, whoever wrote it.
+    void edited(int point, ocuva::PointField field);
     /// A button of that point was pressed.
     ///@{
     void pickPressed(int point);

@@ -3,6 +3,7 @@
 #include "base/Numbers.h"
 #include "controls/AccessLetter.h"
 #include "controls/WindowPlace.h"
+#include "pictures/CalibrationWords.h"
 
 #include <QHBoxLayout>
 #include <QHideEvent>
@@ -120,7 +121,7 @@ void frmSetupStage::connectControls() {
             guarded([this, handler, point] { (this->*handler)(static_cast<std::size_t>(point)); });
         };
     };
-    connect(FramePoint, &PointRows::edited, this, &frmSetupStage::refreshVerdict);
+    connect(FramePoint, &PointRows::edited, this, &frmSetupStage::edited);
     connect(FramePoint, &PointRows::pickPressed, this, pointed(&frmSetupStage::ButI_Click));
     connect(FramePoint, &PointRows::readPressed, this, pointed(&frmSetupStage::ButX_Click));
     connect(optTwoPoints, &QRadioButton::toggled, this, &frmSetupStage::choice_Click);
@@ -133,7 +134,12 @@ void frmSetupStage::connectControls() {
 
 void frmSetupStage::openModeless() {
     if (!isVisible()) {
-        fill(m_context.calibration.points);
+        // The points of another view are not those of a stored picture.
+        if (ViewedCalibration(m_context.calibration, m_context.shownView()).givesPositions()) {
+            fillFromCalibration();
+        } else {
+            fill({}, {});
+        }
         hint(tr("Pick each point on the image, then drive the stage to it and read the position."));
         FramePoint->row(0).ButI->setFocus();
     }
@@ -144,21 +150,30 @@ void frmSetupStage::openModeless() {
 
 void frmSetupStage::showPoints() {
     if (isVisible()) {
-        fill(m_context.calibration.points);
+        fillFromCalibration();
         hint(tr("These are the points of the picture that was opened. They are in use already."));
     }
 }
 
-void frmSetupStage::fill(const CalibrationPoints& points) {
+void frmSetupStage::fillFromCalibration() { fill(m_context.calibration.points, m_context.calibration.view); }
+
+void frmSetupStage::edited(int point, PointField field) {
+    // A place on the picture is one of the view that is shown while it is entered, by a click or by hand.
+    if (field == PointField::XI || field == PointField::YI) {
+        m_picked.pick(static_cast<std::size_t>(point), m_context.shownView());
+    }
+    refreshVerdict();
+}
+
+void frmSetupStage::fill(const CalibrationPoints& points, const std::optional<CalibrationView>& view) {
     optTwoPoints->setChecked(points.twoPoints);
     optThreePoints->setChecked(!points.twoPoints);
     FramePoint->clear();
-    if (points == CalibrationPoints{}) {
-        return; // never calibrated: nothing is honester than a nought
-    }
-    for (std::size_t i = 0; i < points.count(); ++i) {
+    // A program that was never calibrated has no points to show, not even zeros.
+    for (std::size_t i = 0; points != CalibrationPoints{} && i < points.count(); ++i) {
         FramePoint->setPoint(i, pointTexts(points.points.at(i)));
     }
+    m_picked.takeOver(view);
 }
 
 void frmSetupStage::hideEvent(QHideEvent* event) {
@@ -233,8 +248,8 @@ void frmSetupStage::choice_Click() {
 }
 
 void frmSetupStage::cmdRestore_Click() {
-    if (const std::optional<CalibrationPoints> last = m_store.load()) {
-        fill(*last);
+    if (const std::optional<KeptCalibration> last = m_store.load()) {
+        fill(last->points, CalibrationView{{}, last->place});
         hint(tr("These are the points accepted last. Press OK to use them."));
     } else {
         hint(tr("No calibration has been kept yet."));
@@ -248,10 +263,13 @@ void frmSetupStage::refreshVerdict() {
         return;
     }
     try {
-        const CalibrationQuality quality =
-            calibrationQuality(typedPoints(optTwoPoints->isChecked(), FramePoint->texts()));
+        const CalibrationPoints points = typedPoints(optTwoPoints->isChecked(), FramePoint->texts());
+        const CalibrationQuality quality = calibrationQuality(points);
         FramePoint->showResiduals(quality);
-        verdict->showQuality(quality);
+        verdict->showQuality(quality, m_picked.agree(points.count())
+                                          ? QString()
+                                          : tr("The points were picked on different views: pick them again "
+                                               "while the stage stays at one place."));
     } catch (const PointFieldError& error) {
         FramePoint->showResiduals({});
         verdict->showReason(QString::fromStdString(error.what()));
@@ -269,17 +287,20 @@ void frmSetupStage::OKPicture_Click() {
         FramePoint->box(error.point(), error.field())->setFocus();
         throw;
     }
-    compute(points);
-    if (!m_store.save(points)) {
+    const std::optional<CalibrationView> view = m_picked.common(points.count());
+    compute(points, view);
+    if (!m_store.save({points, view ? view->place : std::nullopt})) {
         m_context.note(tr("the calibration is in use, but could not be kept for the next start"));
     }
+    m_context.changed();
     close();
 }
 
 void frmSetupStage::takeUpLast() {
     try {
-        if (const std::optional<CalibrationPoints> last = m_store.load()) {
-            compute(*last);
+        if (const std::optional<KeptCalibration> last = m_store.load()) {
+            compute(last->points, CalibrationView{{}, last->place});
+            m_context.changed();
         }
     } catch (const std::exception& error) {
         m_context.note(
@@ -287,7 +308,7 @@ void frmSetupStage::takeUpLast() {
     }
 }
 
-void frmSetupStage::compute(const CalibrationPoints& points) {
+void frmSetupStage::compute(const CalibrationPoints& points, const std::optional<CalibrationView>& view) {
     Calibration& calibration = m_context.calibration;
     const CalibrationPoints before = std::exchange(calibration.points, points);
     try {
@@ -296,6 +317,7 @@ void frmSetupStage::compute(const CalibrationPoints& points) {
         calibration.points = before;
         throw;
     }
+    calibration.view = view;
     calibration.ComputeStagePlan();
     const bool levelAtZero = std::all_of(points.points.begin(), points.points.end(),
                                          [](const CalibrationPoint& point) { return point.ZS == 0; });
@@ -312,12 +334,14 @@ void frmSetupStage::takePoint(const PicturePoint& at) {
     const Integer y = toInteger(at.YPic);
     FramePoint->box(*m_selected, PointField::XI)->setText(QString::number(x));
     FramePoint->box(*m_selected, PointField::YI)->setText(QString::number(y));
+    m_picked.pick(*m_selected, m_context.shownView()); // also where the texts are the same as before
     select({});
 }
 
 void frmSetupStage::clickPicture(const PicturePoint& at) {
     takePoint(at);
-    const StagePoint target = m_context.calibration.ComputeStagePosition(at.XPic, at.YPic);
+    const StagePoint target =
+        ViewedCalibration(m_context.calibration, m_context.shownView()).position(at.XPic, at.YPic);
     if (!m_wait.isWaiting() && askToMove(target)) {
         moveTo(target);
     }
@@ -329,9 +353,9 @@ bool frmSetupStage::askToMove(const StagePoint& target) {
     box.setTextFormat(Qt::PlainText);
     box.setDefaultButton(QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
-    if (m_context.calibration.points == CalibrationPoints{}) {
-        box.setInformativeText(tr("There is no calibration yet: this is not the place that you clicked."));
-    }
+    const Calibration& calibration = m_context.calibration;
+    box.setInformativeText(
+        moveQuestionNote(calibration, ViewedCalibration(calibration, m_context.shownView())));
     return box.exec() == QMessageBox::Yes;
 }
 

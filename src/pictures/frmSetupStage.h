@@ -5,6 +5,7 @@
 #include "pictures/Calibration.h"
 #include "pictures/CalibrationStore.h"
 #include "pictures/CalibrationVerdict.h"
+#include "pictures/CalibrationView.h"
 #include "pictures/PicturePoint.h"
 #include "pictures/PointRows.h"
 #include "stage/AxisWait.h"
@@ -31,6 +32,10 @@ struct SetupStageContext {
     ///@}
     std::function<void(const QString&)> report; ///< shows an error that leaves a handler
     std::function<void(const QString&)> note;   ///< writes a line to the log
+    /// What is on the monitor, as it was read last: no host is asked.
+    std::function<CalibrationView()> shownView;
+    /// The calibration was accepted or taken up.
+    std::function<void()> changed;
 };
 
 /// Modeless; it lives as long as the main window, shown or not. User-interface thread.
@@ -100,9 +105,11 @@ private:
     void tMoveWait_Timer();
 
     void guarded(const std::function<void()>& handler);
-    void fill(const CalibrationPoints& points);
+    void fill(const CalibrationPoints& points, const std::optional<CalibrationView>& view);
+    void fillFromCalibration();
+    void edited(int point, PointField field);
     void select(std::optional<std::size_t> point);
-    void compute(const CalibrationPoints& points);
+    void compute(const CalibrationPoints& points, const std::optional<CalibrationView>& view);
     void refreshVerdict();
     bool askToMove(const StagePoint& target);
     void moveTo(const StagePoint& target);
@@ -114,6 +121,7 @@ private:
 
     SetupStageContext m_context;
     CalibrationStore m_store;
+    PickedViews m_picked;
     AxisWait m_wait;
     StagePoint m_target; // of the move that is waited for
     std::optional<std::size_t> m_selected;
