@@ -1,5 +1,7 @@
 #include "app/PictureOnStage.h"
 
+#include <QShortcut>
+
 #include <algorithm>
 #include <exception>
 #include <limits>
@@ -29,8 +31,42 @@ PictureOnStage::PictureOnStage(const PictureOnStageContext& context)
     , m_frmSetupStage(std::make_unique<frmSetupStage>(
           SetupStageContext{context.calibration, context.host.tn_reg(), context.host.tn_log(),
                             context.host.tn_micro_proxy(), context.fOcuva, context.report, context.log,
-                            context.shownView, context.changed},
-          &context.window)) {}
+                            context.shownView, context.changed, context.walk},
+          &context.window))
+    , m_marks(new PointMarks(&context.display)) {
+    QObject::connect(m_frmSetupStage.get(), &frmSetupStage::pickedChanged, m_marks,
+                     [this] { refreshMarks(); });
+    makeKeys();
+}
+
+// The operator clicks on the image while the assistant walks: Enter and Escape mean it there too.
+void PictureOnStage::makeKeys() {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Escape}) {
+        auto* shortcut = new QShortcut(QKeySequence(key), &m_context.window);
+        shortcut->setAutoRepeat(false);
+        shortcut->setEnabled(false);
+        frmSetupStage* dialog = m_frmSetupStage.get();
+        QObject::connect(shortcut, &QShortcut::activated, dialog, [dialog, key] {
+            key == Qt::Key_Escape ? dialog->escape() : dialog->cmdWalk->click();
+        });
+        QObject::connect(&dialog->assistant(), &CalibrationAssistant::changed, shortcut, [dialog, shortcut] {
+            const CalibrationWalk& walk = dialog->assistant().walk();
+            shortcut->setEnabled(walk.isUnderWay() && walk.state() != CalibrationWalk::State::Done);
+        });
+    }
+}
+
+void PictureOnStage::refreshMarks() {
+    std::vector<NumberedPoint> points;
+    for (const PickedPoint& picked : m_frmSetupStage->pickedPoints()) {
+        const bool isHere =
+            !picked.view || relationTo(*picked.view, m_context.shownView()).kind == ViewRelation::Kind::Same;
+        if (isHere && !m_context.stageMoves()) {
+            points.push_back({picked.at.XPic, picked.at.YPic, static_cast<int>(picked.point) + 1});
+        }
+    }
+    m_marks->show(points);
+}
 
 PictureOnStage::~PictureOnStage() = default;
 

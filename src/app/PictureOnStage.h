@@ -4,6 +4,7 @@
 
 #include "app/StatusBar.h"
 #include "display/MonitorView.h"
+#include "display/PointMarks.h"
 #include "pictures/ViewedCalibration.h"
 #include "pictures/frmSetupStage.h"
 
@@ -27,6 +28,9 @@ struct PictureOnStageContext {
     std::function<void(const QString&)> log;    ///< writes an error to the log, and nothing else
     std::function<CalibrationView()> shownView; ///< what is on the monitor, as it was read last
     std::function<void()> changed;              ///< the calibration was accepted or taken up
+    QWidget& display;                           ///< carries the marks of picked points
+    std::function<bool()> stageMoves;           ///< a watched move runs
+    WalkSurroundings walk;                      ///< of the assistant
 };
 
 /// Places x, y are in twips on the display, which the picture fills. The first operation that needs the
@@ -66,6 +70,15 @@ public:
     /// The dialog's picture-click operation: takes the point, and asks whether the stage shall go there.
     void clickPicture(Single x, Single y, const TwipsRect& display);
 
+    /// A watched move has begun or ended, or the view on the monitor is another: marks are shown only where
+    /// they were picked.
+    void viewChanged() { refreshMarks(); }
+    /// A watched move has ended: the assistant goes on with what the operator asked for.
+    void moveEnded() { m_frmSetupStage->assistant().moveEnded(); }
+
+    /// The marks of picked points on the display.
+    const PointMarks& marks() const { return *m_marks; }
+
     /// Closes the dialog.
     void unload();
 
@@ -73,8 +86,12 @@ public:
     frmSetupStage& dialog() { return *m_frmSetupStage; }
 
 private:
+    void refreshMarks();
+    void makeKeys();
+
     PictureOnStageContext m_context;
     std::unique_ptr<frmSetupStage> m_frmSetupStage;
+    PointMarks* m_marks; // the display owns it
     bool m_takenUp = false;
     bool m_failing = false;
     bool m_pointing = false; // the panels show a place of the picture

@@ -102,11 +102,7 @@ void frmOcuva::makeControls() {
                          [this](const QString& folder) { return chooseStandard(folder); },
                          unfinishedListFile(m_context.report.dataFolder)});
 
-    m_pictureOnStage = std::make_unique<PictureOnStage>(PictureOnStageContext{
-        m_calibration, m_context.host, *this, *sbMain, *this,
-        [this](const QString& text) { reportError(text); }, [this](const QString& text) { logError(text); },
-        [this] { return shownView(); }, [this] { showCalibration(); }});
-
+    m_pictureOnStage = std::make_unique<PictureOnStage>(calibrationContext());
     m_menu->lendFunctionKeys(m_pictureOnStage->dialog());
     new ExitKey(*m_menu->action("mnuExit"));
 

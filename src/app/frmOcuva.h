@@ -242,6 +242,9 @@ private:
     /// What is on the monitor, by what the panels say: no host is asked.
     CalibrationView shownView() const;
     void showCalibration();
+    PictureOnStageContext calibrationContext();
+    WalkSurroundings walkSurroundings();
+    void takeOver(const CalibrationField& field);
 
     // StageWatchView
     Long monitorColour() const override;

@@ -46,6 +46,7 @@ void frmOcuva::moveStarted(Integer axis, const std::optional<JournalPosition>& f
     m_information->takeOff(m_moveNote);
     m_farTarget.reset();
     m_pictureAge.moveStarted(axis, from);
+    m_pictureOnStage->viewChanged();
 }
 
 void frmOcuva::positionShown(const JournalPosition& at) {
@@ -76,6 +77,7 @@ void frmOcuva::moveTakesLong() {
 void frmOcuva::watchedMoveEnded() {
     m_information->takeOff(stageMoves());
     m_magnificationWatch->readSoon();
+    m_pictureOnStage->moveEnded();
     if (const std::optional<JournalPosition> target = std::exchange(m_farTarget, std::nullopt)) {
         const JournalPosition at = *m_watch.shownPosition();
         for (const auto& [axis, wanted, reached] :
@@ -290,20 +292,6 @@ void frmOcuva::showInformation() {
     }
     m_information->show(state);
     showCalibration();
-}
-
-CalibrationView frmOcuva::shownView() const {
-    if (m_pictures != nullptr && m_pictures->stored()) {
-        return m_pictures->stored()->view();
-    }
-    const std::optional<JournalPosition>& at = m_watch.shownPosition();
-    return at ? CalibrationView{{}, ViewPlace{at->x, at->y, at->z, m_information->magnification()}}
-              : CalibrationView{};
-}
-
-void frmOcuva::showCalibration() {
-    const bool described = m_pictures != nullptr && m_pictures->stored() && m_pictures->stored()->described;
-    m_information->showCalibration(calibrationWords(m_pictureOnStage->viewed(), described), m_vgaMouse);
 }
 
 void frmOcuva::showMoveNote(const QString& note, const QString& advice) {

@@ -24,7 +24,8 @@ QString overlayStyleSheet() {
     return QStringLiteral(
         "ocuva--OverlayWidget { qproperty-coreColour: #ffffff; qproperty-outlineColour: #101010; }"
         "ocuva--BarFrame[figure=\"frCross\"] { qproperty-coreColour: #ffd95a; }"
-        "ocuva--BarFrame[figure=\"frGrid\"] { qproperty-coreColour: #d8ecff; }");
+        "ocuva--BarFrame[figure=\"frGrid\"] { qproperty-coreColour: #d8ecff; }"
+        "ocuva--PointMark { qproperty-coreColour: #8dffb0; }");
 }
 
 OverlayWidget::OverlayWidget(QWidget* display)

@@ -3,6 +3,7 @@
 #include "base/Numbers.h"
 #include "controls/AccessLetter.h"
 #include "controls/WindowPlace.h"
+#include "pictures/CalibrationStep.h"
 #include "pictures/CalibrationWords.h"
 
 #include <QHBoxLayout>
@@ -43,6 +44,7 @@ frmSetupStage::frmSetupStage(const SetupStageContext& context, QWidget* parent)
     : QDialog(parent)
     , m_context(context)
     , m_store(context.reg)
+    , m_assistant({context.fOcuva, context.walk.offsetTo, context.walk.focus, context.walk.whyNot}, this)
     , m_wait(context.microProxy) {
     setObjectName(QStringLiteral("frmSetupStage"));
     setWindowTitle(tr("Calibrate Picture against Stage"));
@@ -74,6 +76,7 @@ void frmSetupStage::makeControls() {
     OKPicture = button(tr("O&K"));
     OKPicture->setDefault(true);
     CancelPicture = button(tr("&Cancel"));
+    makeWalkControls();
     tMoveWait = new QTimer(this);
     tMoveWait->setInterval(AxisWait::tickMs);
     const std::array<std::pair<QObject*, const char*>, 9> names{{{optThreePoints, "optThreePoints"},
@@ -96,6 +99,7 @@ void frmSetupStage::layOut() {
     choices->addWidget(optThreePoints);
     choices->addWidget(optTwoPoints);
     choices->addStretch(1);
+    choices->addWidget(cmdWalk);
     choices->addWidget(CmdPt);
     auto* buttons = new QHBoxLayout;
     buttons->setSpacing(spacingPixels);
@@ -111,6 +115,7 @@ void frmSetupStage::layOut() {
     column->addWidget(LabelHint);
     column->addWidget(makeLine(this));
     column->addWidget(verdict);
+    column->addWidget(chkTakeOver);
     column->addStretch(1);
     column->addLayout(buttons);
 }
@@ -128,7 +133,12 @@ void frmSetupStage::connectControls() {
     connect(CmdPt, &QPushButton::clicked, this, &frmSetupStage::CmdPt_Click);
     connect(cmdRestore, &QPushButton::clicked, this, &frmSetupStage::cmdRestore_Click);
     connect(OKPicture, &QPushButton::clicked, this, [this] { guarded([this] { OKPicture_Click(); }); });
-    connect(CancelPicture, &QPushButton::clicked, this, &QDialog::reject);
+    connect(CancelPicture, &QPushButton::clicked, this, [this] {
+        endWalk();
+        reject();
+    });
+    connect(cmdWalk, &QPushButton::clicked, this, [this] { guarded([this] { cmdWalk_Click(); }); });
+    connect(&m_assistant, &CalibrationAssistant::changed, this, &frmSetupStage::showWalk);
     connect(tMoveWait, &QTimer::timeout, this, &frmSetupStage::tMoveWait_Timer);
 }
 
@@ -161,8 +171,12 @@ void frmSetupStage::edited(int point, PointField field) {
     // A place on the picture is one of the view that is shown while it is entered, by a click or by hand.
     if (field == PointField::XI || field == PointField::YI) {
         m_picked.pick(static_cast<std::size_t>(point), m_context.shownView());
+        Q_EMIT pickedChanged();
     }
     refreshVerdict();
+    if (!m_selected && !m_wait.isWaiting() && !m_assistant.walk().isUnderWay()) {
+        hint(nextStep());
+    }
 }
 
 void frmSetupStage::fill(const CalibrationPoints& points, const std::optional<CalibrationView>& view) {
@@ -174,12 +188,15 @@ void frmSetupStage::fill(const CalibrationPoints& points, const std::optional<Ca
         FramePoint->setPoint(i, pointTexts(points.points.at(i)));
     }
     m_picked.takeOver(view);
+    Q_EMIT pickedChanged();
 }
 
 void frmSetupStage::hideEvent(QHideEvent* event) {
     QDialog::hideEvent(event);
     if (!event->spontaneous()) {
+        endWalk();
         select({});
+        Q_EMIT pickedChanged();
     }
 }
 
@@ -196,11 +213,19 @@ void frmSetupStage::select(std::optional<std::size_t> point) {
 }
 
 QString frmSetupStage::nextStep() const {
-    if (const auto point = FramePoint->firstWithout({PointField::XI, PointField::YI})) {
-        return tr("Pick point %1 on the image.").arg(*point + 1);
-    }
-    if (const auto point = FramePoint->firstWithout({PointField::XS, PointField::YS, PointField::ZS})) {
-        return tr("Drive the stage to point %1 and read its position.").arg(*point + 1);
+    using Kind = CalibrationStep::Kind;
+    const CalibrationStep step = nextCalibrationStep(optTwoPoints->isChecked(), FramePoint->texts());
+    switch (step.kind) {
+    case Kind::Correct:
+        return tr("Correct %1.").arg(FramePoint->box(step.point, step.field)->accessibleName());
+    case Kind::Pick:
+        return tr("Pick point %1 on the image.").arg(step.point + 1);
+    case Kind::Read:
+        return tr("Drive the stage to point %1 and read its position.").arg(step.point + 1);
+    case Kind::Unusable:
+        return tr("These points cannot be used: see below.");
+    case Kind::Accept:
+        break;
     }
     return tr("All points are there. If the lines below are good, press OK.");
 }
@@ -245,6 +270,7 @@ void frmSetupStage::choice_Click() {
         select({});
     }
     refreshVerdict();
+    Q_EMIT pickedChanged();
 }
 
 void frmSetupStage::cmdRestore_Click() {
@@ -293,6 +319,7 @@ void frmSetupStage::OKPicture_Click() {
         m_context.note(tr("the calibration is in use, but could not be kept for the next start"));
     }
     m_context.changed();
+    takeOver(points, view);
     close();
 }
 
@@ -336,6 +363,9 @@ void frmSetupStage::takePoint(const PicturePoint& at) {
     FramePoint->box(*m_selected, PointField::YI)->setText(QString::number(y));
     m_picked.pick(*m_selected, m_context.shownView()); // also where the texts are the same as before
     select({});
+    if (m_assistant.walk().state() == CalibrationWalk::State::Picking) {
+        m_assistant.pick(at);
+    }
 }
 
 void frmSetupStage::clickPicture(const PicturePoint& at) {

@@ -3,6 +3,8 @@
 
 #include "controls/AccessLetter.h"
 #include "pictures/Calibration.h"
+#include "pictures/CalibrationAssistant.h"
+#include "pictures/CalibrationField.h"
 #include "pictures/CalibrationStore.h"
 #include "pictures/CalibrationVerdict.h"
 #include "pictures/CalibrationView.h"
@@ -11,6 +13,7 @@
 #include "stage/AxisWait.h"
 #include "stage/StageMover.h"
 
+#include <QCheckBox>
 #include <QDialog>
 #include <QRadioButton>
 #include <QTimer>
@@ -19,6 +22,24 @@
 #include <optional>
 
 namespace ocuva {
+
+/// What the assistant of the dialog needs of the program around it.
+struct WalkSurroundings {
+    /// As CalibrationAssistantContext says.
+    ///@{
+    std::function<StagePoint(const PicturePoint&)> offsetTo;
+    std::function<void()> focus;
+    std::function<QString()> whyNot;
+    ///@}
+    std::function<void(const CalibrationField&)> takeOver; ///< puts field and directions into the set-up
+};
+
+/// A place on the picture as it is in the boxes.
+struct PickedPoint {
+    std::size_t point = 0;               ///< from 0
+    PicturePoint at;                     ///< on the picture
+    std::optional<CalibrationView> view; ///< on which it was picked
+};
 
 /// What the dialog needs; everything outlives it.
 struct SetupStageContext {
@@ -36,6 +57,7 @@ struct SetupStageContext {
     std::function<CalibrationView()> shownView;
     /// The calibration was accepted or taken up.
     std::function<void()> changed;
+    WalkSurroundings walk = {}; ///< of the assistant
 };
 
 /// Modeless; it lives as long as the main window, shown or not. User-interface thread.
@@ -68,6 +90,15 @@ public:
     /// write a log line when it cannot be computed.
     void takeUpLast();
 
+    /// The assistant, which drives the stage while the dialog is open.
+    CalibrationAssistant& assistant() { return m_assistant; }
+
+    /// The places on the picture of the points in use, as far as they are numbers; none while it is closed.
+    std::vector<PickedPoint> pickedPoints() const;
+
+    /// Escape: ends the assistant's walk, or closes the dialog.
+    void escape();
+
     /// Closes the dialog; a move is no longer waited for.
     void unload();
 
@@ -81,6 +112,8 @@ public:
     LetteredButton* CmdPt = nullptr; ///< closes the point frame, and opens it again
     /// The controls, by their names.
     ///@{
+    QPushButton* cmdWalk = nullptr;   ///< starts the assistant and goes on with it
+    QCheckBox* chkTakeOver = nullptr; ///< what the walk has found goes into the set-up with OK
     QPushButton* cmdRestore = nullptr;
     QPushButton* OKPicture = nullptr;
     QPushButton* CancelPicture = nullptr;
@@ -88,8 +121,15 @@ public:
     QTimer* tMoveWait = nullptr;
     ///@}
 
+Q_SIGNALS:
+    /// pickedPoints() gives others.
+    void pickedChanged();
+
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void makeControls();
@@ -101,6 +141,7 @@ private:
     void CmdPt_Click();
     void choice_Click();
     void cmdRestore_Click();
+    void cmdWalk_Click();
     void OKPicture_Click();
     void tMoveWait_Timer();
 
@@ -117,11 +158,18 @@ private:
     /// What is missing still, in the order in which points are gathered: picked while the stage stands, read
     /// afterwards.
     QString nextStep() const;
+    void makeWalkControls();
+    void showWalk();
+    void showWalkControls();
+    void endWalk();
+    void offerTakeOver();
+    void takeOver(const CalibrationPoints& points, const std::optional<CalibrationView>& view);
     void hint(const QString& text) { LabelHint->setText(text); }
 
     SetupStageContext m_context;
     CalibrationStore m_store;
     PickedViews m_picked;
+    CalibrationAssistant m_assistant;
     AxisWait m_wait;
     StagePoint m_target; // of the move that is waited for
     std::optional<std::size_t> m_selected;

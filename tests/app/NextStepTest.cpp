@@ -174,7 +174,7 @@ TEST_F(NextStep, TheCalibrationDialogLeadsFromPointToPoint) {
         const std::size_t index = point[0] - '1';
         dialog.FramePoint->row(index).ButI->click();
         EXPECT_EQ(hint(), std::string("Click point ") + point + " on the image.");
-        click({20 + 40 * static_cast<int>(index), 30});
+        click({20 + 40 * static_cast<int>(index), 30 + 40 * static_cast<int>(index)});
     }
     EXPECT_EQ(hint(), "Drive the stage to point 1 and read its position.");
     dialog.FramePoint->row(0).ButX->click();

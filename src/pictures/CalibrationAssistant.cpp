@@ -1,0 +1,149 @@
+#include "pictures/CalibrationAssistant.h"
+
+#include <QTimer>
+
+#include <utility>
+
+namespace ocuva {
+
+namespace {
+
+using State = CalibrationWalk::State;
+
+QString words(const StagePoint& at) {
+    return QStringLiteral("X:%1 Y:%2 Z:%3").arg(at.XSt).arg(at.YSt).arg(at.ZSt);
+}
+
+} // namespace
+
+CalibrationAssistant::CalibrationAssistant(CalibrationAssistantContext context, QObject* parent)
+    : QObject(parent)
+    , m_context(std::move(context))
+    , m_walk(*this) {}
+
+StagePoint CalibrationAssistant::position() {
+    const CTnStage& stage = m_context.fOcuva.cxsStage();
+    const Long x = stage.X();
+    const Long y = stage.Y();
+    return {x, y, stage.Z()};
+}
+
+void CalibrationAssistant::driveBy(const StagePoint& distance) {
+    CTnStage& stage = m_context.fOcuva.cxsStage();
+    stage.DX(distance.XSt);
+    stage.DY(distance.YSt);
+    if (distance.ZSt != 0) {
+        stage.DZ(distance.ZSt);
+    }
+    m_context.fOcuva.SyncStageMove(axisAll);
+}
+
+bool CalibrationAssistant::isRefused() {
+    m_refusal = m_context.fOcuva.cxsStage().IsMoving() ? tr("The stage moves. Wait until it stands.")
+                                                       : m_context.whyNot();
+    return !m_refusal.isEmpty();
+}
+
+void CalibrationAssistant::start(std::size_t count) {
+    if (!m_walk.isUnderWay() && !isRefused()) {
+        m_walk.start(count);
+        m_hasWalked = true;
+    }
+    Q_EMIT changed();
+}
+
+void CalibrationAssistant::pick(const PicturePoint& at) {
+    m_walk.pick(at);
+    Q_EMIT changed();
+}
+
+void CalibrationAssistant::enter() {
+    if (m_walk.waitsForEnter() && !isRefused()) {
+        m_walk.enter();
+    }
+    Q_EMIT changed();
+}
+
+void CalibrationAssistant::leave() {
+    m_refusal.clear();
+    m_walk.leave();
+    Q_EMIT changed();
+}
+
+void CalibrationAssistant::moveEnded() {
+    if (!m_walk.isUnderWay()) {
+        return;
+    }
+    // Not from inside the watch of the move, which has still to be done with it: a search may follow.
+    QTimer::singleShot(0, this, [this] {
+        m_walk.arrived();
+        Q_EMIT changed();
+    });
+}
+
+QString CalibrationAssistant::hint() const {
+    if (!m_refusal.isEmpty()) {
+        return m_refusal;
+    }
+    const QString point = QString::number(m_walk.point() + 1);
+    switch (m_walk.state()) {
+    case State::Idle:
+        if (!m_hasWalked || m_walk.readings().size() == m_walk.count()) {
+            return {};
+        }
+        return tr("The assistant has ended. The stage is at %1.")
+            .arg(words(const_cast<CalibrationAssistant*>(this)->position()));
+    case State::Picking:
+        return m_walk.wasMoved() ? tr("The stage was moved. Click point %1 of %2 on the image again.")
+                                       .arg(point)
+                                       .arg(m_walk.count())
+                                 : tr("Click point %1 of %2 on the image, near another corner each time.")
+                                       .arg(point)
+                                       .arg(m_walk.count());
+    case State::Ready:
+        return tr("Press Enter: the stage drives to point 1 and focuses. Escape ends.");
+    case State::DrivingThere:
+        return tr("The stage drives to point %1 and focuses there. Escape ends.").arg(point);
+    case State::AtPoint:
+        if (m_walk.hasMissed()) {
+            return tr("The stage is at %1, not at point %2. Click the point to centre it, or press Enter to "
+                      "try again.")
+                .arg(words(m_walk.place()), point);
+        }
+        return tr("Is point %1 under the cross? If not, click it. Enter reads its position and %2.")
+            .arg(point, m_walk.point() + 1 < m_walk.count() ? tr("drives to point %1").arg(m_walk.point() + 2)
+                                                            : tr("drives back"));
+    case State::DrivingBack:
+        return tr("The stage drives back to %1. Escape ends.").arg(words(m_walk.home()));
+    case State::Done:
+        return m_walk.hasMissed()
+                   ? tr("All points are read. The stage is at %1, not back at %2.")
+                         .arg(words(m_walk.place()), words(m_walk.home()))
+                   : tr("All points are read, and the stage is back. If the lines below are good, press OK.");
+    case State::Left:
+        break;
+    }
+    return m_context.fOcuva.cxsStage().IsMoving()
+               ? tr("The assistant has ended. The move that runs goes on to its end; the walk began at %1.")
+                     .arg(words(m_walk.home()))
+               : tr("The assistant has ended. The stage is at %1; the walk began at %2. Enter drives back.")
+                     .arg(words(const_cast<CalibrationAssistant*>(this)->position()), words(m_walk.home()));
+}
+
+QString CalibrationAssistant::buttonText() const {
+    switch (m_walk.state()) {
+    case State::Ready:
+        return tr("Drive to Point 1");
+    case State::AtPoint:
+        return m_walk.hasMissed() ? tr("Try Again") : tr("Read Point %1").arg(m_walk.point() + 1);
+    case State::DrivingThere:
+    case State::DrivingBack:
+        return tr("Driving\u2026");
+    case State::Left:
+        return tr("Drive Back");
+    default:
+        return tr("Assistant");
+    }
+}
+
+} // namespace ocuva

@@ -1,0 +1,65 @@
+#pragma once
+// The assistant of the calibration dialog: joins the walk to the stage, and says what it waits for.
+
+#include "pictures/CalibrationWalk.h"
+#include "stage/StageMover.h"
+
+#include <QObject>
+
+#include <functional>
+
+namespace ocuva {
+
+/// What it needs; everything outlives it.
+struct CalibrationAssistantContext {
+    StageMover& fOcuva;                                      ///< moves the stage
+    std::function<StagePoint(const PicturePoint&)> offsetTo; ///< by the set-up's scale; Z is 0
+    std::function<void()> focus;                             ///< one focus search from begin to end
+    std::function<QString()> whyNot; ///< why the stage cannot be walked now; empty when it can
+};
+
+/// Drives the stage only from start's walk, when enter() is called. User-interface thread.
+class CalibrationAssistant final : public QObject, private CalibrationWalkActions {
+    Q_OBJECT
+
+public:
+    /// Nothing is under way.
+    CalibrationAssistant(CalibrationAssistantContext context, QObject* parent);
+
+    /// Begins a walk of two or three points, or says why it cannot.
+    void start(std::size_t count);
+    /// The next point was picked.
+    void pick(const PicturePoint& at);
+    /// The operator's deed that goes on; nothing happens where it is not waited for.
+    void enter();
+    /// The operator ends the walk; the stage stays.
+    void leave();
+    /// A watched move has ended.
+    void moveEnded();
+
+    /// The walk itself.
+    const CalibrationWalk& walk() const { return m_walk; }
+    /// What it waits for or has done; empty before the first start.
+    QString hint() const;
+    /// What enter() does next, or start while nothing is under way.
+    QString buttonText() const;
+
+Q_SIGNALS:
+    /// State or texts are others.
+    void changed();
+
+private:
+    StagePoint position() override;
+    StagePoint offsetTo(const PicturePoint& point) override { return m_context.offsetTo(point); }
+    void driveBy(const StagePoint& distance) override;
+    void focus() override { m_context.focus(); }
+
+    bool isRefused();
+
+    CalibrationAssistantContext m_context;
+    CalibrationWalk m_walk;
+    QString m_refusal; // why the last deed did nothing
+    bool m_hasWalked = false;
+};
+
+} // namespace ocuva

@@ -1,0 +1,105 @@
+#pragma once
+// The walk of the assistant: three points are picked on the image, then the stage goes to each of them, is
+// read there, and comes back.
+//
+//   Idle --start--> Picking --last pick--> Ready --enter--> DrivingThere --arrived--> AtPoint
+//                      ^                     |                    ^                      |
+//                      +-- enter, but moved -+                    +-- enter, more points +
+//                                                                                        | enter, last point
+//                                  Done <--arrived, all read-- DrivingBack <-------------+
+//
+// leave: Picking, Ready and Done end in Idle; DrivingThere, AtPoint and DrivingBack in Left, where the stage
+// stays where it is. From Left, enter drives back and leave ends.
+
+#include "pictures/Calibration.h"
+#include "pictures/PicturePoint.h"
+
+#include <vector>
+
+namespace ocuva {
+
+/// What the walk does to the instrument; only enter() and an arrival that follows it call these.
+class CalibrationWalkActions {
+public:
+    virtual ~CalibrationWalkActions() = default;
+    /// Where the stage is now, stage units.
+    virtual StagePoint position() = 0;
+    /// From where the stage is to where that point of the picture is at the image's centre, by the scale of
+    /// the set-up. Z is 0.
+    virtual StagePoint offsetTo(const PicturePoint& point) = 0;
+    /// Starts a move by so much and watches it; its end is reported by arrived().
+    virtual void driveBy(const StagePoint& distance) = 0;
+    /// Searches the focus and returns when that has ended.
+    virtual void focus() = 0;
+};
+
+/// One walk at a time. It drives nothing by itself: each drive follows from enter(), the operator's deed.
+class CalibrationWalk {
+public:
+    /// As drawn above.
+    enum class State { Idle, Picking, Ready, DrivingThere, AtPoint, DrivingBack, Done, Left };
+
+    /// The actions outlive it.
+    explicit CalibrationWalk(CalibrationWalkActions& actions)
+        : m_actions(actions) {}
+
+    /// Begins with a walk of two or three points from where the stage is.
+    void start(std::size_t count);
+    /// The next point was picked.
+    void pick(const PicturePoint& at);
+    /// The operator says go on. In Ready a stage that is no longer where the walk began means that the points
+    /// have to be picked again. At a point that was missed, and left so, the drive is tried again.
+    void enter();
+    /// The watched move has ended. Focuses at a point that was reached; of no account in other states.
+    void arrived();
+    /// The operator ends the walk. A move that runs goes on to its end; none is started.
+    void leave();
+
+    /// The state, and whether it is one in which enter() has something to do.
+    ///@{
+    State state() const { return m_state; }
+    bool waitsForEnter() const;
+    bool isUnderWay() const { return m_state != State::Idle; }
+    ///@}
+
+    /// The point, from 0, that is picked or driven to next or stood at.
+    std::size_t point() const { return m_point; }
+    /// How many the walk has.
+    std::size_t count() const { return m_count; }
+    /// Where the walk began and ends.
+    const StagePoint& home() const { return m_home; }
+    /// Where the stage was at the last arrival.
+    const StagePoint& place() const { return m_place; }
+    /// Whether the last drive did not end where it was sent.
+    bool hasMissed() const { return m_missed; }
+    /// Whether the points had to be picked again because the stage was moved.
+    bool wasMoved() const { return m_wasMoved; }
+    /// The stage positions read so far, in the order of the points.
+    const std::vector<StagePoint>& readings() const { return m_readings; }
+
+private:
+    [[noreturn]] void refuse(State to) const;
+    void go(State to);
+    void beginPicking();
+    void driveTo(const StagePoint& target);
+    void driveToPoint(std::size_t point);
+    void readPoint();
+
+    CalibrationWalkActions& m_actions;
+    State m_state = State::Idle;
+    std::size_t m_count = 3;
+    std::size_t m_point = 0;
+    StagePoint m_home;
+    StagePoint m_target;
+    StagePoint m_place;
+    bool m_missed = false;
+    bool m_wasMoved = false;
+    std::vector<PicturePoint> m_picks;
+    std::vector<StagePoint> m_targets; // of the points, fixed while the stage is at home
+    std::vector<StagePoint> m_readings;
+};
+
+/// The state's name as the diagram has it.
+const char* nameOf(CalibrationWalk::State state);
+
+} // namespace ocuva
