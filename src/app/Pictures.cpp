@@ -51,8 +51,8 @@ void Pictures::save() {
     m_folder.remember(name);
     log(QObject::tr("Save to file: '%1'").arg(name));
     Picture picture = m_stored ? m_stored->picture
-                               : cameraImage(m_context.image, m_context.stage,
-                                             m_context.magnification.read(), howToGetAnImage());
+                               : cameraImage(m_context.image, m_context.stage, m_context.magnification.read(),
+                                             howToGetAnImage());
     std::optional<CalibrationPoints> points;
     if (!chooseDescription(picture, points)) {
         return;

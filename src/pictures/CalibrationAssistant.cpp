@@ -133,16 +133,16 @@ QString CalibrationAssistant::hint() const {
 QString CalibrationAssistant::buttonText() const {
     switch (m_walk.state()) {
     case State::Ready:
-        return tr("Drive to Point 1");
+        return tr("&Drive to Point 1");
     case State::AtPoint:
-        return m_walk.hasMissed() ? tr("Try Again") : tr("Read Point %1").arg(m_walk.point() + 1);
+        return m_walk.hasMissed() ? tr("Try &Again") : tr("Re&ad Point %1").arg(m_walk.point() + 1);
     case State::DrivingThere:
     case State::DrivingBack:
         return tr("Driving\u2026");
     case State::Left:
-        return tr("Drive Back");
+        return tr("&Drive Back");
     default:
-        return tr("Assistant");
+        return tr("&Assistant");
     }
 }
 

@@ -112,8 +112,8 @@ public:
     LetteredButton* CmdPt = nullptr; ///< closes the point frame, and opens it again
     /// The controls, by their names.
     ///@{
-    QPushButton* cmdWalk = nullptr;   ///< starts the assistant and goes on with it
-    QCheckBox* chkTakeOver = nullptr; ///< what the walk has found goes into the set-up with OK
+    LetteredButton* cmdWalk = nullptr; ///< starts the assistant and goes on with it
+    QCheckBox* chkTakeOver = nullptr;  ///< what the walk has found goes into the set-up with OK
     QPushButton* cmdRestore = nullptr;
     QPushButton* OKPicture = nullptr;
     QPushButton* CancelPicture = nullptr;

@@ -12,7 +12,7 @@ namespace ocuva {
 using State = CalibrationWalk::State;
 
 void frmSetupStage::makeWalkControls() {
-    cmdWalk = new QPushButton(m_assistant.buttonText(), this);
+    cmdWalk = new LetteredButton(m_assistant.buttonText(), this);
     cmdWalk->setObjectName(QStringLiteral("cmdWalk"));
     cmdWalk->setAutoDefault(false);
     cmdWalk->setToolTip(tr("Pick the points, then let the stage drive to each of them, focus and come back"));
@@ -21,7 +21,7 @@ void frmSetupStage::makeWalkControls() {
     chkTakeOver->setToolTip(tr("OK puts the width and height of the field and the directions of the axes "
                                "into the set-up, tab Stage"));
     chkTakeOver->hide();
-    for (QPushButton* button : {cmdWalk, OKPicture}) {
+    for (QWidget* button : {static_cast<QWidget*>(cmdWalk), static_cast<QWidget*>(OKPicture)}) {
         button->installEventFilter(this);
     }
 }
@@ -63,7 +63,7 @@ void frmSetupStage::showWalkControls() {
                              static_cast<QWidget*>(OKPicture)}) {
         control->setEnabled(!busy);
     }
-    cmdWalk->setText(m_assistant.buttonText());
+    cmdWalk->setCaption(m_assistant.buttonText());
     (busy ? cmdWalk : OKPicture)->setDefault(true);
     if (isVisible() && (walk.waitsForEnter() || walk.state() == State::Done)) {
         raise();
@@ -89,7 +89,7 @@ void frmSetupStage::offerTakeOver() {
         return;
     }
     const auto direction = [](bool inverse) { return inverse ? tr("inverted") : tr("not inverted"); };
-    chkTakeOver->setText(tr("Take over into the set-up: field %1 x %2 at 100x, X %3, Y %4")
+    chkTakeOver->setText(tr("&Take over into the set-up: field %1 x %2 at 100x, X %3, Y %4")
                              .arg(qRound(field->x100))
                              .arg(qRound(field->y100))
                              .arg(direction(field->MoveXInverse), direction(field->MoveYInverse)));
