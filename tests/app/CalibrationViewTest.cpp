@@ -3,7 +3,6 @@
 #include "app/Pictures.h"
 #include "pictures/PictureDescription.h"
 #include "pictures/PictureFile.h"
-#include "pictures/TiffFile.h"
 #include "tests/app/WindowRig.h"
 #include "tests/pictures/PictureSamples.h"
 
@@ -35,8 +34,8 @@ struct CalibrationOfAView : WindowRig {
         host.onCall = [this](const std::string& name) {
             if (name == "TarnVideoBoardFunction" && host.savedFiles.size() > m_written) {
                 m_written = host.savedFiles.size();
-                writeTiff(host.savedFiles.back(),
-                          {sampleImage(768, 576, QImage::Format_Grayscale8), {}, {}, {}});
+                writeTiffFile(host.savedFiles.back(),
+                              {sampleImage(768, 576, QImage::Format_Grayscale8), {}, {}, {}});
             }
         };
         start();
@@ -237,7 +236,7 @@ TEST_F(CalibrationOfAView, ADescriptionThatWasReplacedSinceDoesNotBelongToThePic
 
 TEST_F(CalibrationOfAView, AStoredPictureThatHasNoneOpensTheDialogEmpty) {
     calibrateAt100And200();
-    writeTiff(file("Foreign.tif"), {sampleImage(120, 90, QImage::Format_Grayscale8), {}, {}, {}});
+    writeTiffFile(file("Foreign.tif"), {sampleImage(120, 90, QImage::Format_Grayscale8), {}, {}, {}});
     open("Foreign.tif");
     action("Picture")->trigger();
     EXPECT_EQ(dialog().FramePoint->box(0, PointField::XS)->text(), QString());
@@ -249,7 +248,7 @@ TEST_F(CalibrationOfAView, ADescriptionWhoseStagePointsSpanNoPlaneIsNamedWhenItI
     const CalibrationPoints same{true, {{{0, 0, 7, 8, 5}, {10000, 10000, 7, 8, 5}, {}}}};
     for (const auto& [points, sentence] :
          {std::pair{line, "on one line of the stage"}, std::pair{same, "at the same place of the stage"}}) {
-        writeTiff(file("Weak.tif"), {sampleImage(120, 90, QImage::Format_Grayscale8), {}, {}, {}});
+        writeTiffFile(file("Weak.tif"), {sampleImage(120, 90, QImage::Format_Grayscale8), {}, {}, {}});
         writeDescription(file("Weak.tif"), points);
         host.logLines.clear();
         EXPECT_EQ(open("Weak.tif").text, "");
@@ -286,7 +285,7 @@ TEST_F(CalibrationOfAView, TheSecondClickInVgaModeSaysThatTheStageHasMovedSince)
 TEST_F(CalibrationOfAView, AForeignPictureDoesNotGetTheLiveOneWithoutAQuestion) {
     calibrateAt100And200();
     Picture foreign{sampleImage(120, 90, QImage::Format_Grayscale8), {}, {}, {}};
-    writeTiff(file("Foreign.tif"), foreign);
+    writeTiffFile(file("Foreign.tif"), foreign);
     open("Foreign.tif");
     EXPECT_THAT(panel("Info"), HasSubstr("no calibration"));
     const Box box = save("Copy.tif", QMessageBox::AcceptRole);
@@ -296,7 +295,7 @@ TEST_F(CalibrationOfAView, AForeignPictureDoesNotGetTheLiveOneWithoutAQuestion) 
 
 TEST_F(CalibrationOfAView, AStoredPictureCanBeGivenOneOfItsOwnAndSavingKeepsIt) {
     calibrateAt100And200();
-    writeTiff(file("Foreign.tif"), {sampleImage(120, 90, QImage::Format_Grayscale8), {}, {}, {}});
+    writeTiffFile(file("Foreign.tif"), {sampleImage(120, 90, QImage::Format_Grayscale8), {}, {}, {}});
     open("Foreign.tif");
     action("Picture")->trigger();
     typePoints(1000, 2000);
