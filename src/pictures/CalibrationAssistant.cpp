@@ -45,6 +45,7 @@ bool CalibrationAssistant::isRefused() {
 }
 
 void CalibrationAssistant::start(std::size_t count) {
+    const std::shared_ptr<void> hold = m_context.fOcuva.holdInput();
     if (!m_walk.isUnderWay() && !isRefused()) {
         m_walk.start(count);
         m_hasWalked = true;
@@ -58,6 +59,7 @@ void CalibrationAssistant::pick(const PicturePoint& at) {
 }
 
 void CalibrationAssistant::enter() {
+    const std::shared_ptr<void> hold = m_context.fOcuva.holdInput();
     if (m_walk.waitsForEnter() && !isRefused()) {
         m_walk.enter();
     }
