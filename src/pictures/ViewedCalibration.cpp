@@ -4,8 +4,6 @@
 
 namespace ocuva {
 
-using Kind = ViewRelation::Kind;
-
 ViewedCalibration::ViewedCalibration(const Calibration& calibration, CalibrationView shown)
     : m_calibration(calibration)
     , m_shown(std::move(shown)) {
@@ -16,18 +14,18 @@ ViewedCalibration::ViewedCalibration(const Calibration& calibration, Calibration
 
 bool ViewedCalibration::isElsewhere() const {
     if (m_relation) {
-        return m_relation->kind != Kind::Same;
+        return m_relation->kind != ViewRelation::Kind::Same;
     }
     return m_shown.isStored() && m_calibration.isMade();
 }
 
 bool ViewedCalibration::givesPositions() const {
-    return !m_shown.isStored() ||
-           (m_relation && (m_relation->kind == Kind::Same || m_relation->kind == Kind::Moved));
+    return !m_shown.isStored() || (m_relation && (m_relation->kind == ViewRelation::Kind::Same ||
+                                                  m_relation->kind == ViewRelation::Kind::Moved));
 }
 
 StagePoint ViewedCalibration::position(Single XPic, Single YPic) const {
-    if (m_shown.isStored() && m_relation && m_relation->kind == Kind::Moved) {
+    if (m_shown.isStored() && m_relation && m_relation->kind == ViewRelation::Kind::Moved) {
         return m_calibration.movedPosition(XPic, YPic, m_relation->dx, m_relation->dy);
     }
     return m_calibration.ComputeStagePosition(XPic, YPic);
