@@ -158,12 +158,11 @@ void ImageInformation::showStoredText() {
     const QString stretched = m_state.scale && m_state.scale->stretched ? zoomText() : QString();
     // Neither the zoom nor the magnification says anything about it.
     m_panel.setLamp(lampStored);
-    QStringList shown =
-        m_note.isEmpty() ? QStringList{what, m_calibration.panel, stretched} : QStringList{tr("Picture"), m_note};
+    QStringList shown = m_note.isEmpty() ? QStringList{what, m_calibration.panel, stretched}
+                                         : QStringList{tr("Picture"), m_note};
     shown.removeAll(QString());
     m_panel.setText(shown.join(QStringLiteral("   ")));
-    QStringList all{tr("Stored picture %1").arg(m_state.storedPicture),
-                    m_calibration.tip,
+    QStringList all{tr("Stored picture %1").arg(m_state.storedPicture), m_calibration.tip,
                     tr("Live (F7) brings the live image back")};
     all << m_note << m_advice;
     all.removeAll(QString());

@@ -1,5 +1,6 @@
 #include "app/Pictures.h"
 
+#include "app/PathOf.h"
 #include "pictures/CalibrationQuality.h"
 #include "pictures/CalibrationVerdict.h"
 #include "pictures/CameraImage.h"
@@ -13,12 +14,6 @@
 #include <QObject>
 
 namespace ocuva {
-
-namespace {
-
-std::filesystem::path pathOf(const QString& name) { return {name.toStdU16String()}; }
-
-} // namespace
 
 QString StoredPicture::bareName() const { return QFileInfo(name).fileName(); }
 

@@ -1,5 +1,6 @@
 #include "app/RunningCopies.h"
 
+#include "app/PathOf.h"
 #include "base/FileLock.h"
 #include "base/Product.h"
 
@@ -23,8 +24,6 @@ namespace fs = std::filesystem;
 
 const auto copyEntry = QStringLiteral("copy-");
 const auto startEntry = QStringLiteral("starting-"); // of a copy that has not started up yet
-
-fs::path pathOf(const QString& name) { return {name.toStdU16String()}; }
 
 QString folderName() { return QString::fromLatin1(productTitle).toLower() + QStringLiteral("-copies"); }
 

@@ -7,8 +7,6 @@ namespace ocuva {
 
 namespace {
 
-using Kind = ViewRelation::Kind;
-
 struct Words {
     Q_DECLARE_TR_FUNCTIONS(CalibrationWords)
 };
@@ -45,9 +43,9 @@ CalibrationWords liveWords(const ViewedCalibration& viewed) {
     const ViewRelation& relation = *viewed.relation();
     const QString tip = Words::tr("The calibration belongs to another view");
     switch (relation.kind) {
-    case Kind::Moved:
+    case ViewRelation::Kind::Moved:
         return {Words::tr("calibrated elsewhere: %1, %2 away").arg(relation.dx).arg(relation.dy), tip};
-    case Kind::OtherMagnification:
+    case ViewRelation::Kind::OtherMagnification:
         return {Words::tr("calibrated at another magnification"), tip};
     default:
         return {Words::tr("calibrated elsewhere"), tip};
@@ -61,9 +59,9 @@ CalibrationWords storedWords(const ViewedCalibration& viewed, bool described) {
     }
     const ViewRelation relation = viewed.relation().value_or(ViewRelation{});
     switch (relation.kind) {
-    case Kind::Same:
+    case ViewRelation::Kind::Same:
         return {Words::tr("calibrated"), point};
-    case Kind::Moved:
+    case ViewRelation::Kind::Moved:
         return {Words::tr("calibration moved by %1, %2").arg(relation.dx).arg(relation.dy),
                 Words::tr("The calibration was made on another view: positions are moved by %1, %2\n%3")
                     .arg(relation.dx)
@@ -97,7 +95,7 @@ std::optional<DescriptionWarning> descriptionWarning(const Calibration& calibrat
     if (!viewed.isElsewhere()) {
         return {};
     }
-    const bool unrelated = !viewed.relation() || viewed.relation()->kind == Kind::Unknown;
+    const bool unrelated = !viewed.relation() || viewed.relation()->kind == ViewRelation::Kind::Unknown;
     return DescriptionWarning{unrelated ? Words::tr("The calibration does not belong to this picture.")
                                         : Words::tr("The calibration belongs to another view."),
                               Words::tr("%1 %2 A description written now would give wrong stage positions.")

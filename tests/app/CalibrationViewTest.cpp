@@ -19,7 +19,7 @@ using testing::Not;
 namespace {
 
 // What a message box said.
-struct Box {
+struct AnsweredBox {
     std::string title;
     std::string text;
     std::string more;
@@ -75,8 +75,8 @@ struct CalibrationOfAView : WindowRig {
     std::filesystem::path file(const char* name) const { return {path(name).toStdU16String()}; }
     bool isThere(const char* name) const { return QFileInfo::exists(path(name)); }
     // Runs an action and answers the box that comes up meanwhile; empty texts when none does.
-    Box answer(QMessageBox::ButtonRole role, const std::function<void()>& act) {
-        Box seen;
+    AnsweredBox answer(QMessageBox::ButtonRole role, const std::function<void()>& act) {
+        AnsweredBox seen;
         QTimer::singleShot(0, &window(), [&seen, role] {
             if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
                 seen = {box->windowTitle().toStdString(), box->text().toStdString(),
@@ -94,11 +94,11 @@ struct CalibrationOfAView : WindowRig {
         QCoreApplication::processEvents();
         return seen;
     }
-    Box save(const char* name, QMessageBox::ButtonRole role = QMessageBox::RejectRole) {
+    AnsweredBox save(const char* name, QMessageBox::ButtonRole role = QMessageBox::RejectRole) {
         chosen = path(name);
         return answer(role, [this] { action("mnuSaveAs")->trigger(); });
     }
-    Box open(const char* name) {
+    AnsweredBox open(const char* name) {
         chosen = path(name);
         return answer(QMessageBox::AcceptRole, [this] { action("mmuOpen")->trigger(); });
     }
@@ -125,7 +125,7 @@ private:
 TEST_F(CalibrationOfAView, APictureSavedElsewhereGetsNoDescriptionWithoutAQuestion) {
     calibrateAt100And200();
     stageAt(5100, 1200, 5);
-    const Box box = save("Video.tif", QMessageBox::AcceptRole);
+    const AnsweredBox box = save("Video.tif", QMessageBox::AcceptRole);
     EXPECT_THAT(box.text, HasSubstr("another view"));
     EXPECT_TRUE(isThere("Video.tif"));
     EXPECT_FALSE(isThere("Video.pic"));
@@ -268,7 +268,7 @@ TEST_F(CalibrationOfAView, IsKnownToBeElsewhereAfterARestart) {
     calibrateAt100And200();
     stageAt(5100, 1200, 5);
     restart();
-    const Box box = save("Video.tif", QMessageBox::AcceptRole);
+    const AnsweredBox box = save("Video.tif", QMessageBox::AcceptRole);
     EXPECT_THAT(box.text, HasSubstr("another view"));
     EXPECT_FALSE(isThere("Video.pic"));
 }
@@ -277,7 +277,7 @@ TEST_F(CalibrationOfAView, TheSecondClickInVgaModeSaysThatTheStageHasMovedSince)
     restart("1");
     calibrateAt100And200();
     stageAt(260, 320, 5);
-    const Box box = answer(QMessageBox::NoRole, [this] { click({96, 72}); });
+    const AnsweredBox box = answer(QMessageBox::NoRole, [this] { click({96, 72}); });
     EXPECT_EQ(box.text, " Move Stage to X:-60 Y:80 Z:12 ? ");
     EXPECT_THAT(box.more, AllOf(HasSubstr("100"), HasSubstr("200"), HasSubstr("260"), HasSubstr("320")));
 }
@@ -288,7 +288,7 @@ TEST_F(CalibrationOfAView, AForeignPictureDoesNotGetTheLiveOneWithoutAQuestion) 
     writeTiffFile(file("Foreign.tif"), foreign);
     open("Foreign.tif");
     EXPECT_THAT(panel("Info"), HasSubstr("no calibration"));
-    const Box box = save("Copy.tif", QMessageBox::AcceptRole);
+    const AnsweredBox box = save("Copy.tif", QMessageBox::AcceptRole);
     EXPECT_THAT(box.text, HasSubstr("does not belong"));
     EXPECT_FALSE(isThere("Copy.pic"));
 }

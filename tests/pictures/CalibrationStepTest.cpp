@@ -5,11 +5,10 @@
 #include <gmock/gmock.h>
 
 using namespace ocuva;
-using Kind = CalibrationStep::Kind;
 
 namespace {
 
-std::array<PointTexts, 3> good() {
+std::array<PointTexts, 3> usableTexts() {
     return {{{"0", "0", "-320", "-240", "10"},
              {"10000", "0", "320", "-240", "12"},
              {"0", "10000", "-320", "240", "14"}}};
@@ -25,31 +24,33 @@ CalibrationPoints turned(double signX, double signY) {
 
 TEST(NextCalibrationStep, PicksAllPointsBeforeAnyIsRead) {
     std::array<PointTexts, 3> texts;
-    EXPECT_EQ(nextCalibrationStep(false, texts), (CalibrationStep{Kind::Pick, 0}));
+    EXPECT_EQ(nextCalibrationStep(false, texts), (CalibrationStep{CalibrationStep::Kind::Pick, 0}));
     texts[0] = {"0", "0", "", "", ""};
-    EXPECT_EQ(nextCalibrationStep(false, texts), (CalibrationStep{Kind::Pick, 1}));
-    texts = good();
+    EXPECT_EQ(nextCalibrationStep(false, texts), (CalibrationStep{CalibrationStep::Kind::Pick, 1}));
+    texts = usableTexts();
     texts[0][4].clear();
     texts[2][1].clear();
-    EXPECT_EQ(nextCalibrationStep(false, texts), (CalibrationStep{Kind::Pick, 2}));
+    EXPECT_EQ(nextCalibrationStep(false, texts), (CalibrationStep{CalibrationStep::Kind::Pick, 2}));
     texts[2][1] = "5";
-    EXPECT_EQ(nextCalibrationStep(false, texts), (CalibrationStep{Kind::Read, 0}));
+    EXPECT_EQ(nextCalibrationStep(false, texts), (CalibrationStep{CalibrationStep::Kind::Read, 0}));
 }
 
 TEST(NextCalibrationStep, IsToCorrectABoxThatHoldsNoNumber) {
-    std::array<PointTexts, 3> texts = good();
+    std::array<PointTexts, 3> texts = usableTexts();
     texts[1][3] = "12abc";
     texts[0][0].clear();
-    EXPECT_EQ(nextCalibrationStep(false, texts), (CalibrationStep{Kind::Correct, 1, PointField::YS}));
+    EXPECT_EQ(nextCalibrationStep(false, texts),
+              (CalibrationStep{CalibrationStep::Kind::Correct, 1, PointField::YS}));
 }
 
 TEST(NextCalibrationStep, IsToAcceptWhatCanBeComputedAndNothingElse) {
-    std::array<PointTexts, 3> texts = good();
-    EXPECT_EQ(nextCalibrationStep(false, texts).kind, Kind::Accept);
+    std::array<PointTexts, 3> texts = usableTexts();
+    EXPECT_EQ(nextCalibrationStep(false, texts).kind, CalibrationStep::Kind::Accept);
     texts[2] = {};
-    EXPECT_EQ(nextCalibrationStep(true, texts).kind, Kind::Unusable) << "both points have one Y";
+    EXPECT_EQ(nextCalibrationStep(true, texts).kind, CalibrationStep::Kind::Unusable)
+        << "both points have one Y";
     texts[1][1] = "10000";
-    EXPECT_EQ(nextCalibrationStep(true, texts).kind, Kind::Accept);
+    EXPECT_EQ(nextCalibrationStep(true, texts).kind, CalibrationStep::Kind::Accept);
 }
 
 TEST(FieldOfACalibration, IsItsWidthAtMagnification100WithTheDirectionOfEachAxis) {

@@ -20,9 +20,9 @@ struct CalibrationKept : testing::Test {
     std::string& text() { return host.settings["Ocuva.INI|Calibration|Points"]; }
 };
 
-const CalibrationPoints threePoints{
+const CalibrationPoints keptPoints{
     false, {{{0, 10, -320, 240, 5}, {10000, 0, 320, 241, 6}, {20, 9999, -321, -240, 7}}}};
-const KeptCalibration three{threePoints, ViewPlace{100, -200, 5, 400}};
+const KeptCalibration three{keptPoints, ViewPlace{100, -200, 5, 400}};
 
 } // namespace
 
@@ -37,7 +37,7 @@ TEST_F(CalibrationKept, ComesBackAsItWas) {
     const CalibrationPoint longest{most16, most16, most, most, most};
     const CalibrationPoints two{true, {{{1, 2, 3, 4, 5}, {6, 7, 8, 9, 10}, {}}}};
     for (const KeptCalibration& kept :
-         {three, KeptCalibration{threePoints, {}}, KeptCalibration{two, {}},
+         {three, KeptCalibration{keptPoints, {}}, KeptCalibration{two, {}},
           KeptCalibration{two, ViewPlace{1, 2, 3, 4}},
           KeptCalibration{{false, {{longest, longest, longest}}}, ViewPlace{most, most, most, most}}}) {
         store.save(kept);

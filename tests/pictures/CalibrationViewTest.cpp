@@ -5,7 +5,6 @@
 #include <limits>
 
 using namespace ocuva;
-using Kind = ViewRelation::Kind;
 
 namespace {
 
@@ -36,7 +35,8 @@ struct ViewedFrom : testing::Test {
 TEST(RelationOfViews, IsTheSameWithinAUnitAtAnyHeight) {
     for (const Long dx : {-1, 0, 1}) {
         for (const Long dy : {-1, 0, 1}) {
-            EXPECT_EQ(relationTo(liveHere, liveAt(100 + dx, -200 + dy, 400, 900)).kind, Kind::Same);
+            EXPECT_EQ(relationTo(liveHere, liveAt(100 + dx, -200 + dy, 400, 900)).kind,
+                      ViewRelation::Kind::Same);
         }
     }
 }
@@ -44,7 +44,8 @@ TEST(RelationOfViews, IsTheSameWithinAUnitAtAnyHeight) {
 TEST(RelationOfViews, IsADistanceWithItsSigns) {
     for (const Long dx : {-5000, -2, 0, 2, 5000}) {
         for (const Long dy : {-1000, -2, 2, 1000}) {
-            EXPECT_EQ(relationTo(liveHere, liveAt(100 + dx, -200 + dy)), (ViewRelation{Kind::Moved, dx, dy}));
+            EXPECT_EQ(relationTo(liveHere, liveAt(100 + dx, -200 + dy)),
+                      (ViewRelation{ViewRelation::Kind::Moved, dx, dy}));
         }
     }
 }
@@ -53,19 +54,19 @@ TEST(RelationOfViews, DoesNotOverflowFromOneEndToTheOther) {
     constexpr Long least = std::numeric_limits<Long>::min();
     constexpr Long most = std::numeric_limits<Long>::max();
     const ViewRelation relation = relationTo(liveAt(least, most), liveAt(most, least));
-    EXPECT_EQ(relation, (ViewRelation{Kind::Moved, 4294967295, -4294967295}));
+    EXPECT_EQ(relation, (ViewRelation{ViewRelation::Kind::Moved, 4294967295, -4294967295}));
 }
 
 TEST(RelationOfViews, IsUnknownWithoutAPlaceAndNoneAtAnotherMagnification) {
-    EXPECT_EQ(relationTo(liveHere, {}).kind, Kind::Unknown);
-    EXPECT_EQ(relationTo({}, liveHere).kind, Kind::Unknown);
-    EXPECT_EQ(relationTo({}, {}).kind, Kind::Unknown);
-    EXPECT_EQ(relationTo(liveHere, liveAt(100, -200, 100)).kind, Kind::OtherMagnification);
+    EXPECT_EQ(relationTo(liveHere, {}).kind, ViewRelation::Kind::Unknown);
+    EXPECT_EQ(relationTo({}, liveHere).kind, ViewRelation::Kind::Unknown);
+    EXPECT_EQ(relationTo({}, {}).kind, ViewRelation::Kind::Unknown);
+    EXPECT_EQ(relationTo(liveHere, liveAt(100, -200, 100)).kind, ViewRelation::Kind::OtherMagnification);
 }
 
 TEST(RelationOfViews, OfAStoredPictureToItselfIsTheSameWhereverItWasTaken) {
-    EXPECT_EQ(relationTo(storedSomewhere, storedSomewhere).kind, Kind::Same);
-    EXPECT_EQ(relationTo(storedSomewhere, {"/pictures/b.tif", {}}).kind, Kind::Unknown);
+    EXPECT_EQ(relationTo(storedSomewhere, storedSomewhere).kind, ViewRelation::Kind::Same);
+    EXPECT_EQ(relationTo(storedSomewhere, {"/pictures/b.tif", {}}).kind, ViewRelation::Kind::Unknown);
 }
 
 TEST(ViewsOfPickedPoints, AgreeWhileTheStageStaysAndCountOnlyInUse) {

@@ -8,14 +8,14 @@ using namespace ocuva;
 
 namespace {
 
-const CalibrationPoints points{true, {{{0, 0, 1, 2, 3}, {10000, 10000, 4, 5, 6}, {}}}};
+const CalibrationPoints notedPoints{true, {{{0, 0, 1, 2, 3}, {10000, 10000, 4, 5, 6}, {}}}};
 const CalibrationView taken{{}, ViewPlace{100, 200, 5, 400}};
 const CalibrationView elsewhere{{}, ViewPlace{900, 200, 5, 400}};
 const CalibrationView stored{"/pictures/a.tif", {}};
 
 std::vector<PictureNote> notesOf(const std::optional<CalibrationView>& view, const CalibrationView& shown) {
     std::vector<PictureNote> notes = cameraNotes({100, 200, 5}, {400, 2560.0F, 1920.0F});
-    noteCalibration(notes, points, view, shown);
+    noteCalibration(notes, notedPoints, view, shown);
     return notes;
 }
 
@@ -32,17 +32,18 @@ TEST(ViewNotes, TellWhereThePictureWasTaken) {
 
 TEST(ViewNotes, ComeBackThroughTheFormInWhichAPictureCarriesThem) {
     const Picture picture{{}, {}, notesOf(elsewhere, taken), {}};
-    EXPECT_EQ(viewOfPoints(points, readImageDescription(imageDescription(picture)).notes, stored), elsewhere);
+    EXPECT_EQ(viewOfPoints(notedPoints, readImageDescription(imageDescription(picture)).notes, stored),
+              elsewhere);
 }
 
 TEST(ViewNotes, OfItsOwnViewOrOfNoneBelongToThePicture) {
-    EXPECT_EQ(viewOfPoints(points, notesOf(taken, taken), stored), stored);
-    EXPECT_EQ(viewOfPoints(points, {}, stored), stored);
-    EXPECT_EQ(viewOfPoints(points, notesOf({}, taken), stored), stored);
+    EXPECT_EQ(viewOfPoints(notedPoints, notesOf(taken, taken), stored), stored);
+    EXPECT_EQ(viewOfPoints(notedPoints, {}, stored), stored);
+    EXPECT_EQ(viewOfPoints(notedPoints, notesOf({}, taken), stored), stored);
 }
 
 TEST(ViewNotes, OfAnUnknownViewOrOfOtherPointsBelongToNobodyKnowsWhere) {
-    EXPECT_EQ(viewOfPoints(points, notesOf(CalibrationView{}, taken), stored), CalibrationView{});
+    EXPECT_EQ(viewOfPoints(notedPoints, notesOf(CalibrationView{}, taken), stored), CalibrationView{});
     CalibrationPoints others = points;
     others.points[0].XS = 77;
     EXPECT_EQ(viewOfPoints(others, notesOf(taken, taken), stored), CalibrationView{});
@@ -51,9 +52,9 @@ TEST(ViewNotes, OfAnUnknownViewOrOfOtherPointsBelongToNobodyKnowsWhere) {
 TEST(ViewNotes, AreReplacedAndNotAddedTo) {
     std::vector<PictureNote> notes = notesOf(elsewhere, taken);
     const std::size_t count = notes.size();
-    noteCalibration(notes, points, taken, taken);
+    noteCalibration(notes, notedPoints, taken, taken);
     EXPECT_EQ(notes.size(), count);
-    EXPECT_EQ(viewOfPoints(points, notes, stored), stored);
+    EXPECT_EQ(viewOfPoints(notedPoints, notes, stored), stored);
     noteCalibration(notes, {}, taken, taken);
     EXPECT_EQ(notes, cameraNotes({100, 200, 5}, {400, 2560.0F, 1920.0F}));
 }
