@@ -150,7 +150,9 @@ void WindowFit::fitNormal() {
         m_asked = asked;
         window.resize(wanted);
     }
-    if (window.isVisible()) {
+    // Before it is exposed, the window system has not said where the window is.
+    const QWindow* handle = window.windowHandle();
+    if (window.isVisible() && handle != nullptr && handle->isExposed()) {
         bringOnScreen();
     }
 }

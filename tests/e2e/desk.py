@@ -72,24 +72,32 @@ def wait_until(condition, otherwise, patience_s=PATIENCE_S):
 
 
 class Trace:
-    """The host calls of one process, read from its trace file while it grows."""
+    """The host calls of one process, read from its trace file while it grows. A full file is moved away and a new one begun;
+    the old one is read to its end first."""
 
     def __init__(self, path):
         self._path = path
-        self._read_bytes = 0
+        self._file = None
         self._calls = []
 
     def calls(self):
         """All calls so far, oldest first; each with fn, in, out and ret."""
-        if self._path.exists():
-            with open(self._path, "rb") as file:
-                file.seek(self._read_bytes)
-                for line in file:
-                    if not line.endswith(b"\n"):
-                        break  # still being written
-                    self._read_bytes += len(line)
-                    self._calls.append(json.loads(line))
+        while self._file or self._path.exists():
+            self._file = self._file or open(self._path, "rb")
+            was_moved = not self._path.exists() or not os.path.samestat(os.fstat(self._file.fileno()), os.stat(self._path))
+            self._read_on()
+            if not was_moved:
+                break
+            self._file.close()
+            self._file = None
         return self._calls
+
+    def _read_on(self):
+        while line := self._file.readline():
+            if not line.endswith(b"\n"):
+                self._file.seek(-len(line), os.SEEK_CUR)  # still being written
+                break
+            self._calls.append(json.loads(line))
 
     def mark(self):
         """A place in the trace: what comes later is what is done from now on."""

@@ -352,7 +352,7 @@ TEST_F(OpenedPictures, WhosePixelsAreNoGreyLevelsAreRefusedWithAWayOut) {
 }
 
 TEST_F(OpenedPictures, InSmallTilesWithoutCompressionAreRead) {
-    writeForeign("tiles.tif", [this](TIFF* file) {
+    writeForeign("tiles.tif", [](TIFF* file) {
         TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, 8);
         TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
         TIFFSetField(file, TIFFTAG_TILEWIDTH, 16);
