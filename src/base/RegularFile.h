@@ -29,8 +29,11 @@ public:
     /// Not open.
     RegularFile() = default;
     ~RegularFile() { close(); }
+    /// The file moves; the other one is not open any more.
+    ///@{
     RegularFile(RegularFile&& other) noexcept;
     RegularFile& operator=(RegularFile&& other) noexcept;
+    ///@}
     RegularFile(const RegularFile&) = delete;
     RegularFile& operator=(const RegularFile&) = delete;
 
@@ -97,4 +100,6 @@ std::error_code replaceable(const std::filesystem::path& target);
 
 } // namespace ocuva
 
+/// @cond
 template <> struct std::is_error_code_enum<ocuva::FileRefusal> : std::true_type {};
+/// @endcond

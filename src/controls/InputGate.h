@@ -35,6 +35,7 @@ public:
     /// before comes to nothing: its release arrives outside of everything. Holds may be nested.
     class Hold {
     public:
+        /// Begins to drop input; the gate outlives it.
         explicit Hold(InputGate& gate);
         ~Hold();
         Hold(const Hold&) = delete;

@@ -11,6 +11,7 @@ class TextBox final : public QLineEdit {
     Q_OBJECT
 
 public:
+    /// Empty, as wide as a text box is.
     explicit TextBox(QWidget* parent = nullptr);
 
     /// Makes the box as wide as it takes to show that many digits, rather than as wide as it can be.

@@ -68,7 +68,7 @@ FigureRegions figureRegions(const std::vector<QRect>& bars, bool outlined);
 /// the crossings of a fine grid are many more.
 struct ManyBars {
     std::vector<QRect> bars; ///< in pixels of the display
-    bool outlined = false;
+    bool outlined = false;   ///< drawn with an outline
 
     /// As figureRegions() would have it. With seeThrough, what a hollow bar leaves free becomes transparent,
     /// else it is painted in the outline's colour.

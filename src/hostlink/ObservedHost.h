@@ -13,7 +13,7 @@ class ObservedHost final : public Host {
 public:
     /// Told right after the call, on its thread. Either may be empty.
     struct Listener {
-        std::function<void()> settingNotKept;
+        std::function<void()> settingNotKept;        ///< a setting was refused
         std::function<void(bool taken)> messageSent; ///< by name
     };
 

@@ -7,11 +7,11 @@ namespace ocuva {
 
 /// Rows that show nothing because the database gave nothing must not be written back as the list.
 struct StandardReading {
-    bool databaseOpened = true; ///< the host gave a handle
-    int listed = 0;             ///< names on the list, holes not counted
-    int unreadable = 0;         ///< of them, those that the database could not read
-    std::string last;           ///< the last name on the list
-    bool lastIsUnreadable = false;
+    bool databaseOpened = true;    ///< the host gave a handle
+    int listed = 0;                ///< names on the list, holes not counted
+    int unreadable = 0;            ///< of them, those that the database could not read
+    std::string last;              ///< the last name on the list
+    bool lastIsUnreadable = false; ///< the database could not read the last name
 
     /// Counts one more name.
     void add(const std::string& name, bool isReadable) {
