@@ -137,7 +137,7 @@ public:
             end = m_read.find('\n', m_read.size() - m_added);
         }
         const std::size_t length = end == std::string::npos ? m_read.size() : end + 1;
-        const std::string line = withShortPaths(std::string_view(m_read).substr(0, length), m_home);
+        std::string line = withShortPaths(std::string_view(m_read).substr(0, length), m_home);
         m_read.erase(0, length);
         return line;
     }

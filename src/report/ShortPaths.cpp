@@ -22,7 +22,7 @@ void replaceAll(std::string& text, std::string_view what, std::string_view by) {
     }
 }
 
-std::string replaced(std::string text, char what, std::string_view by) {
+std::string replaced(std::string_view text, char what, std::string_view by) {
     std::string result;
     for (const char c : text) {
         c == what ? result.append(by) : result.append(1, c);

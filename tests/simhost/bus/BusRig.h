@@ -61,7 +61,9 @@ struct Place {
         std::vector<fs::path> files;
         std::error_code error;
         for (const auto& entry : fs::directory_iterator(folder / "peers", error)) {
-            files.push_back(entry.path());
+            if (entry.path().extension() != ".aside") { // still being written
+                files.push_back(entry.path());
+            }
         }
         return files;
     }
