@@ -24,7 +24,7 @@ QString roomTrouble(const QTemporaryDir& folder) {
     while (written && probe.size() < wanted) {
         written = probe.write(piece) > 0;
     }
-    const QString trouble = written ? QString() : probe.errorString();
+    QString trouble = written ? QString() : probe.errorString();
     probe.remove();
     return trouble;
 }

@@ -378,7 +378,7 @@ QString refusal(const RegularFile& file, const Layout& layout, int samples) {
         pixels > std::uint64_t{mostPixels}) {
         return QStringLiteral("its %1 x %2 pixels are too many").arg(layout.width).arg(layout.height);
     }
-    if (const QString reason = unknownColours(layout); !reason.isEmpty()) {
+    if (QString reason = unknownColours(layout); !reason.isEmpty()) {
         return reason;
     }
     if (samples > 0 && layout.compression == COMPRESSION_NONE &&
