@@ -2,7 +2,7 @@
 // The program as it runs on the bench, with a host that tells when a stage move was loaded.
 
 #include "app/modInter.h"
-#include "simhost/SimulatedHost.h"
+#include "hosts/simulated/SimulatedHost.h"
 
 #include <QSettings>
 #include <QString>
@@ -68,7 +68,7 @@ private:
 struct Program {
     explicit Program(const QString& folder) {
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder);
-        simhost::SimulatedHostOptions options;
+        hosts::simulated::SimulatedHostOptions options;
         options.dataFolder = (folder + QStringLiteral("/data")).toStdString();
         options.windows = &windows;
         simulated.emplace(std::move(options));
@@ -81,7 +81,7 @@ struct Program {
 
     DisplayWindows windows;
     NoAutomation automation;
-    std::optional<simhost::SimulatedHost> simulated;
+    std::optional<hosts::simulated::SimulatedHost> simulated;
     std::optional<WatchedHost> host;
     std::optional<modInter> inter;
 };

@@ -1,14 +1,15 @@
 // What a focus search costs beside exposing its frames, and how often it ends at the focus. Both through the
 // host's own functions on a virtual clock, so that only computing is counted.
 
-#include "tests/simhost/focus/FocusRig.h"
+#include "tests/hosts/simulated/focus/FocusRig.h"
 
 #include <benchmark/benchmark.h>
 
 namespace {
 
-using namespace simhost;
-using namespace simhost::testing;
+using namespace hosts;
+using namespace hosts::simulated;
+using namespace hosts::simulated::testing;
 
 constexpr FocusStart begin{1000, 1000, 2, 3};
 

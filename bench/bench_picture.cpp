@@ -2,8 +2,8 @@
 // baselines are the least that any frame must cost (one copy of its pixels) and the plain way to do the same
 // sums.
 
-#include "simhost/picture/CameraPicture.h"
-#include "simhost/picture/GreyStatistics.h"
+#include "hosts/common/picture/GreyStatistics.h"
+#include "hosts/simulated/world/CameraPicture.h"
 
 #include <benchmark/benchmark.h>
 #include <cstring>
@@ -11,7 +11,8 @@
 
 namespace {
 
-using namespace simhost;
+using namespace hosts;
+using namespace hosts::simulated;
 
 constexpr double kPixelsPerFrame = 200.0; // the stage at speed: a quarter of the picture is fresh each time
 

@@ -1,9 +1,9 @@
 // Grey level statistics of a five-megapixel 8-bit picture, beside the plainest way to read the same memory
 // and beside what a well-known library takes.
 
-#include "simhost/picture/GreyStatistics.h"
-#include "simhost/picture/Hash.h"
-#include "simhost/picture/VectorClones.h"
+#include "hosts/common/picture/GreyStatistics.h"
+#include "hosts/common/picture/VectorClones.h"
+#include "hosts/simulated/world/Hash.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdint>
@@ -15,7 +15,8 @@
 
 namespace {
 
-using namespace simhost;
+using namespace hosts;
+using namespace hosts::simulated;
 
 constexpr int width = 2560;
 constexpr int height = 1944;
@@ -34,7 +35,7 @@ std::uint8_t* bytesOf(std::vector<std::uint64_t>& words) {
     return reinterpret_cast<std::uint8_t*>(words.data());
 }
 
-SIMHOST_VECTOR_CLONES std::uint64_t sumOf(const std::uint64_t* words, std::size_t count) {
+HOSTS_VECTOR_CLONES std::uint64_t sumOf(const std::uint64_t* words, std::size_t count) {
     std::uint64_t sum = 0;
     for (std::size_t i = 0; i < count; ++i) {
         sum += words[i];

@@ -13,12 +13,12 @@
 #include "hostlink/LoadWatch.h"
 #include "hostlink/ObservedHost.h"
 #include "hostlink/TracingHost.h"
+#include "hosts/common/bus/MessageBus.h"
+#include "hosts/common/services/DataFolder.h"
+#include "hosts/simulated/SimulatedHost.h"
 #include "journal/Journal.h"
 #include "platform/Notice.h"
 #include "platform/SystemAutomation.h"
-#include "simhost/SimulatedHost.h"
-#include "simhost/bus/MessageBus.h"
-#include "simhost/services/DataFolder.h"
 
 #include <QApplication>
 #include <QDateTime>
@@ -130,10 +130,10 @@ std::optional<std::string> environment(const char* name) {
 }
 
 ChosenHost simulatedHost(DisplayWindows& windows) {
-    simhost::SimulatedHostOptions options;
+    hosts::simulated::SimulatedHostOptions options;
     options.windows = &windows;
     options.showMessage = showHostMessageBox;
-    auto host = std::make_unique<simhost::SimulatedHost>(std::move(options));
+    auto host = std::make_unique<hosts::simulated::SimulatedHost>(std::move(options));
     const QString dataFolder = QString::fromStdString(host->dataFolder().string());
     // A world that runs faster puts a sleeping server to its end sooner, so that a trainee need not wait.
     const int minuteMs = qRound(host->clock().wallMs(modServer::idleTickMs));
@@ -150,12 +150,12 @@ ChosenHost simulatedHost(DisplayWindows& windows) {
 /// The host's own notifier is a component that its libraries do not export; ours takes its place, between the
 /// copies of one user.
 ChosenHost libraryHost(const std::filesystem::path& folder, bool serverMode) {
-    const std::filesystem::path meeting = simhost::DataFolder::locate();
+    const std::filesystem::path meeting = hosts::DataFolder::locate();
     std::filesystem::create_directories(meeting);
     sayWhatCrashed(meeting / crashNoteName, serverMode);
     auto watched = std::make_unique<WatchedHost>(meeting / crashNoteName);
     const LoadWatch loading(watched->mark, patienceWithLibraries, endingOf(serverMode));
-    auto bus = std::make_shared<simhost::MessageBus>(meeting, [](const std::string& /*line*/) {});
+    auto bus = std::make_shared<hosts::MessageBus>(meeting, [](const std::string& /*line*/) {});
     auto host = std::make_unique<LibraryHost>(
         folder, [bus] { return bus->createNotifier(); }, &watched->mark);
     return {std::move(watched),

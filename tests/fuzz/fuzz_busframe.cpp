@@ -1,12 +1,12 @@
 // Messages between programs. Input: bytes of a stream; also taken as component US sub-component US
 // identifier.
 #include "Fuzz.h"
-#include "simhost/bus/BusFrame.h"
+#include "hosts/common/bus/BusFrame.h"
 
 #include <string>
 
 using fuzz::require;
-using namespace simhost;
+using namespace hosts;
 
 namespace {
 

@@ -1,16 +1,16 @@
 // INI text as every store, standard and configuration is read and edited.
 // Input: section US key US value US other section US other key US text.
 #include "Fuzz.h"
-#include "simhost/services/IniText.h"
-#include "simhost/services/Numerals.h"
+#include "hosts/common/services/IniText.h"
+#include "hosts/common/services/Numerals.h"
 
 #include <optional>
 #include <string>
 
 using fuzz::require;
-using simhost::equalIgnoringCase;
-using simhost::IniText;
-using simhost::trimmed;
+using hosts::equalIgnoringCase;
+using hosts::IniText;
+using hosts::trimmed;
 
 namespace {
 
@@ -38,7 +38,7 @@ void checkReading(const IniText& ini, const Place& place) {
     require(ini.value(place.section, place.key) == firstListed(ini, place),
             "a value is the first one listed under its key");
     const auto value = ini.value(place.section, place.key);
-    const auto number = value ? simhost::leadingWholeNumber(*value) : std::nullopt;
+    const auto number = value ? hosts::leadingWholeNumber(*value) : std::nullopt;
     require(ini.intValue(place.section, place.key, -7) == number.value_or(-7),
             "a number is the one that the value begins with, or the default");
     const auto again = IniText::parse(ini.text());

@@ -2,7 +2,7 @@
 // are also tried as the bits of a number.
 #include "Fuzz.h"
 #include "base/Numbers.h"
-#include "simhost/services/Numerals.h"
+#include "hosts/common/services/Numerals.h"
 
 #include <bit>
 #include <cmath>
@@ -12,7 +12,7 @@
 #include <string>
 
 using fuzz::require;
-using namespace simhost;
+using namespace hosts;
 
 namespace {
 

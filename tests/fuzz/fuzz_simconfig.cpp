@@ -1,13 +1,14 @@
 // "simulator.ini". Input: the file's text.
 #include "Fuzz.h"
-#include "simhost/services/Numerals.h"
-#include "simhost/services/SimConfig.h"
+#include "hosts/common/services/Numerals.h"
+#include "hosts/simulated/config/SimConfig.h"
 
 #include <cmath>
 #include <string>
 
 using fuzz::require;
-using namespace simhost;
+using namespace hosts;
+using namespace hosts::simulated;
 
 namespace {
 
@@ -33,7 +34,7 @@ void checkSetting(SimConfig& config, const IniText& ini, const SimSetting& setti
         require(value == setting.defaultValue, "a setting that is not there has its default");
         return;
     }
-    const auto number = simhost::number(*stored);
+    const auto number = hosts::number(*stored);
     const bool usable = number && inRange(*number, setting);
     require(value == (usable ? *number : setting.defaultValue),
             "a setting is what is stored, or its default");

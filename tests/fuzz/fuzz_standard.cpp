@@ -1,14 +1,14 @@
 // ".std" files. Input: the file's text.
 #include "Fuzz.h"
-#include "simhost/services/IniText.h"
-#include "simhost/services/Numerals.h"
-#include "simhost/services/Standards.h"
+#include "hosts/common/services/IniText.h"
+#include "hosts/common/services/Numerals.h"
+#include "hosts/common/services/Standards.h"
 
 #include <algorithm>
 #include <string>
 
 using fuzz::require;
-using namespace simhost;
+using namespace hosts;
 
 namespace {
 

@@ -2,7 +2,7 @@
 
 #include "hostlink/LibraryHost.h"
 #include "hostlink/LoadWatch.h"
-#include "tests/simhost/services/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include <csignal>
 #include <functional>

@@ -1,7 +1,7 @@
 #include "hostlink/LibraryHost.h"
 
 #include "hostlink/SharedLibrary.h"
-#include "tests/simhost/services/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include <array>
 #include <gmock/gmock.h>

@@ -3,7 +3,7 @@
 // nothing.
 
 #include "app/modInter.h"
-#include "simhost/SimulatedHost.h"
+#include "hosts/simulated/SimulatedHost.h"
 
 #include <QAbstractEventDispatcher>
 #include <QCoreApplication>
@@ -72,12 +72,12 @@ struct WholeProgram : testing::Test {
     QTemporaryDir folder;
     DisplayWindows windows;
     NoAutomation automation;
-    std::optional<simhost::SimulatedHost> host;
+    std::optional<hosts::simulated::SimulatedHost> host;
     std::optional<modInter> inter;
 
     void SetUp() override {
         QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, folder.path());
-        simhost::SimulatedHostOptions options;
+        hosts::simulated::SimulatedHostOptions options;
         options.dataFolder = (folder.path() + QStringLiteral("/data")).toStdString();
         options.windows = &windows;
         host.emplace(std::move(options));

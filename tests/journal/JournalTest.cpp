@@ -3,8 +3,8 @@
 #include "autofocus/DoFocus.h"
 #include "hostlink/modServer.h"
 #include "journal/JournalLine.h"
-#include "tests/simhost/services/TempFolder.h"
 #include "tests/support/StubHost.h"
+#include "tests/support/TempFolder.h"
 #include "video/CTnVideoImage.h"
 
 #include <gmock/gmock.h>

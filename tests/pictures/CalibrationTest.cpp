@@ -1,7 +1,7 @@
 #include "pictures/Calibration.h"
 
 #include "base/Numbers.h"
-#include "simhost/services/PlanSolver.h"
+#include "hosts/common/services/PlanSolver.h"
 #include "tests/support/StubHost.h"
 
 #include <gtest/gtest.h>
@@ -19,7 +19,7 @@ public:
         if (solverFails) {
             return 0;
         }
-        return simhost::solvePlan(rows, matrix, rightSide, solution) ? 1 : 0;
+        return hosts::solvePlan(rows, matrix, rightSide, solution) ? 1 : 0;
     }
     bool solverFails = false;
 };

@@ -5,7 +5,7 @@
 #include "pictures/SaveWarnings.h"
 #include "pictures/TiffFile.h"
 #include "tests/pictures/PictureSamples.h"
-#include "tests/simhost/services/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include <gmock/gmock.h>
 #include <tiffio.h>

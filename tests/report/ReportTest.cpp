@@ -4,7 +4,7 @@
 #include "tests/robustness/Processes.h"
 #include "tests/robustness/SmallDisk.h"
 #endif
-#include "tests/simhost/services/TempFolder.h"
+#include "tests/support/TempFolder.h"
 
 #include <archive.h>
 #include <archive_entry.h>

@@ -1,15 +1,15 @@
 // A storm of connections, and a process with few descriptors: messages arrive again afterwards. Local sockets
 // only; counts and times are bounded.
 
-#include "simhost/bus/BusNotifier.h"
-#include "tests/simhost/bus/BusRig.h"
+#include "hosts/common/bus/BusNotifier.h"
+#include "tests/hosts/common/bus/BusRig.h"
 
 #include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
 
-namespace simhost {
+namespace hosts {
 
 namespace {
 
@@ -147,4 +147,4 @@ TEST_F(BusShortage, ASenderWhoseIdleConnectionWasClosedIsHeardAllTheSame) {
 
 } // namespace
 
-} // namespace simhost
+} // namespace hosts

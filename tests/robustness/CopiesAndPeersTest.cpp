@@ -1,15 +1,15 @@
 // Copies of the program find each other, or say that they cannot, whatever somebody put in their way.
 #include "Planted.h"
-#include "TempFolder.h"
 #include "app/KeepingWatch.h"
 #include "app/RunningCopies.h"
 #include "app/SecondStart.h"
 #include "base/FileLock.h"
 #include "controls/UserRegistry.h"
 #include "hostlink/ObservedHost.h"
-#include "simhost/bus/MessageBus.h"
-#include "simhost/bus/PeerPresence.h"
+#include "hosts/common/bus/MessageBus.h"
+#include "hosts/common/bus/PeerPresence.h"
 #include "tests/support/StubHost.h"
+#include "tests/support/TempFolder.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -197,7 +197,7 @@ TEST(Peers, WhatIsNoFileAmongThemHoldsNoSenderUp) {
         std::filesystem::permissions(folder / "peers", std::filesystem::perms::owner_all);
         plant(kind, folder / "peers/1-planted.peer");
         EXPECT_TRUE(passesWithin(bound, [&folder] {
-            simhost::MessageBus bus(folder.path(), {});
+            hosts::MessageBus bus(folder.path(), {});
             EXPECT_FALSE(bus.sendByName("OCUVA_WakeUp"));
         })) << nameOf(kind);
     }
@@ -206,8 +206,8 @@ TEST(Peers, WhatIsNoFileAmongThemHoldsNoSenderUp) {
 TEST(Peers, AnnounceThemselvesAgainWhenTheirDataFolderIsBack) {
     const TempFolder folder;
     std::filesystem::create_directory(folder / "data");
-    const auto peers = std::make_shared<const simhost::PeerFolder>(folder / "data", simhost::BusLog());
-    simhost::PeerPresence presence(peers);
+    const auto peers = std::make_shared<const hosts::PeerFolder>(folder / "data", hosts::BusLog());
+    hosts::PeerPresence presence(peers);
     ASSERT_TRUE(presence.announce("1-a", {"machine", "socket"}));
     std::filesystem::remove_all(folder / "data");
     QTest::qWait(300);

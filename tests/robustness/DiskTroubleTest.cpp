@@ -1,14 +1,14 @@
 // Disks that are full or cannot be written, and files that hold something else than they should.
 #include "Processes.h"
 #include "SmallDisk.h"
-#include "TempFolder.h"
-#include "simhost/services/DataFolder.h"
-#include "simhost/services/Stores.h"
+#include "hosts/common/services/DataFolder.h"
+#include "hosts/common/services/Stores.h"
+#include "tests/support/TempFolder.h"
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 
-using namespace simhost;
+using namespace hosts;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;

@@ -1,13 +1,13 @@
 // A store that a program writes, and is killed in writing, while somebody edits it by hand without its lock.
 #include "Processes.h"
-#include "TempFolder.h"
-#include "simhost/services/Stores.h"
+#include "hosts/common/services/Stores.h"
+#include "tests/support/TempFolder.h"
 
 #include <chrono>
 #include <gmock/gmock.h>
 #include <thread>
 
-using namespace simhost;
+using namespace hosts;
 
 namespace {
 

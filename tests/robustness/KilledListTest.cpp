@@ -1,9 +1,9 @@
 // A program that stores the list of standards is killed over and over, at any moment.
 #include "Processes.h"
-#include "TempFolder.h"
-#include "simhost/services/Stores.h"
+#include "hosts/common/services/Stores.h"
 #include "standards/StandardList.h"
 #include "tests/support/StubHost.h"
+#include "tests/support/TempFolder.h"
 
 #include <chrono>
 #include <gmock/gmock.h>
@@ -38,8 +38,8 @@ public:
     }
 
 private:
-    simhost::HostLog m_log;
-    simhost::Stores m_stores;
+    hosts::HostLog m_log;
+    hosts::Stores m_stores;
 };
 
 struct Program {

@@ -1,9 +1,9 @@
 // The program is killed at each step of a save.
 #include "Processes.h"
-#include "TempFolder.h"
 #include "pictures/PictureDescription.h"
 #include "pictures/PictureFile.h"
 #include "tests/pictures/PictureSamples.h"
+#include "tests/support/TempFolder.h"
 
 #include <cerrno>
 #include <dlfcn.h>

@@ -1,7 +1,7 @@
 // Two processes write the same store and are killed over and over, at any moment.
 #include "Processes.h"
-#include "TempFolder.h"
-#include "simhost/services/Stores.h"
+#include "hosts/common/services/Stores.h"
+#include "tests/support/TempFolder.h"
 
 #include <array>
 #include <atomic>
@@ -12,7 +12,7 @@
 #include <sys/mman.h>
 #include <thread>
 
-using namespace simhost;
+using namespace hosts;
 
 namespace {
 

@@ -1,14 +1,14 @@
 // Names that the program opens by itself stand for pipes, devices, folders and links.
 #include "Planted.h"
-#include "TempFolder.h"
 #include "base/FileLock.h"
 #include "base/LineFile.h"
+#include "hosts/common/services/DataFolder.h"
+#include "hosts/common/services/HostLog.h"
+#include "hosts/common/services/Stores.h"
 #include "pictures/PictureDescription.h"
 #include "pictures/PictureFile.h"
 #include "report/Report.h"
-#include "simhost/services/DataFolder.h"
-#include "simhost/services/HostLog.h"
-#include "simhost/services/Stores.h"
+#include "tests/support/TempFolder.h"
 
 #include <gmock/gmock.h>
 
@@ -36,7 +36,7 @@ void withEachAt(const std::string& name, const std::function<void(const TempFold
 TEST(NotAFile, TheHostsLogGoesToStderr) {
     withEachAt("tarn.log", [](const TempFolder& folder) {
         testing::internal::CaptureStderr();
-        simhost::HostLog log(folder / "tarn.log", [] { return std::string("T"); });
+        hosts::HostLog log(folder / "tarn.log", [] { return std::string("T"); });
         log.line("kept");
         EXPECT_EQ(testing::internal::GetCapturedStderr(), "T kept\n");
     });
@@ -66,8 +66,8 @@ TEST(NotAFile, ALockThatCannotBeHadSaysWhyAtOnce) {
 TEST(NotAFile, AStoreGivesDefaultsAndIsNotWritten) {
     for (const char* name : {"S.INI", "S.INI.lock"}) {
         withEachAt(name, [](const TempFolder& folder) {
-            simhost::HostLog log(folder / "log");
-            simhost::Stores stores(folder.path(), log, std::chrono::seconds(1));
+            hosts::HostLog log(folder / "log");
+            hosts::Stores stores(folder.path(), log, std::chrono::seconds(1));
             EXPECT_EQ(stores.getInt("A", "k", -1, "S.INI"), -1);
             EXPECT_FALSE(stores.setString("A", "k", "1", "S.INI"));
         });
@@ -78,7 +78,7 @@ TEST(NotAFile, ADataFolderOpensOrSaysWhyNot) {
     for (const char* name : {"tarn.log", "Ocuva.INI", "TARN", "simulator.ini", "first-start.lock",
                              "first-start.done", "standards/Quartz.std", "Ocuva.INI.aside"}) {
         withEachAt(name, [](const TempFolder& folder) {
-            const auto opened = simhost::DataFolder::open(folder.path());
+            const auto opened = hosts::DataFolder::open(folder.path());
             if (const std::string* const problem = std::get_if<std::string>(&opened)) {
                 EXPECT_THAT(*problem, HasSubstr(folder.path().string()));
             }

@@ -1,12 +1,12 @@
 // Pictures on disks that are full or cannot be written.
 #include "Processes.h"
 #include "SmallDisk.h"
-#include "TempFolder.h"
 #include "pictures/CameraImage.h"
 #include "pictures/PictureDescription.h"
 #include "pictures/PictureFile.h"
 #include "tests/pictures/PictureSamples.h"
 #include "tests/support/StubHost.h"
+#include "tests/support/TempFolder.h"
 
 #include <gmock/gmock.h>
 

@@ -1,14 +1,14 @@
 // Somebody else plants files and links under the names that a writer is going to use.
 #include "Planted.h"
-#include "TempFolder.h"
 #include "base/AsideFile.h"
 #include "base/FileRotation.h"
+#include "hosts/common/picture/ImageFile.h"
+#include "hosts/common/services/PlatformFiles.h"
 #include "pictures/PictureDescription.h"
 #include "pictures/PictureFile.h"
 #include "report/Report.h"
-#include "simhost/picture/ImageFile.h"
-#include "simhost/services/PlatformFiles.h"
 #include "tests/pictures/PictureSamples.h"
+#include "tests/support/TempFolder.h"
 
 #include <gmock/gmock.h>
 #include <set>
@@ -64,9 +64,9 @@ const std::vector<Writer> writers{
     {"Video.tif", saving},
     {"Video.bmp", saving},
     {"Report.zip", packing},
-    {"Ocuva.INI", [](const auto& file) { return simhost::replaceFile(file, "[A]\nk=1\n"); }},
-    {"image.tif", [](const auto& file) { return dumping(file, simhost::saveTiff); }},
-    {"image.bmp", [](const auto& file) { return dumping(file, simhost::saveBmp); }},
+    {"Ocuva.INI", [](const auto& file) { return hosts::replaceFile(file, "[A]\nk=1\n"); }},
+    {"image.tif", [](const auto& file) { return dumping(file, hosts::saveTiff); }},
+    {"image.bmp", [](const auto& file) { return dumping(file, hosts::saveBmp); }},
 };
 
 std::vector<std::string> filesIn(const TempFolder& folder) {

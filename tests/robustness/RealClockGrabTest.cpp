@@ -1,14 +1,15 @@
 // The whole simulated host with a real clock: live video on its own thread while the program's thread does
 // what an operator does. The thread sanitizer watches this one.
-#include "TempFolder.h"
 #include "display/FrameMailbox.h"
-#include "simhost/SimulatedHost.h"
+#include "hosts/simulated/SimulatedHost.h"
+#include "tests/support/TempFolder.h"
 
 #include <condition_variable>
 #include <gmock/gmock.h>
 #include <mutex>
 
-using namespace simhost;
+using namespace hosts;
+using namespace hosts::simulated;
 using ocuva::FrameMailbox;
 using ocuva::FramePtr;
 

@@ -1,15 +1,15 @@
 // Logs that have grown to their limit.
 #include "Processes.h"
-#include "TempFolder.h"
 #include "base/FileLock.h"
 #include "base/FileRotation.h"
-#include "simhost/services/HostLog.h"
+#include "hosts/common/services/HostLog.h"
+#include "tests/support/TempFolder.h"
 
 #include <gmock/gmock.h>
 #include <sys/stat.h>
 #include <thread>
 
-using namespace simhost;
+using namespace hosts;
 using ocuva::FileLimit;
 using ocuva::LineFile;
 using ocuva::rotateWhenFull;

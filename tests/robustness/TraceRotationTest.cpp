@@ -1,8 +1,8 @@
 // Traces that have grown to their limit.
 #include "Processes.h"
-#include "TempFolder.h"
 #include "hostlink/TraceWriter.h"
 #include "hostlink/TracedCall.h"
+#include "tests/support/TempFolder.h"
 
 #include <cstdlib>
 #include <gmock/gmock.h>

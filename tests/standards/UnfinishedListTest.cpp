@@ -1,6 +1,6 @@
 #include "standards/StandardList.h"
-#include "tests/simhost/services/TempFolder.h"
 #include "tests/support/StubHost.h"
+#include "tests/support/TempFolder.h"
 
 #include <gmock/gmock.h>
 #include <stdexcept>

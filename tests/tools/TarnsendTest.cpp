@@ -1,4 +1,4 @@
-#include "tests/simhost/bus/BusRig.h"
+#include "tests/hosts/common/bus/BusRig.h"
 
 #include <gmock/gmock.h>
 
@@ -7,7 +7,7 @@
 #include <sys/types.h>
 #endif
 
-using namespace simhost;
+using namespace hosts;
 using testing::HasSubstr;
 using testing::IsEmpty;
 

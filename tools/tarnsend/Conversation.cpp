@@ -41,7 +41,7 @@ std::string lineOf(const ocuva::Notification& message) {
     return line;
 }
 
-Conversation::Conversation(Request request, std::shared_ptr<const simhost::PeerFolder> peers,
+Conversation::Conversation(Request request, std::shared_ptr<const hosts::PeerFolder> peers,
                            Surroundings surroundings)
     : m_request(std::move(request))
     , m_surroundings(std::move(surroundings))
@@ -79,9 +79,9 @@ void Conversation::begin() {
 void Conversation::sendAll() {
     m_sent = true;
     for (const std::string& message : m_request.messages) {
-        const simhost::BusMessage sent =
-            m_request.byName ? simhost::messageOfName(message)
-                             : simhost::BusMessage{m_request.component, m_request.subComponent, message};
+        const hosts::BusMessage sent =
+            m_request.byName ? hosts::messageOfName(message)
+                             : hosts::BusMessage{m_request.component, m_request.subComponent, message};
         if (m_notifier.send(sent) == 0) {
             m_surroundings.complain("nobody took " + message);
             end(exitNobody);

@@ -1,7 +1,7 @@
 #pragma once
 // Sends, waits and listens on the bus.
 
-#include "simhost/bus/BusNotifier.h"
+#include "hosts/common/bus/BusNotifier.h"
 #include "tools/tarnsend/Request.h"
 
 #include <QObject>
@@ -26,8 +26,7 @@ public:
         std::function<void(ExitCode)> end; ///< called once, when the event loop runs
     };
 
-    Conversation(Request request, std::shared_ptr<const simhost::PeerFolder> peers,
-                 Surroundings surroundings);
+    Conversation(Request request, std::shared_ptr<const hosts::PeerFolder> peers, Surroundings surroundings);
 
     /// Begins; the end is told from the event loop.
     void begin();
@@ -40,7 +39,7 @@ private:
 
     Request m_request;
     Surroundings m_surroundings;
-    simhost::BusNotifier m_notifier;
+    hosts::BusNotifier m_notifier;
     QTimer m_timeout;
     QTimer m_interruptCheck;
     int m_shown = 0;

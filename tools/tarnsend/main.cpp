@@ -1,6 +1,6 @@
 // tarnsend: sends and shows the messages between the host and its programs.
 
-#include "simhost/services/DataFolder.h"
+#include "hosts/common/services/DataFolder.h"
 #include "tools/tarnsend/Conversation.h"
 
 #include <QCoreApplication>
@@ -36,7 +36,7 @@ std::vector<std::string> wordsOf(const QCoreApplication& application) {
 std::optional<std::filesystem::path> folderFor(const Request& request, ExitCode& reason) {
     const std::filesystem::path folder =
         request.dataFolder.empty()
-            ? simhost::DataFolder::locate()
+            ? hosts::DataFolder::locate()
             : std::filesystem::path(QString::fromStdString(request.dataFolder).toStdU16String());
     std::error_code error;
     if (!request.listen) {
@@ -48,12 +48,12 @@ std::optional<std::filesystem::path> folderFor(const Request& request, ExitCode&
         return std::nullopt;
     }
     reason = exitTrouble;
-    const auto opened = simhost::DataFolder::open(folder);
+    const auto opened = hosts::DataFolder::open(folder);
     if (const std::string* const problem = std::get_if<std::string>(&opened)) {
         complain(*problem);
         return std::nullopt;
     }
-    return std::get<simhost::DataFolder>(opened).path();
+    return std::get<hosts::DataFolder>(opened).path();
 }
 
 int fulfil(const Request& request) {
@@ -62,7 +62,7 @@ int fulfil(const Request& request) {
     if (!folder) {
         return reason;
     }
-    const auto peers = std::make_shared<const simhost::PeerFolder>(*folder, complain);
+    const auto peers = std::make_shared<const hosts::PeerFolder>(*folder, complain);
     std::signal(SIGINT, noteInterrupt);
     std::signal(SIGTERM, noteInterrupt);
     Conversation conversation(request, peers,

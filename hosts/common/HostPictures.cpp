@@ -1,0 +1,114 @@
+// What the host makes of pictures: the camera over the world, files, and statistics.
+
+#include "hosts/common/GuardedCall.h"
+#include "hosts/common/HostLibraries.h"
+#include "hosts/common/HostTexts.h"
+#include "hosts/common/picture/GreyStatistics.h"
+#include "hosts/common/picture/ImageFile.h"
+#include "hosts/common/services/Numerals.h"
+#include "hosts/common/services/Standards.h"
+#include "hosts/simulated/world/CameraPicture.h"
+
+#include <algorithm>
+
+namespace hosts {
+
+using namespace simulated;
+
+namespace {
+
+class WorldCamera final : public FrameSource {
+public:
+    WorldCamera(World world, const SurfaceShape& surface, const OpticsSettings& optics)
+        : m_world(std::move(world))
+        , m_picture(m_world, surface, optics) {}
+
+    void render(const Exposure& exposure, const PictureControls& controls, std::uint32_t* pixels) override {
+        m_picture.setControls(controls);
+        m_picture.render(exposure, pixels);
+    }
+
+private:
+    World m_world;
+    CameraPicture m_picture;
+};
+
+/// Grey levels of a region; right and bottom are its last column and row, counted from the end where negative
+/// (-1 is the last). What lies outside the frame counts for nothing.
+GreyStatistics regionStatistics(const ocuva::Frame& frame, TarnLong left, TarnLong top, TarnLong right,
+                                TarnLong bottom) {
+    const int first = std::max(left, 0);
+    const int last = std::min(right < 0 ? frame.width + right : right, frame.width - 1);
+    const int firstRow = std::max(top, 0);
+    const int lastRow = std::min(bottom < 0 ? frame.height + bottom : bottom, frame.height - 1);
+    if (first == 0 && firstRow == 0 && last == frame.width - 1 && lastRow == frame.height - 1) {
+        return statistics(frame.pixels.data(), frame.pixels.size());
+    }
+    std::vector<std::uint32_t> region;
+    for (int row = firstRow; row <= lastRow && first <= last; ++row) {
+        const std::uint32_t* const line = frame.pixels.data() + static_cast<std::size_t>(row) * frame.width;
+        region.insert(region.end(), line + first, line + last + 1);
+    }
+    return statistics(region.data(), region.size());
+}
+
+bool isBitmapName(std::string_view name) {
+    constexpr std::string_view extension = ".bmp";
+    return name.size() >= extension.size() &&
+           equalIgnoringCase(name.substr(name.size() - extension.size()), extension);
+}
+
+} // namespace
+
+// The host numbers its standards in the order of their files, as its list shows them.
+std::unique_ptr<FrameSource> makeCamera(SimConfig& config, const SurfaceShape& surface,
+                                        const std::filesystem::path& standards, HostLog& log) {
+    std::vector<Mount> mounts;
+    for (const StandardMount& standard : readStandards(standards, log)) {
+        mounts.push_back({static_cast<double>(standard.x), static_cast<double>(standard.y),
+                          static_cast<int>(mounts.size()) + 1, standard.name});
+    }
+    const auto seed = static_cast<std::uint32_t>(config.getLong(settings::seed));
+    const OpticsSettings optics{config.getDouble(settings::depthOfField), config.getDouble(settings::noise)};
+    return std::make_unique<WorldCamera>(World(seed, std::move(mounts)), surface, optics);
+}
+
+bool VideoLibrary::save(const TarnSaveRequest& request) {
+    const std::string_view name = textOf(request.fileName);
+    const ocuva::FramePtr frame = m_parts.board.currentFrame();
+    if (request.subCode != TARN_SAVE_SUB_CODE || name.empty() || !frame) {
+        m_parts.log.line("image not saved to \"" + std::string(name) +
+                         "\": " + (frame ? "no such request" : "there is no image yet"));
+        return false;
+    }
+    const std::filesystem::path path(std::u8string(name.begin(), name.end()));
+    const bool colour = cameraMode(m_parts.board.cameraType()).colour;
+    const auto write = isBitmapName(name) ? saveBmp : saveTiff;
+    std::string problem;
+    if (!write(path, frame->pixels.data(), frame->width, frame->height, colour, problem)) {
+        m_parts.log.line("image not saved to \"" + std::string(name) + "\": " + problem);
+        return false;
+    }
+    return true;
+}
+
+TarnLong VideoLibrary::TarnVideoBufferComputeStatistics(TarnLong* buffer, TarnLong left, TarnLong top,
+                                                        TarnLong right, TarnLong bottom, TarnLong* pixelCount,
+                                                        TarnLong* pixelSum, TarnDouble* variance) {
+    return guardedCall(m_parts.log, "TarnVideoBufferComputeStatistics", TarnLong{0}, [&] {
+        const bool asked =
+            buffer != nullptr && pixelCount != nullptr && pixelSum != nullptr && variance != nullptr;
+        if (!asked || *buffer != VideoBoard::currentBuffer) {
+            return false;
+        }
+        const ocuva::FramePtr frame = m_parts.board.currentFrame();
+        const GreyStatistics found =
+            frame ? regionStatistics(*frame, left, top, right, bottom) : GreyStatistics();
+        *pixelCount = static_cast<TarnLong>(found.count);
+        *pixelSum = static_cast<TarnLong>(found.sum);
+        *variance = found.variance;
+        return true;
+    });
+}
+
+} // namespace hosts

@@ -1,0 +1,82 @@
+#pragma once
+// The simulated host's one source of time. Everything that moves or waits in the simulated world asks it, so
+// that a test can drive the world with a virtual clock and never sleeps.
+
+#include <functional>
+#include <mutex>
+#include <vector>
+
+namespace hosts {
+
+/// Milliseconds, as doubles.
+class Clock {
+public:
+    virtual ~Clock() = default;
+
+    /// Milliseconds of simulated time since the clock was made; never goes back. Any thread.
+    virtual double nowMs() const = 0;
+
+    /// Lets simulated time pass while the caller waits for the hardware: a real clock sleeps, a virtual one
+    /// advances.
+    virtual void spend(double ms) = 0;
+
+    /// True when time passes only by advance and spend.
+    virtual bool isVirtual() const = 0;
+
+    /// Milliseconds on the wall while ms of simulated time pass by themselves; 0 on a virtual clock.
+    virtual double wallMs(double ms) const = 0;
+};
+
+/// Wall time, run faster or slower by a factor (2 = twice as fast; 0.01 to 1000).
+class RealClock final : public Clock {
+public:
+    /// A factor out of range is brought to its nearest end.
+    explicit RealClock(double timeFactor = 1.0);
+    double nowMs() const override;
+    void spend(double ms) override;
+    bool isVirtual() const override { return false; }
+    double wallMs(double ms) const override { return ms / m_timeFactor; }
+    /// Simulated milliseconds for each one on the wall.
+    double timeFactor() const { return m_timeFactor; }
+
+private:
+    double m_timeFactor;
+    double m_startSeconds;
+};
+
+/// Time that stands still until somebody advances it.
+class VirtualClock final : public Clock {
+public:
+    double nowMs() const override;
+    void spend(double ms) override { advance(ms); }
+    bool isVirtual() const override { return true; }
+    double wallMs(double) const override { return 0.0; }
+
+    /// Moves time on, stopping at every due time that a registered ticker names, in order.
+    void advance(double ms);
+
+    /// A part of the world that acts at times of its own (the camera): `nextDueMs` names the next one
+    /// (infinity for none), `act` is called when it is reached, on the advancing thread.
+    struct Ticker {
+        std::function<double()> nextDueMs;     ///< time of its next act, on this clock
+        std::function<void(double nowMs)> act; ///< what it does then
+        /// Called at the end of each advance, for what is worth doing only once; may be empty.
+        std::function<void()> settle = {};
+    };
+    /// Tickers are added and removed while time stands; returns a number for removeTicker.
+    int addTicker(Ticker ticker);
+    /// A number that is not in use does nothing.
+    void removeTicker(int number);
+
+private:
+    struct Entry {
+        int number;
+        Ticker ticker;
+    };
+    mutable std::mutex m_mutex;
+    double m_nowMs = 0.0;
+    int m_lastNumber = 0;
+    std::vector<Entry> m_tickers;
+};
+
+} // namespace hosts

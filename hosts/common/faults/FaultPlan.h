@@ -1,0 +1,62 @@
+#pragma once
+// The faults that somebody wants at this moment: section [Faults] of "simulator.ini", and the lamp of section
+// [Camera]. README.md in hosts/simulated/ lists the keys.
+
+#include "hosts/common/faults/DeviceFaults.h"
+#include "hosts/common/services/HostLog.h"
+#include "hosts/common/services/Stores.h"
+
+#include <functional>
+#include <map>
+#include <mutex>
+#include <set>
+#include <string>
+#include <string_view>
+
+namespace hosts {
+
+/// What is wrong with one host function.
+struct FunctionFault {
+    bool fails = false;  ///< it gives its failure result and does nothing else
+    double slowMs = 0.0; ///< simulated time that it takes before it answers
+};
+
+/// Looks at the file each time it is asked, so that faults come and go while the host runs; while the file
+/// does not change that costs a look at its stamp. A key that is unknown and a value that is unusable mean no
+/// fault and one log line each; a change of what is wrong is one log line too. Any thread.
+class FaultPlan {
+public:
+    /// store: the file's name among the stores.
+    FaultPlan(Stores& stores, HostLog& log, std::string store = "simulator.ini");
+
+    FunctionFault function(std::string_view name);
+    DeviceFaults devices();
+
+    static constexpr const char* section = "Faults";
+    static constexpr double slowestMs = 600000.0;
+    static constexpr double greatestLie = 1e6; ///< stage units
+    static constexpr int mostFrames = 1000000;
+
+    struct Faults {
+        std::map<std::string, FunctionFault, std::less<>> functions; ///< by the names of HostFunctions.h
+        DeviceFaults devices;
+    };
+
+private:
+    const Faults& refreshed();
+    void take(const std::string& entry, Faults& faults, std::string& told);
+    void takeLamp(Faults& faults);
+    void complain(const std::string& sentence);
+
+    Stores& m_stores;
+    HostLog& m_log;
+    std::string m_store;
+    std::mutex m_mutex;
+    bool m_known = false;
+    std::uint64_t m_revision = 0;
+    Faults m_faults;
+    std::string m_told;               ///< the faults that the log was told last
+    std::set<std::string> m_reported; ///< so that each complaint is told once
+};
+
+} // namespace hosts

@@ -1,0 +1,61 @@
+#pragma once
+// The host's search for the focus: one sweep through Z, one frame at each height, and Z is put where the
+// frames say that the surface is.
+
+#include "hostlink/DisplayWindow.h"
+#include "hosts/common/clock/Clock.h"
+#include "hosts/common/focus/FocusPeak.h"
+#include "hosts/common/focus/FocusPlan.h"
+#include "hosts/common/services/HostLog.h"
+#include "hosts/simulated/mechanics/StageMechanics.h"
+
+#include <functional>
+#include <initializer_list>
+#include <string>
+#include <vector>
+
+namespace hosts {
+
+enum class FocusVerdict {
+    found,    ///< Z stands at the focus
+    edge,     ///< sharpest at an end of the range: Z stands there, and a further search goes on from there
+    flat,     ///< nothing to focus on; Z is back
+    refused,  ///< the stage does not go, or not on; Z is back if the stage goes so far
+    noFrames, ///< there is nothing to measure; Z is back
+};
+
+class FocusSearch {
+public:
+    /// expose takes a frame where the stage stands and returns when the frame is there; null when there is
+    /// none to be had. All outlive the search.
+    FocusSearch(simulated::StageMechanics& stage, Clock& clock, std::function<ocuva::FramePtr()> expose,
+                HostLog& log);
+
+    /// Waits for moves that are under way, and returns when Z stands. Heights are spread evenly over the
+    /// range around where Z stands, or what the stage's limits leave of it; heights that fall on the same
+    /// whole unit are tried once. Tells the log its verdict in one line.
+    FocusVerdict run(const FocusPlan& plan);
+
+    /// The last move to a height comes from this far below it, or from the limit if that is nearer, because
+    /// the sweep goes upwards as well: play of the Z drive up to this much does not shift the focus.
+    static constexpr ocuva::Long approachUnits = 2;
+
+    /// An axis that moves without getting anywhere for so long is stuck.
+    static constexpr double stallMs = 5000.0;
+
+private:
+    std::vector<ocuva::Long> heights(const FocusPlan& plan, ocuva::Long middle) const;
+    FocusVerdict settle(const FocusPeak& peak, ocuva::Long began);
+    FocusVerdict giveUp(FocusVerdict verdict, ocuva::Long began, const std::string& why);
+    bool moveTo(ocuva::Long z);
+    bool arriveFromBelow(ocuva::Long z);
+    bool awaitStanding(std::initializer_list<ocuva::Long> axes);
+    bool isLimit(ocuva::Long z) const;
+
+    simulated::StageMechanics& m_stage;
+    Clock& m_clock;
+    std::function<ocuva::FramePtr()> m_expose;
+    HostLog& m_log;
+};
+
+} // namespace hosts

@@ -1,0 +1,37 @@
+#pragma once
+// The one simulated host of a process that loads it as shared libraries. It lives in a library of its own,
+// which the seven host libraries share.
+
+#include "hostlink/Host.h"
+
+#include <utility>
+
+#ifdef _WIN32
+#define HOSTS_SHARED __declspec(dllexport)
+#else
+#define HOSTS_SHARED __attribute__((visibility("default")))
+#endif
+#define HOSTS_EXPORT extern "C" HOSTS_SHARED
+
+namespace hosts {
+
+/// Made at the first call, on the user's data folder; stays until the process ends. Null when the folder
+/// cannot be had, which standard error tells once.
+HOSTS_SHARED ocuva::Host* processHost();
+
+/// The window that live video goes to from now on.
+HOSTS_SHARED void showLiveVideoIn(ocuva::Long windowHandle);
+
+/// What the call gives; without a host nothing, which every function takes for its failure.
+template <class Call> auto withHost(const Call& call) {
+    ocuva::Host* host = processHost();
+    using Result = decltype(call(*host));
+    return host != nullptr ? call(*host) : Result();
+}
+
+} // namespace hosts
+
+/// For tests: replaces the host by a new one on that folder, with a virtual clock.
+HOSTS_EXPORT void SimulatedHostRestart(const char* dataFolder);
+/// For tests: lets the time of that clock pass.
+HOSTS_EXPORT void SimulatedHostAdvance(double ms);

@@ -1,0 +1,34 @@
+#pragma once
+// Numbers in texts that people edit by hand. Independent of the process's locale: the decimal sign is a
+// point.
+
+#include "base/Types.h"
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace hosts {
+
+/// Without the blanks (space, tab, VT, FF, CR) at both ends.
+std::string_view trimmed(std::string_view text);
+
+/// True when both are the same but for the case of A to Z.
+bool equalIgnoringCase(std::string_view a, std::string_view b);
+
+/// The whole number that the text begins with after blanks and one sign; what follows is passed over
+/// ("12 units" gives 12, "7.9" gives 7). Nothing when there is no digit or the number needs more than 32
+/// bits.
+std::optional<ocuva::Long> leadingWholeNumber(std::string_view text);
+
+/// The whole number that the text is, blanks round it allowed. Nothing when anything else stands there.
+std::optional<ocuva::Long> wholeNumber(std::string_view text);
+
+/// The finite number that the text is ("-2.5e-8"), blanks round it allowed; nothing when anything else stands
+/// there.
+std::optional<double> number(std::string_view text);
+
+/// Shortest text that `number` reads back exactly.
+std::string numberText(double value);
+
+} // namespace hosts

@@ -1,0 +1,65 @@
+#pragma once
+// Standards: reference samples whose stage positions the host keeps, one ".std" file each.
+//
+// A ".std" file is INI text (IniText.h) of at most 1 MiB:
+//     [OCUVASTD]
+//     Name=Quartz      shown to people; the file's name without ".std" where it is absent
+//     X=-9000          stage position in whole stage units, 32 bits
+//     Y=4000
+//     Z=-22
+// A file without that section is no standard. One in which X, Y or Z is absent or no whole number is a
+// standard without position.
+
+#include "base/Types.h"
+#include "hosts/common/services/HostLog.h"
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace hosts {
+
+inline constexpr const char* standardType = "OCUVASTD"; ///< type name of the database object, and the section
+inline constexpr std::size_t maxStandardBytes = 1024u * 1024u;
+
+/// Where a standard is.
+struct StagePosition {
+    /// Stage units.
+    ///@{
+    ocuva::Long x = 0;
+    ocuva::Long y = 0;
+    ocuva::Long z = 0;
+    ///@}
+    bool operator==(const StagePosition&) const = default;
+};
+
+/// What one file holds.
+struct StandardFile {
+    std::string name;                      ///< as the file gives it, else the file's own
+    std::optional<StagePosition> position; ///< nothing where the file gives none
+    std::string problem;                   ///< why the file is no standard; empty when it is one
+};
+
+StandardFile readStandardFile(const std::filesystem::path& file);
+
+/// What a file with that text would hold; the default name stands where it gives none.
+StandardFile standardOfText(std::string text, const std::string& defaultName);
+
+/// The text of a ".std" file that reads back as exactly this. A name that no INI text can hold (a control
+/// character) is left out.
+std::string standardText(const std::string& name, const StagePosition& position);
+
+/// A standard that sits on the stage.
+struct StandardMount {
+    std::string name;  ///< of the standard
+    ocuva::Long x = 0; ///< its middle, stage units
+    ocuva::Long y = 0; ///< its middle, stage units
+    ocuva::Long z = 0; ///< the focus at its middle
+};
+
+/// All standards of a folder (files ending in ".std", in any case of letters) by file name. What is no
+/// standard or has no position is left out with a log line; a missing folder gives none, with a log line.
+std::vector<StandardMount> readStandards(const std::filesystem::path& folder, HostLog& log);
+
+} // namespace hosts
