@@ -2,14 +2,15 @@
 // How the functions of a shared library become members that can be called.
 
 #include "hostlink/CallMark.h"
+#include "hostlink/HostArguments.h"
 #include "hostlink/SharedLibrary.h"
-#include "hostlink/tarn_abi.h"
 
 #include <algorithm>
 #include <cstring>
 #include <deque>
 #include <filesystem>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace ocuva {
@@ -21,6 +22,64 @@ struct FunctionAddress {
     const char* words; ///< for the mark; the library's LibraryFunctions keeps them
 };
 
+/// What a library is given in place of an argument of the caller: the argument itself, unless the library
+/// could do harm with it.
+template <class Argument> struct Lent {
+    template <class In, class Out>
+    explicit Lent(const Passed<Argument, In, Out>& passed)
+        : argument(passed.argument) {}
+    /// The result that the caller gets, once the library has returned.
+    TarnLong taken(TarnLong result) const { return result; }
+
+    Argument argument;
+};
+
+/// A buffer with room behind it, for a library that forgets the size it was given, or the end of its text. No
+/// more is handed on than the caller has room for, and the result is the number of characters that there are,
+/// whatever the library says.
+template <> struct Lent<char*> {
+    template <class In, class Out>
+    explicit Lent(const Passed<char*, In, Out>& passed)
+        : caller(passed.argument)
+        , size(static_cast<std::size_t>(std::max<TarnLong>(passed.extent, 0)))
+        , own(size + roomBehind, '\0')
+        , argument(own.data()) {}
+    TarnLong taken(TarnLong claimed) const {
+        const std::size_t written = std::min(size, static_cast<std::size_t>(std::max<TarnLong>(claimed, 0)));
+        const std::size_t length = strnlen(own.data(), written);
+        std::memcpy(caller, own.data(), length);
+        if (length < size) {
+            caller[length] = '\0';
+        }
+        return static_cast<TarnLong>(length);
+    }
+
+    static constexpr std::size_t roomBehind = 4096;
+    char* caller;
+    std::size_t size;
+    std::vector<char> own;
+    char* argument;
+};
+
+/// A description with room behind it, for a library whose record is longer than ours.
+template <> struct Lent<TarnBufferDesc*> {
+    template <class In, class Out>
+    explicit Lent(const Passed<TarnBufferDesc*, In, Out>& passed)
+        : caller(passed.argument)
+        , own{*passed.argument, {}} {}
+    TarnLong taken(TarnLong result) const {
+        *caller = own.record;
+        return result;
+    }
+
+    TarnBufferDesc* caller;
+    struct {
+        TarnBufferDesc record;
+        char roomBehind[256];
+    } own;
+    TarnBufferDesc* argument = &own.record;
+};
+
 /// A function that is marked as running while it runs.
 template <class Pointer> class MarkedFunction {
 public:
@@ -29,12 +88,26 @@ public:
         , m_mark(function.mark)
         , m_words(function.words) {}
 
-    template <class... In> auto operator()(In... in) const {
-        const CallMark::Scope running(*m_mark, m_words);
-        return m_function(in...);
+    template <class... Argument, class... In, class... Out>
+    auto operator()(const Passed<Argument, In, Out>&... passed) const {
+        return call(Lent<Argument>(passed)...);
     }
 
 private:
+    template <class... Argument> auto call(const Lent<Argument>&... lent) const {
+        const auto marked = [&] {
+            const CallMark::Scope running(*m_mark, m_words);
+            return m_function(lent.argument...);
+        };
+        if constexpr (std::is_void_v<decltype(marked())>) {
+            marked();
+        } else {
+            TarnLong result = marked();
+            ((result = lent.taken(result)), ...);
+            return result;
+        }
+    }
+
     Pointer m_function;
     CallMark* m_mark;
     const char* m_words;
@@ -75,22 +148,5 @@ private:
     std::vector<std::string>& m_lacks;
     mutable std::deque<std::string> m_words; // no word moves when one is added
 };
-
-/// Lets a library fill a text, and hands on no more than the caller has room for. The library gets a buffer
-/// with room behind it, so that one that forgets the size it was told, or the end of its text, does no harm;
-/// the result is the number of characters that there are, whatever the library says.
-template <class Fill> TarnLong boundedText(char* buffer, TarnLong bufferSize, const Fill& fill) {
-    constexpr std::size_t roomBehind = 4096;
-    const auto size = static_cast<std::size_t>(std::max<TarnLong>(bufferSize, 0));
-    std::vector<char> own(size + roomBehind, '\0');
-    const TarnLong claimed = fill(own.data(), bufferSize);
-    const std::size_t written = std::min(size, static_cast<std::size_t>(std::max<TarnLong>(claimed, 0)));
-    const std::size_t length = strnlen(own.data(), written);
-    std::memcpy(buffer, own.data(), length);
-    if (length < size) {
-        buffer[length] = '\0';
-    }
-    return static_cast<TarnLong>(length);
-}
 
 } // namespace ocuva

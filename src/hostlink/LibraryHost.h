@@ -20,8 +20,8 @@ public:
 };
 
 /// Loads tn_reg, tn_log, tn_ocuva, tn_lib_proxy, tn_micro_proxy, tn_video and tn_vduti, each with the
-/// system's suffix
-/// (".dll", ".so"), and finds every function of tarn_abi.h in them before the first one is called.
+/// system's suffix (".dll", ".so"), and finds every function of tarn_abi.h in them before the first one is
+/// called.
 ///
 /// A library may misbehave: texts are taken through buffers of our own with room behind them and cut to what
 /// the caller asked for, whatever length the library claims, and so is the description of a buffer.
@@ -44,14 +44,7 @@ public:
     LibraryHost(const std::filesystem::path& folder, MakeNotifier createNotifier, CallMark* mark = nullptr);
     ~LibraryHost() override;
 
-    TnReg& tn_reg() override;
-    TnLog& tn_log() override;
-    TnLogKeys& Tn_log() override;
-    TnOcuva& tn_ocuva() override;
-    TnLibProxy& tn_lib_proxy() override;
-    TnMicroProxy& tn_micro_proxy() override;
-    TnVideo& tn_video() override;
-    TnVduti& tn_vduti() override;
+    TARN_LIBRARIES(TARN_ACCESS)
     std::unique_ptr<Notifier> createNotifier() override;
 
 private:

@@ -1,61 +1,66 @@
 #pragma once
-// A host whose answers to what is kept and sent are looked at, whoever asked.
+// A host whose answers to settings and messages are reported, wherever in the program they were asked for.
 
-#include "hostlink/Host.h"
+#include "hostlink/InterposedHost.h"
 
 #include <functional>
+#include <utility>
 
 namespace ocuva {
 
-/// Hands every call on as it is. What two libraries answer is told: whether a setting was kept, and whether
-/// somebody took a message.
-class ObservedHost final : public Host {
+/// Hands every call on as it is, and reports two results: that a setting was not kept, and whether a running
+/// copy took a message.
+class ObservedHost final : public InterposedHost<HandOn> {
 public:
-    /// Told right after the call, on its thread. Either may be empty.
+    /// Called right after the host's function, on its thread. Either may be empty.
     struct Listener {
         std::function<void()> settingNotKept;        ///< a setting was refused
         std::function<void(bool taken)> messageSent; ///< by name
     };
 
     /// The host outlives it.
-    ObservedHost(Host& host, Listener listener);
+    ObservedHost(Host& host, Listener listener)
+        : InterposedHost(HandOn(), host)
+        , m_reg(host.tn_reg(), listener.settingNotKept)
+        , m_ocuva(host.tn_ocuva(), listener.messageSent) {}
 
     /// As the host's own.
     ///@{
     TnReg& tn_reg() override { return m_reg; }
-    TnLog& tn_log() override { return m_host.tn_log(); }
-    TnLogKeys& Tn_log() override { return m_host.Tn_log(); }
     TnOcuva& tn_ocuva() override { return m_ocuva; }
-    TnLibProxy& tn_lib_proxy() override { return m_host.tn_lib_proxy(); }
-    TnMicroProxy& tn_micro_proxy() override { return m_host.tn_micro_proxy(); }
-    TnVideo& tn_video() override { return m_host.tn_video(); }
-    TnVduti& tn_vduti() override { return m_host.tn_vduti(); }
-    std::unique_ptr<Notifier> createNotifier() override { return m_host.createNotifier(); }
     ///@}
 
 private:
-    struct Reg final : TnReg {
-        explicit Reg(ObservedHost& observed)
-            : owner(observed) {}
-        TarnLong TarnRegisterGetInt(const char* section, const char* key, TarnLong defaultValue,
-                                    const char* store) override;
+    struct Reg final : Interposed<TnReg, HandOn> {
+        Reg(TnReg& inner, std::function<void()> listener)
+            : Interposed(HandOn(), inner)
+            , notKept(std::move(listener)) {}
         TarnLong TarnRegisterSetString(const char* section, const char* key, const char* value,
-                                       const char* store) override;
-        TarnLong TarnRegisterGetString(const char* section, const char* key, const char* defaultValue,
-                                       char* buffer, TarnLong bufferSize, const char* store) override;
-        ObservedHost& owner;
+                                       const char* store) override {
+            const TarnLong kept = Interposed::TarnRegisterSetString(section, key, value, store);
+            if (kept == 0 && notKept) {
+                notKept();
+            }
+            return kept;
+        }
+        std::function<void()> notKept;
     };
-    struct Messages final : TnOcuva {
-        explicit Messages(ObservedHost& observed)
-            : owner(observed) {}
-        TarnLong TarnOcuvaSendMsgByName(const char* name) override;
-        ObservedHost& owner;
+    struct Messages final : Interposed<TnOcuva, HandOn> {
+        Messages(TnOcuva& inner, std::function<void(bool taken)> listener)
+            : Interposed(HandOn(), inner)
+            , sent(std::move(listener)) {}
+        TarnLong TarnOcuvaSendMsgByName(const char* name) override {
+            const TarnLong taken = Interposed::TarnOcuvaSendMsgByName(name);
+            if (sent) {
+                sent(taken != 0);
+            }
+            return taken;
+        }
+        std::function<void(bool taken)> sent;
     };
 
-    Host& m_host;
-    Listener m_listener;
-    Reg m_reg{*this};
-    Messages m_ocuva{*this};
+    Reg m_reg;
+    Messages m_ocuva;
 };
 
 } // namespace ocuva

@@ -36,7 +36,7 @@ class TracedCall {
 public:
     /// The names are those of Host.h; the trace outlives the call.
     template <class... In>
-    TracedCall(Trace& trace, std::string_view library, std::string_view function, const In&... in)
+    TracedCall(Trace& trace, std::string_view library, std::string_view function, const std::tuple<In...>& in)
         : m_trace(trace) {
         if (m_trace.isOpen()) {
             m_body.reserve(160);
@@ -45,21 +45,19 @@ public:
             m_body += "\",\"fn\":\"";
             m_body += function;
             m_body += "\",\"in\":";
-            appendJsonArray(m_body, in...);
+            appendJson(m_body, in);
         }
     }
 
-    /// Hands the result on. The outputs are taken as references, so that `call.end(f(value), *value)` sees
-    /// what f left there.
-    template <class Result, class... Out> Result end(Result result, const Out&... out) {
+    /// To be called when the host has returned; null is the result of a function that has none.
+    template <class Result, class... Out> void end(Result result, const std::tuple<Out...>& out = {}) {
         if (m_trace.isOpen()) {
             m_body += ",\"out\":";
-            appendJsonArray(m_body, out...);
+            appendJson(m_body, out);
             m_body += ",\"ret\":";
             appendJson(m_body, result);
             m_trace.write(m_body);
         }
-        return result;
     }
 
 private:

@@ -37,14 +37,7 @@ public:
     TracingHost(Host& host, const std::filesystem::path& traceFile);
     ~TracingHost() override;
 
-    TnReg& tn_reg() override;
-    TnLog& tn_log() override;
-    TnLogKeys& Tn_log() override;
-    TnOcuva& tn_ocuva() override;
-    TnLibProxy& tn_lib_proxy() override;
-    TnMicroProxy& tn_micro_proxy() override;
-    TnVideo& tn_video() override;
-    TnVduti& tn_vduti() override;
+    TARN_LIBRARIES(TARN_ACCESS)
     std::unique_ptr<Notifier> createNotifier() override;
 
 private:
