@@ -143,7 +143,7 @@ QString ImageInformation::nextStep() const {
         return m_state.boardReady ? tr("Live (F7) starts the live image")
                                   : tr("Initialize the video board: Setup (Alt+T), tab Board");
     }
-    return m_watch.hasStopped() ? tr("See to the camera; Live (F7) pressed twice starts it anew")
+    return m_watch.hasStopped() ? tr("Check the camera; press F7 twice to restart the live image")
                                 : tr("Click a point of the image to bring it to the centre");
 }
 

@@ -58,7 +58,7 @@ void KeepingWatch::look() {
     const QString folder = QString::fromStdU16String(m_folder.u16string());
     if (!reason.isEmpty()) {
         m_show(
-            tr("Nothing is kept: %1").arg(reason),
+            tr("Settings are not kept: %1").arg(reason),
             tr("Settings and journal cannot be written to the data folder \"%1\" (%2). Make it writable, or "
                "make room on its disk; then they are kept again")
                 .arg(folder, reason));
@@ -67,10 +67,10 @@ void KeepingWatch::look() {
         m_again.stop();
         watchFolder();
         m_show(tr("Settings are kept again"),
-               tr("The data folder \"%1\" can be written again. What was changed meanwhile is not in it")
+               tr("The data folder \"%1\" can be written again. Changes made in the meantime were not stored")
                    .arg(folder));
     } else if (m_lost) {
-        m_show(tr("A setting was not kept"), tr("The host could not keep it; its log says why"));
+        m_show(tr("A setting was not kept"), tr("The host could not store it; its log says why"));
     }
     m_lost = false;
 }

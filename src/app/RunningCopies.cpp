@@ -53,7 +53,7 @@ QStringList usualPlaces() {
 QString whyNotOwn(const QString& folder) {
     const fs::path path = pathOf(folder);
     if (::mkdir(path.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
-        return QCoreApplication::translate("main", "the folder \"%1\" cannot be made (%2)")
+        return QCoreApplication::translate("main", "the folder \"%1\" cannot be created (%2)")
             .arg(folder, QString::fromLocal8Bit(std::generic_category().message(errno)));
     }
     struct stat about {};
@@ -61,7 +61,7 @@ QString whyNotOwn(const QString& folder) {
                      about.st_uid == ::geteuid() && (about.st_mode & (S_IWGRP | S_IWOTH)) == 0;
     return own ? QString()
                : QCoreApplication::translate(
-                     "main", "\"%1\" is not a folder of yours alone; remove it, or have it removed")
+                     "main", "\"%1\" is not a private folder of yours; remove it or have it removed")
                      .arg(folder);
 }
 
@@ -95,7 +95,7 @@ Meeting meetingIn(const QString& place, const QString& name, std::chrono::millis
         const QString guard = meeting.folder + QStringLiteral("/guard");
         meeting.guard = std::make_unique<FileLock>(pathOf(guard), patience);
         if (!meeting.guard->held()) {
-            meeting.problem = QCoreApplication::translate("main", "the lock \"%1\" cannot be had (%2)")
+            meeting.problem = QCoreApplication::translate("main", "the lock \"%1\" cannot be obtained (%2)")
                                   .arg(guard, QString::fromLocal8Bit(meeting.guard->problem()));
         }
     }
@@ -161,7 +161,7 @@ RunningCopies::Others RunningCopies::look(Enter enter) {
     QStringList problems;
     const std::vector<Meeting> found = meetings(nameOf(m_scope), m_patience, problems);
     m_problem = found.empty() ? QCoreApplication::translate(
-                                    "main", "It cannot be found out whether another copy is running: %1.")
+                                    "main", "Ocuva cannot determine whether another copy is running: %1.")
                                     .arg(problems.join(QStringLiteral("; ")))
                               : QString();
     Others others;

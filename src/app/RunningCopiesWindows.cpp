@@ -55,7 +55,7 @@ RunningCopies::Others RunningCopies::look(Enter enter) {
     if (enter == Enter::Always || !others.run) {
         if (entry->mutex == nullptr && !others.run) {
             m_problem = QCoreApplication::translate(
-                "main", "It cannot be found out whether another copy is running.");
+                "main", "Ocuva cannot determine whether another copy is running.");
         }
         m_ownStart.push_back(std::move(start));
         m_ownEntry.push_back(std::move(entry));

@@ -208,8 +208,8 @@ void frmOcuva::tInitTBMain_Timer() {
     tInitTBMain->stop();
     restoreToolbarLayout();
     if (const std::optional<std::size_t> count = m_standards->list().finishStoring()) {
-        const QString what = tr("The last run ended while the list of standards was being stored. The list "
-                                "was completed: %1 standards")
+        const QString what = tr("The last run ended while the list of standards was being stored. It has "
+                                "been completed: %1 standards")
                                  .arg(*count);
         log(what);
         m_information->showNote(tr("Standards restored"), what);

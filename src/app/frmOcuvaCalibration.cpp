@@ -33,7 +33,7 @@ WalkSurroundings frmOcuva::walkSurroundings() {
         return m_pictures->stored() ? tr("A stored picture is shown. Press Live (F7) first.")
                : m_vgaMouse ? tr("There is no autofocus in VGA mode: pick and read the points one by one.")
                : scale.magnification <= 0 || scale.x100 <= 0.0F || scale.y100 <= 0.0F
-                   ? tr("There is no magnification or field to drive by: enter them in the set-up, tab "
+                   ? tr("The assistant needs the magnification and the field: enter them in the set-up, tab "
                         "Stage.")
                    : QString();
     };

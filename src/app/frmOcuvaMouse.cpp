@@ -57,7 +57,7 @@ void frmOcuva::moveToPoint(const ClickOnImage& click) {
     SyncStageMove(axisAll);
     if (isOld) {
         showMoveNote(tr("The picture is old: moved by %1, %2").arg(move.x).arg(move.y),
-                     tr("It does not show where the stage was. Live (F7) brings a new one."));
+                     tr("It does not show the current field. Press Live (F7) for a new one."));
     }
 }
 

@@ -71,7 +71,7 @@ QString stageMoves() { return frmOcuva::tr("Stage moving"); }
 } // namespace
 
 void frmOcuva::moveTakesLong() {
-    m_information->showNote(stageMoves(), tr("X, Y and Z are shown when it stands"));
+    m_information->showNote(stageMoves(), tr("X, Y and Z are shown when it stops"));
 }
 
 void frmOcuva::watchedMoveEnded() {

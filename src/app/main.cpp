@@ -103,8 +103,7 @@ LoadWatch::Late endingOf(bool serverMode) {
         const std::string words =
             "Ocuva has ended: " + running + " was not finished after " +
             std::to_string(patienceWithLibraries.count()) +
-            " seconds. Check that file, and the drive and the device that it needs; then "
-            "start Ocuva again.";
+            " seconds. Check that file and the drive and device that it needs, then start Ocuva again.";
         std::fprintf(stderr, "%s\n", words.c_str());
         if (!serverMode) {
             showNotice(program, words);

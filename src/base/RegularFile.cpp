@@ -22,7 +22,7 @@ public:
         case FileRefusal::tooLarge:
             return "It is too large";
         }
-        return "It is left alone";
+        return "It is left unchanged";
     }
 };
 

@@ -203,11 +203,10 @@ std::string CrashNote::take(const std::filesystem::path& file) {
     const std::string fault = faultText(plainLine(lines));
     const std::string running = plainLine(lines);
     return "Ocuva crashed on " + when + " (" + fault + "). " +
-           (running.empty()
-                ? "No function of the host's libraries was running for the program at that moment."
-                : "This was running at that moment: " + running + ".") +
-           " That need not be the cause: an earlier call may have done the damage. If it happens again, "
-           "give this text to the person who looks after the host.";
+           (running.empty() ? "No function of the host's libraries was running at that moment."
+                            : "This was running at that moment: " + running + ".") +
+           " This is not necessarily the cause: an earlier call may have done the damage. If it happens "
+           "again, pass this text on to the person who maintains the host.";
 }
 
 } // namespace ocuva

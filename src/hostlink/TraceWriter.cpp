@@ -19,7 +19,7 @@ FileLimit traceLimit(const char* mebibytes) {
     if (error == std::errc() && end == text.data() + text.size() && number >= 1 && number <= 1024) {
         limit.maxBytes = static_cast<std::uintmax_t>(number) * 1024u * 1024u;
     } else {
-        std::fprintf(stderr, "OCUVA_TRACE_MAX_MIB=%s is no whole number from 1 to 1024; 8 is used.\n",
+        std::fprintf(stderr, "OCUVA_TRACE_MAX_MIB=%s is not a whole number from 1 to 1024; using 8.\n",
                      mebibytes);
     }
     return limit;
@@ -29,7 +29,7 @@ FileLimit traceLimit() { return traceLimit(std::getenv("OCUVA_TRACE_MAX_MIB")); 
 
 TraceWriter::TraceWriter(std::filesystem::path file, const FileLimit& limit)
     : LineFile(std::move(file), limit, [](const std::string& trouble) {
-        std::fprintf(stderr, "The trace file %s; going on without a trace.\n", trouble.c_str());
+        std::fprintf(stderr, "The trace file %s; continuing without a trace.\n", trouble.c_str());
     }) {
     open();
 }

@@ -90,13 +90,11 @@ QString refusal(const BmpHeader& header, qint64 fileBytes) {
     constexpr std::array<quint32, 5> knownHeaders{os2Header, windowsHeader, os2SecondHeader, 108, 124};
     constexpr qint64 maskBytes = 12;
     if (std::find(knownHeaders.begin(), knownHeaders.end(), header.bytes) == knownHeaders.end()) {
-        return QStringLiteral("a BMP with a header of %1 bytes is not one that can be read")
-            .arg(header.bytes);
+        return QStringLiteral("BMP files with a header of %1 bytes are not supported").arg(header.bytes);
     }
     const bool fieldsAllowed = header.compression == bitFields && header.bytes != os2SecondHeader;
     if (header.compression != uncompressed && !header.isRunLength() && !fieldsAllowed) {
-        return QStringLiteral("its compression (number %1) is not one that can be read")
-            .arg(header.compression);
+        return QStringLiteral("its compression (number %1) is not supported").arg(header.compression);
     }
     if (header.width < 1 || header.height < 1) {
         return QStringLiteral("it holds no picture");
@@ -112,7 +110,7 @@ QString refusal(const BmpHeader& header, qint64 fileBytes) {
     }
     if (header.compression == bitFields && header.bytes == windowsHeader &&
         header.dataAt < 14 + windowsHeader + maskBytes) {
-        return QStringLiteral("it does not say which bits belong to which colour");
+        return QStringLiteral("it does not define which bits belong to which colour");
     }
     return {};
 }

@@ -39,7 +39,7 @@ void CalibrationAssistant::driveBy(const StagePoint& distance) {
 }
 
 bool CalibrationAssistant::isRefused() {
-    m_refusal = m_context.fOcuva.cxsStage().IsMoving() ? tr("The stage moves. Wait until it stands.")
+    m_refusal = m_context.fOcuva.cxsStage().IsMoving() ? tr("The stage is moving. Wait until it stops.")
                                                        : m_context.whyNot();
     return !m_refusal.isEmpty();
 }
@@ -126,9 +126,11 @@ QString CalibrationAssistant::hint() const {
         break;
     }
     return m_context.fOcuva.cxsStage().IsMoving()
-               ? tr("The assistant has ended. The move that runs goes on to its end; the walk began at %1.")
+               ? tr("The assistant has ended. The current move continues to its end; the assistant started "
+                    "at %1.")
                      .arg(words(m_walk.home()))
-               : tr("The assistant has ended. The stage is at %1; the walk began at %2. Enter drives back.")
+               : tr("The assistant has ended. The stage is at %1; the assistant started at %2. Enter drives "
+                    "back.")
                      .arg(words(const_cast<CalibrationAssistant*>(this)->position()), words(m_walk.home()));
 }
 

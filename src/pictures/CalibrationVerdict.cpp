@@ -36,7 +36,7 @@ const char* sentence(Kind kind) {
     case Kind::LineOnPicture:
         return QT_TRANSLATE_NOOP(
             "ocuva::CalibrationVerdict",
-            "The points lie on one line of the picture: the axes' angle cannot be told.");
+            "The points lie on one line of the picture: the angle between the axes cannot be determined.");
     case Kind::LineOnStage:
         return QT_TRANSLATE_NOOP(
             "ocuva::CalibrationVerdict",

@@ -55,8 +55,8 @@ Picture cameraImage(CTnVideoImage& image, const CTnStage& stage, const Magnifica
             failForRoom(folder, trouble);
         }
         // The host's answer is not examined anywhere; the missing file is the answer.
-        throw PictureFileError(QStringLiteral("There is no image to save: the video board has given none. ") +
-                               advice);
+        throw PictureFileError(
+            QStringLiteral("There is no image to save: the video board has not delivered one. ") + advice);
     }
     Picture picture;
     try {

@@ -18,10 +18,10 @@ QStringList losses(const FileSurplus& surplus) {
         lost << QObject::tr("Only the first page of this picture is saved.");
     }
     if (surplus.bitsPerChannel > 8) {
-        lost << QObject::tr("Only 8 of its %1 bits a channel are saved.").arg(surplus.bitsPerChannel);
+        lost << QObject::tr("Only 8 of its %1 bits per channel are saved.").arg(surplus.bitsPerChannel);
     }
     if (surplus.furtherChannels > 0) {
-        lost << QObject::tr("Its transparency, or whatever else it holds besides its colours, is not saved.");
+        lost << QObject::tr("Its transparency and any other channels besides its colours are not saved.");
     }
     return lost;
 }
@@ -54,10 +54,9 @@ QStringList saveWarnings(const Picture& picture, const std::filesystem::path& ta
         std::error_code error;
         const QString sentence =
             std::filesystem::exists(description, error)
-                ? QObject::tr("\"%1\" is the description of %2 too. After this save it holds the calibration "
-                              "of the new "
-                              "picture alone.")
-                : QObject::tr("\"%1\" will be written, and will be taken for the description of %2 too.");
+                ? QObject::tr("\"%1\" is also the description of %2. After this save it holds only the "
+                              "calibration of the new picture.")
+                : QObject::tr("\"%1\" will be written, and will also be taken for the description of %2.");
         warnings << sentence.arg(nameOf(description.filename()), others.join(QStringLiteral(", ")));
     }
     return warnings;

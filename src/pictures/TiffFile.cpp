@@ -310,7 +310,7 @@ void readInformation(TIFF* file, Picture& picture) {
 // Empty for pixels that have a colour to show.
 QString unknownColours(const Layout& layout) {
     const auto saved = [](const QString& what) {
-        return QStringLiteral("its pixels %1; save it with 8 or 16 bits a channel first").arg(what);
+        return QStringLiteral("its pixels %1; save it with 8 or 16 bits per channel first").arg(what);
     };
     switch (layout.sampleFormat) {
     case SAMPLEFORMAT_IEEEFP:
@@ -325,7 +325,7 @@ QString unknownColours(const Layout& layout) {
     }
     constexpr std::array<std::uint16_t, 5> readableBits{1, 2, 4, 8, 16};
     if (std::find(readableBits.begin(), readableBits.end(), layout.bitsPerSample) == readableBits.end()) {
-        return saved(QStringLiteral("have %1 bits a channel").arg(layout.bitsPerSample));
+        return saved(QStringLiteral("have %1 bits per channel").arg(layout.bitsPerSample));
     }
     if (layout.photometric == PHOTOMETRIC_CIELAB || layout.photometric == PHOTOMETRIC_ICCLAB ||
         layout.photometric == PHOTOMETRIC_ITULAB) {

@@ -398,7 +398,7 @@ void frmSetupStage::moveTo(const StagePoint& target) {
     m_context.fOcuva.SyncStageMove(axisAll);
     m_target = target;
     FramePoint->setBusy(true);
-    hint(tr("The stage moves to%1.").arg(positionText(target)));
+    hint(tr("The stage is moving to%1.").arg(positionText(target)));
     m_wait.begin();
     showMoveEnd();
 }
@@ -418,14 +418,14 @@ void frmSetupStage::showMoveEnd() {
     const CTnStage& stage = m_context.fOcuva.cxsStage();
     const StagePoint reached{stage.X(), stage.Y(), stage.Z()};
     if (m_wait.state() == AxisWait::State::Arrived && reached == m_target) {
-        hint(tr("The stage stands at%1.").arg(positionText(reached)));
+        hint(tr("The stage is at%1.").arg(positionText(reached)));
         return;
     }
     const QString text =
         m_wait.state() == AxisWait::State::Stalled
-            ? tr("Axis %1 says that it moves and does not get on. The stage is no longer waited for.")
+            ? tr("Axis %1 reports motion but is not advancing. The program no longer waits for the stage.")
                   .arg(QChar::fromLatin1("?XYZ"[m_wait.axis()]))
-            : tr("The stage stands at%1, not where it was sent.").arg(positionText(reached));
+            : tr("The stage is at%1, not where it was sent.").arg(positionText(reached));
     hint(text);
     m_context.note(text);
 }

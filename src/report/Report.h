@@ -1,5 +1,5 @@
 #pragma once
-// Files packed into one archive, for whoever is asked for help.
+// Files packed into one archive, to be sent when you ask for help.
 
 #include "report/ReportFiles.h"
 

@@ -7,7 +7,7 @@ namespace ocuva {
 bool canPackReports() { return false; }
 
 void packReport(const std::filesystem::path& /*target*/, const ReportContents& /*contents*/) {
-    throw ReportError("This program was built without what packs reports.");
+    throw ReportError("This program was built without support for reports.");
 }
 
 } // namespace ocuva

@@ -30,7 +30,7 @@ Long pixelsOf(const char* field, const Pitch& pitch) {
     }
     if (pitch.convertedPixels == 0 && pitch.typedMicrometres != 0) {
         throw std::runtime_error(std::string(field) + ": " + std::to_string(pitch.typedMicrometres) +
-                                 " micrometres cannot be told in pixels at the present magnification");
+                                 " micrometres cannot be converted to pixels at the present magnification");
     }
     return pitch.convertedPixels;
 }

@@ -35,7 +35,7 @@ void SetupAutofocusPage::makeGeneral() {
     chkAutoAll = named(new QCheckBox(tr("Compute on all &image")), "chkAutoAll",
                        tr("Measure the focus on the whole image"));
     cbAutoPart = named(new QComboBox, "cbAutoPart",
-                       tr("Part of the image's area round its middle that is measured otherwise"));
+                       tr("Otherwise, the part of the image's area around its centre that is measured"));
     for (const char* part : {"1/4", "1/9", "1/16", "1/25", "1/36", "1/49", "1/64"}) {
         cbAutoPart->addItem(QString::fromLatin1(part));
     }

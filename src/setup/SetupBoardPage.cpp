@@ -93,7 +93,7 @@ void SetupBoardPage::makeControls() {
     shInit = named(new IndicatorShape, "shInit", QString());
     cmdInit = makeButton("cmdInit", tr("&Initialize"), tr("Make the chosen board ready"));
     shShut = named(new IndicatorShape, "shShut", QString());
-    cmdShut = makeButton("cmdShut", tr("S&hut down"), tr("End the live image and put the board down"));
+    cmdShut = makeButton("cmdShut", tr("S&hut down"), tr("End the live image and shut the board down"));
 
     auto* type = new QHBoxLayout;
     auto* caption = new QLabel(tr("Board t&ype"));

@@ -86,7 +86,7 @@ void SetupStagePage::makeMovement() {
 void SetupStagePage::makeStandards() {
     frMoveStandardList = addFrame("frMoveStandardList", tr("Standard List"));
     cmdStandardSort = named(new QPushButton(tr("So&rt...")), "cmdStandardSort",
-                            tr("Put the standard positions in order, add and delete some"));
+                            tr("Sort, add and delete standard positions"));
     cmdStandardSort->setAutoDefault(false);
     auto* row = new QHBoxLayout(frMoveStandardList);
     row->addWidget(cmdStandardSort);

@@ -184,7 +184,7 @@ TEST_F(Assistant, EndsByEscapeAtAnyStepAndStartsNoMoveThen) {
 TEST_F(Assistant, EndedAwayFromHomeSaysWhereTheStageIsAndDrivesBackAtThePressOfItsButton) {
     walkTo(State::AtPoint);
     QTest::keyClick(&dialog(), Qt::Key_Escape);
-    EXPECT_THAT(hint(), AllOf(HasSubstr("is at X:1257"), HasSubstr("began at X:1000 Y:2000 Z:50")));
+    EXPECT_THAT(hint(), AllOf(HasSubstr("is at X:1257"), HasSubstr("started at X:1000 Y:2000 Z:50")));
     EXPECT_EQ(dialog().cmdWalk->text(), QStringLiteral("Drive Back"));
     press(dialog().cmdWalk);
     moveEnds();
@@ -234,7 +234,7 @@ TEST_F(Assistant, SaysWhyItCannotWalk) {
     begin();
     open();
     press(dialog().cmdWalk);
-    EXPECT_THAT(hint(), HasSubstr("no magnification or field"));
+    EXPECT_THAT(hint(), HasSubstr("needs the magnification and the field"));
 }
 
 TEST_F(Assistant, OffersFieldAndDirectionsForTheSetUpAndTakesThemOverWithOkAlone) {

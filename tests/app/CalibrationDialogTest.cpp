@@ -374,11 +374,11 @@ TEST_F(MoveToTheCursor, SaysWhereTheStageStandsInTheEnd) {
     open();
     host.position = {{axisX, 0}, {axisY, 0}, {axisZ, 12}};
     answer(QMessageBox::Yes, [this] { clickTheMiddle(); });
-    EXPECT_EQ(hint(), "The stage stands at X:0 Y:0 Z:12.");
+    EXPECT_EQ(hint(), "The stage is at X:0 Y:0 Z:12.");
     EXPECT_THAT(host.logLines, IsEmpty());
     host.position[axisZ] = 11; // refused
     answer(QMessageBox::Yes, [this] { clickTheMiddle(); });
-    EXPECT_EQ(hint(), "The stage stands at X:0 Y:0 Z:11, not where it was sent.");
+    EXPECT_EQ(hint(), "The stage is at X:0 Y:0 Z:11, not where it was sent.");
     EXPECT_EQ(host.logLines.size(), 1U);
 }
 

@@ -84,8 +84,8 @@ TEST_F(NextStep, BeforeTheFirstImageTheDisplayAndThePanelTellHowToGetOne) {
 TEST_F(NextStep, WhenFramesStayAwayThePanelAndTheEmptyDisplaySendToTheCamera) {
     action("mnuAcq")->trigger();
     ASSERT_TRUE(QTest::qWaitFor([this] { return panel("Info").rfind("Not live", 0) == 0; }));
-    EXPECT_THAT(told(), HasSubstr("See to the camera"));
-    EXPECT_THAT(prompt(), HasSubstr("See to the camera"));
+    EXPECT_THAT(told(), HasSubstr("Check the camera"));
+    EXPECT_THAT(prompt(), HasSubstr("Check the camera"));
 }
 
 TEST_F(NextStep, WithoutABoardThePanelSaysSoAndSendsToItsPage) {
@@ -135,7 +135,7 @@ TEST_F(NextStep, ALongMoveTellsThatThePositionComesWhenTheStageStands) {
     stepZ(StageWatch::longMoveTicks - 1);
     EXPECT_THAT(seen, Not(HasSubstr("Stage moving")));
     stepZ(StageWatch::longMoveTicks + 1);
-    EXPECT_THAT(seen, AllOf(HasSubstr("Still   Stage moving|"), HasSubstr("shown when it stands")));
+    EXPECT_THAT(seen, AllOf(HasSubstr("Still   Stage moving|"), HasSubstr("shown when it stops")));
     EXPECT_EQ(panel("Info"), "Still   1:2   400x");
 }
 

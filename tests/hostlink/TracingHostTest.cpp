@@ -221,7 +221,7 @@ TEST(TracingHost, SaysOnceThatItsFileCannotBeOpenedAndGoesOn) {
     EXPECT_EQ(host.tn_video().TarnVideoBoardInit(), 1);
     const std::string said = testing::internal::GetCapturedStderr();
     EXPECT_EQ(std::count(said.begin(), said.end(), '\n'), 1) << said;
-    EXPECT_NE(said.find("going on without a trace"), std::string::npos);
+    EXPECT_NE(said.find("continuing without a trace"), std::string::npos);
     EXPECT_EQ(stub.calls.size(), 2U);
 }
 

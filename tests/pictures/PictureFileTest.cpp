@@ -336,7 +336,7 @@ TEST_F(OpenedPictures, WhosePixelsAreNoGreyLevelsAreRefusedWithAWayOut) {
     } rows[] = {{SAMPLEFORMAT_INT, 8, "signed numbers"},
                 {SAMPLEFORMAT_INT, 16, "signed numbers"},
                 {SAMPLEFORMAT_IEEEFP, 16, "floating-point numbers"},
-                {SAMPLEFORMAT_UINT, 32, "32 bits a channel"}};
+                {SAMPLEFORMAT_UINT, 32, "32 bits per channel"}};
     for (const auto& row : rows) {
         writeForeign("odd.tif", [&row](TIFF* file) {
             TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, row.bits);
@@ -347,7 +347,7 @@ TEST_F(OpenedPictures, WhosePixelsAreNoGreyLevelsAreRefusedWithAWayOut) {
             TIFFWriteScanline(file, line.data(), 1);
         });
         EXPECT_THAT(errorOfOpening("odd.tif"),
-                    AllOf(HasSubstr(row.said), HasSubstr("save it with 8 or 16 bits a channel first")));
+                    AllOf(HasSubstr(row.said), HasSubstr("save it with 8 or 16 bits per channel first")));
     }
 }
 
@@ -400,7 +400,7 @@ TEST_F(OpenedPictures, OfSeveralPagesOrMoreBitsLoseTheNotesThatSpeakOfThemAndSay
     EXPECT_EQ(stack.surplus, (FileSurplus{true, 16, 0}));
     EXPECT_EQ(saveWarnings(stack, folder / "stack.tif"),
               (QStringList{QStringLiteral("Only the first page of this picture is saved."),
-                           QStringLiteral("Only 8 of its 16 bits a channel are saved.")}));
+                           QStringLiteral("Only 8 of its 16 bits per channel are saved.")}));
     savePicture(folder / "stack.tif", stack, points);
     const Picture saved = openPicture(folder / "stack.tif");
     EXPECT_EQ(saved.notes, (std::vector<PictureNote>{{QStringLiteral("stageX"), QStringLiteral("5")}}));
@@ -424,12 +424,13 @@ TEST_F(SavedPictures, ThatShareADescriptionWithAnotherPictureAreAnnounced) {
     EXPECT_THAT(saveWarnings(picture, folder / "Right.tif"), IsEmpty());
     EXPECT_EQ(saveWarnings(picture, folder / "Right.bmp"),
               QStringList{QStringLiteral(
-                  "\"Right.pic\" is the description of Right.tif too. After this save it holds "
-                  "the calibration of the new picture alone.")});
+                  "\"Right.pic\" is also the description of Right.tif. After this save it holds "
+                  "only the calibration of the new picture.")});
     std::filesystem::remove(folder / "Right.pic");
-    EXPECT_EQ(saveWarnings(picture, folder / "Right.bmp"),
-              QStringList{QStringLiteral(
-                  "\"Right.pic\" will be written, and will be taken for the description of Right.tif too.")});
+    EXPECT_EQ(
+        saveWarnings(picture, folder / "Right.bmp"),
+        QStringList{QStringLiteral(
+            "\"Right.pic\" will be written, and will also be taken for the description of Right.tif.")});
 }
 
 TEST_F(SavedPictures, AsBmpAboveThirtyThreeMegapixelsCanBeOpenedAgain) {

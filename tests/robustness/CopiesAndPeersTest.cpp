@@ -113,7 +113,7 @@ TEST(Copies, SayThatTheyCannotFindEachOtherWhereNoFolderIsTheirs) {
         const RunningCopies copies(scope);
         EXPECT_EQ(copies.problem().isEmpty(), hasSystemFolder) << copies.problem().toStdString();
         if (!hasSystemFolder) {
-            EXPECT_THAT(copies.problem().toStdString(), HasSubstr("not a folder of yours alone"));
+            EXPECT_THAT(copies.problem().toStdString(), HasSubstr("not a private folder of yours"));
         }
     }));
 }
@@ -266,7 +266,7 @@ TEST(KeepingWatch, SaysThatNothingIsKeptWhileTheFolderIsGoneAndThatItIsKeptAgain
     EXPECT_THAT(notes, IsEmpty());
     std::filesystem::rename(folder / "data", folder / "away");
     ASSERT_TRUE(QTest::qWaitFor([&] { return !notes.empty(); }, 10'000)) << "nobody had to write";
-    EXPECT_EQ(notes.front(), "Nothing is kept: No such file or directory");
+    EXPECT_EQ(notes.front(), "Settings are not kept: No such file or directory");
     ASSERT_TRUE(QTest::qWaitFor([&] { return notes.size() >= 2; }, 10'000)) << "said on and on";
     std::filesystem::rename(folder / "away", folder / "data");
     EXPECT_TRUE(QTest::qWaitFor([&] { return notes.back() == "Settings are kept again"; }, 10'000));

@@ -106,7 +106,7 @@ TEST_F(GridInMicrometres, ALengthWithoutPixelsIsRefusedRatherThanStoredAsNothing
     settings.writeVideoMag(0);
     host.calls.clear();
     EXPECT_EQ(errorOf({"100", "50"}),
-              "Width: 100 micrometres cannot be told in pixels at the present magnification");
+              "Width: 100 micrometres cannot be converted to pixels at the present magnification");
     EXPECT_THAT(written(), IsEmpty());
     EXPECT_EQ(settings.readGrid().GridSizeX, 120);
     EXPECT_THAT(host.logLines, Contains("Overflow in stage to frame conversion"));

@@ -16,20 +16,19 @@ struct Explanation {
 constexpr Explanation explanations[]{
     {"mmuOpen", QT_TRANSLATE_NOOP("WhatsThis", "Opens a picture that was saved before.")},
     {"mnuSaveAs Save",
-     QT_TRANSLATE_NOOP("WhatsThis", "Saves the present image, without the overlays, and beside "
-                                    "it a description of where on the stage it was taken.")},
-    {"mnuExit", QT_TRANSLATE_NOOP("WhatsThis", "Ends the program and puts the video board down.")},
+     QT_TRANSLATE_NOOP("WhatsThis", "Saves the current image, without the overlays, and next to it a "
+                                    "description of where on the stage it was taken.")},
+    {"mnuExit", QT_TRANSLATE_NOOP("WhatsThis", "Ends the program and shuts the video board down.")},
     {"mnuAcq Acq",
      QT_TRANSLATE_NOOP("WhatsThis", "Starts and stops the live image. When it is stopped, the last "
                                     "image stays as a still.")},
     {"mnuZoom0 mnuZoom1 Zoom",
-     QT_TRANSLATE_NOOP("WhatsThis",
-                       "Shows the same field at full size, every pixel of the camera on one pixel of "
-                       "the screen, or at half of it.")},
+     QT_TRANSLATE_NOOP(
+         "WhatsThis",
+         "Shows the same field at full size, one screen pixel for each camera pixel, or at half that size.")},
     {"mnuCross Cross",
-     QT_TRANSLATE_NOOP("WhatsThis", "Shows the centre of the image: where a click brings its "
-                                    "point.")},
-    {"mnuGrid Grid", QT_TRANSLATE_NOOP("WhatsThis", "Lays a grid on the image, to judge distances by.")},
+     QT_TRANSLATE_NOOP("WhatsThis", "Shows the centre of the image, where a clicked point arrives.")},
+    {"mnuGrid Grid", QT_TRANSLATE_NOOP("WhatsThis", "Shows a grid over the image for judging distances.")},
     {"mnuMicroMarker frMicroMarker lbMicroMarker",
      QT_TRANSLATE_NOOP("WhatsThis",
                        "A bar of known length, in micrometres. It is right if the magnification is "
@@ -41,32 +40,33 @@ constexpr Explanation explanations[]{
      QT_TRANSLATE_NOOP("WhatsThis", "Moves every axis a little away and back again, so that play in "
                                     "the drive is taken up from the usual side.")},
     {"mnuFocus Focus",
-     QT_TRANSLATE_NOOP("WhatsThis", "Lets the host search for the sharpest image by moving Z, "
-                                    "within the range of the settings.")},
+     QT_TRANSLATE_NOOP(
+         "WhatsThis",
+         "Lets the host search for the sharpest image by moving Z within the configured range.")},
     {"Picture", QT_TRANSLATE_NOOP("WhatsThis", "Ties a picture to stage positions by two or three points.")},
     {"mnuSetup Setup", QT_TRANSLATE_NOOP("WhatsThis", "Opens the settings. They take effect at once.")},
     {"mnuStandard Standard",
      QT_TRANSLATE_NOOP("WhatsThis",
                        "Has no function of its own. Standard positions are in the list beside the "
                        "button Stage.")},
-    {"mnuAbout", QT_TRANSLATE_NOOP("WhatsThis", "Tells which version of the program this is.")},
+    {"mnuAbout", QT_TRANSLATE_NOOP("WhatsThis", "Shows the version of the program.")},
     {"mnuManual", QT_TRANSLATE_NOOP("WhatsThis", "Opens the manual.")},
     {"mnuKeys", QT_TRANSLATE_NOOP("WhatsThis", "Opens the manual at the list of all keys.")},
-    {"mnuWhatsThis", QT_TRANSLATE_NOOP("WhatsThis", "The next click explains what it falls on.")},
+    {"mnuWhatsThis", QT_TRANSLATE_NOOP("WhatsThis", "Explains the next item that you click.")},
     {"mnuPackReport",
-     QT_TRANSLATE_NOOP("WhatsThis", "Packs the log, the journal and the settings into one file, "
-                                    "for whoever is asked for help.")},
+     QT_TRANSLATE_NOOP(
+         "WhatsThis",
+         "Packs the log, the journal and the settings into one file, to be sent when you ask for help.")},
     {"milDisp frImage frMonitor",
      QT_TRANSLATE_NOOP("WhatsThis", "The image of the camera. Click a point, and the stage brings it to the "
                                     "centre. The frame blinks orange while the stage moves.")},
     {"frUpDown", QT_TRANSLATE_NOOP("WhatsThis", "Moves the stage up and down by the number of units on the "
                                                 "button.")},
-    {"X Y Z",
-     QT_TRANSLATE_NOOP("WhatsThis", "Where the stage stands, in stage units. Click (Space) to read it "
-                                    "again, double-click (Enter) to type a position.")},
+    {"X Y Z", QT_TRANSLATE_NOOP("WhatsThis", "The stage position, in stage units. Click (Space) to read it "
+                                             "again, double-click (Enter) to type a position.")},
     {"Info",
-     QT_TRANSLATE_NOOP("WhatsThis", "The state of the image: green lamp live, grey still, red when frames "
-                                    "should come and do not. Click (Space) to measure its grey levels.")},
+     QT_TRANSLATE_NOOP("WhatsThis", "The state of the image: green lamp live, grey still, red when expected "
+                                    "frames are missing. Click (Space) to measure its grey levels.")},
     {"tbMain",
      QT_TRANSLATE_NOOP("WhatsThis", "Each button does the same as a command of the menus. Double-click "
                                     "beside the buttons to rearrange them.")},
