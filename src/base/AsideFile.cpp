@@ -1,11 +1,7 @@
 #include "base/AsideFile.h"
 
-#include <array>
-#include <atomic>
-#include <chrono>
-#include <cstdint>
-#include <cstdio>
-#include <random>
+#include "base/AsideName.h"
+
 #include <string>
 #include <utility>
 
@@ -15,112 +11,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view mark = ".ocuva-";
-constexpr std::string_view asideEnding = ".aside";
-constexpr std::string_view formerEnding = ".former";
-constexpr std::size_t randomDigits = 16;
-constexpr std::size_t checkDigits = 8;
-constexpr std::size_t longestStem = 200; // file systems take names of 255 bytes
-
-std::uint64_t randomNumber() {
-    static std::atomic<std::uint64_t> calls{0};
-    const auto time = static_cast<std::uint64_t>(std::chrono::steady_clock::now().time_since_epoch().count());
-    try {
-        std::random_device source;
-        return ((static_cast<std::uint64_t>(source()) << 32) | source()) ^ time;
-    } catch (const std::exception&) {
-        return time * 0x9e3779b97f4a7c15u + ++calls; // a name that is taken is tried again
-    }
-}
-
-std::string hexadecimal(std::uint64_t number, std::size_t digits) {
-    std::array<char, 17> text{};
-    std::snprintf(text.data(), text.size(), "%016llx", static_cast<unsigned long long>(number));
-    return {text.data() + (16 - digits), digits};
-}
-
-/// Ties the digits to the target: a file that is called like one of ours by accident is not ours.
-std::uint64_t checkOf(const std::string& target, std::string_view digits) {
-    std::uint64_t hash = 0xcbf29ce484222325u; // FNV-1a
-    const auto add = [&hash](std::string_view text) {
-        for (const char byte : text) {
-            hash = (hash ^ static_cast<unsigned char>(byte)) * 0x100000001b3u;
-        }
-    };
-    add(target);
-    add(digits);
-    return hash;
-}
-
-std::string utf8(const fs::path& name) {
-    const std::u8string text = name.u8string();
-    return {text.begin(), text.end()};
-}
-
-/// All names aside of a target begin with it.
-std::string headOf(const std::string& target) {
-    std::size_t length = target.size();
-    if (length > longestStem) {
-        length = longestStem;
-        while (length > 0 && (static_cast<unsigned char>(target[length]) & 0xc0u) == 0x80u) {
-            --length; // not within a letter
-        }
-    }
-    return target.substr(0, length) + std::string(mark);
-}
-
-fs::path newName(const fs::path& target, std::string_view ending) {
-    const std::string name = utf8(target.filename());
-    const std::string digits = hexadecimal(randomNumber(), randomDigits);
-    const std::string whole =
-        headOf(name) + digits + hexadecimal(checkOf(name, digits), checkDigits) + std::string(ending);
-    return target.parent_path() / fs::path(std::u8string(whole.begin(), whole.end()));
-}
-
-bool isNameOf(const std::string& target, const std::string& name) {
-    const std::string head = headOf(target);
-    if (name.compare(0, head.size(), head) != 0) {
-        return false;
-    }
-    const std::string_view rest = std::string_view(name).substr(head.size());
-    const std::string_view digits = rest.substr(0, randomDigits);
-    if (rest.size() < randomDigits + checkDigits) {
-        return false;
-    }
-    const std::string_view ending = rest.substr(randomDigits + checkDigits);
-    return (ending == asideEnding || ending == formerEnding) &&
-           rest.substr(randomDigits, checkDigits) == hexadecimal(checkOf(target, digits), checkDigits);
-}
-
-/// Whether it is the user's own and no program that runs has it.
-bool isLeftBehind(const fs::path& file) {
-    std::error_code error;
-    if (fs::is_symlink(fs::symlink_status(file, error))) {
-        return false;
-    }
-    const RegularFile opened = RegularFile::openToRead(file, error);
-    return opened.isOpen() && opened.isOwn() && opened.tryLock(error);
-}
-
 void removeLeftovers(const fs::path& target) {
-    const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
-    const std::string name = utf8(target.filename());
-    std::error_code error;
-    fs::directory_iterator entry(folder, error);
-    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
-        if (isNameOf(name, utf8(entry->path().filename())) && isLeftBehind(entry->path())) {
+    for (const AsideKind& kind : {asideKind, formerKind}) {
+        forEachLeftover(target, kind, [](const fs::path& file, const std::string& /*digits*/) {
             std::error_code ignored;
-            fs::remove(entry->path(), ignored);
-        }
+            fs::remove(file, ignored);
+        });
     }
 }
 
 } // namespace
-
-bool isAsideName(std::string_view name) {
-    const std::size_t at = name.rfind(mark);
-    return at != std::string_view::npos && (name.ends_with(asideEnding) || name.ends_with(formerEnding));
-}
 
 AsideFile::AsideFile(fs::path target)
     : m_target(std::move(target)) {}
@@ -142,7 +42,7 @@ std::error_code AsideFile::create() {
     const bool replacesOne = fs::exists(fs::symlink_status(m_target, error));
     constexpr int mostTrials = 8;
     for (int trial = 0; trial < mostTrials; ++trial) {
-        m_path = newName(m_target, asideEnding);
+        m_path = asideName(m_target, asideKind, randomDigits());
         m_file = RegularFile::createNew(m_path, replacesOne, error);
         if (m_file.isOpen()) {
             std::error_code noLock; // a disk without locks: then nobody removes what is left behind
@@ -163,9 +63,7 @@ std::error_code AsideFile::moveIntoPlace() {
     if (const std::error_code refusal = replaceable(m_target)) {
         return refusal;
     }
-#ifdef _WIN32
-    m_file.close(); // not every file system there renames an open file
-#endif
+    closeToMove();
     std::error_code error;
     fs::rename(m_path, m_target, error);
     if (!error) {
@@ -173,6 +71,12 @@ std::error_code AsideFile::moveIntoPlace() {
         m_path.clear();
     }
     return error;
+}
+
+void AsideFile::closeToMove() {
+#ifdef _WIN32
+    m_file.close(); // not every file system there renames an open file
+#endif
 }
 
 FormerFile::FormerFile(fs::path target)
@@ -201,7 +105,7 @@ std::error_code FormerFile::moveAway() {
         m_file.tryLock(error);
     }
 #endif
-    const fs::path path = newName(m_target, formerEnding);
+    const fs::path path = asideName(m_target, formerKind, randomDigits());
     error.clear();
     fs::rename(m_target, path, error);
     if (!error) {
@@ -218,20 +122,30 @@ void FormerFile::drop() {
     }
 }
 
-std::error_code replaceFile(const fs::path& file, std::string_view content,
-                            const std::function<bool()>& mayReplace) {
-    AsideFile aside(file);
+namespace {
+
+std::error_code fill(AsideFile& aside, std::string_view content) {
     std::error_code error = aside.create();
     if (!error) {
         aside.file().write(content, error);
     }
-    if (!error) {
-        error = aside.file().flushToDisk();
-    }
-    if (!error && mayReplace && !mayReplace()) {
-        error = std::make_error_code(std::errc::operation_canceled);
-    }
+    return error ? error : aside.file().flushToDisk();
+}
+
+} // namespace
+
+std::error_code replaceFile(const fs::path& file, std::string_view content) {
+    AsideFile aside(file);
+    const std::error_code error = fill(aside, content);
     return error ? error : aside.moveIntoPlace();
+}
+
+std::error_code replaceFileThatHolds(const std::optional<std::string>& former, const fs::path& file,
+                                     std::string_view content) {
+    finishSwaps(file);
+    AsideFile aside(file);
+    const std::error_code error = fill(aside, content);
+    return error ? error : aside.moveIntoPlaceOf(former, content);
 }
 
 } // namespace ocuva

@@ -9,7 +9,8 @@
 #include "base/RegularFile.h"
 
 #include <filesystem>
-#include <functional>
+#include <optional>
+#include <string>
 #include <string_view>
 #include <system_error>
 
@@ -40,7 +41,18 @@ public:
     /// Puts the file where a regular file or nothing is. On an error nothing has changed.
     [[nodiscard]] std::error_code moveIntoPlace();
 
+    /// The same, but only in the place of a file that holds `former`, or of none at all; else nothing has
+    /// changed and the error is std::errc::operation_canceled. `content` is what was written. The two files
+    /// are exchanged in one step, and somebody else's that comes back is put where it was: there is no moment
+    /// at which a change of his is lost, and none without a file at the target. A program that is killed in
+    /// between leaves it for finishSwaps. On disks and systems that cannot exchange two files the target is
+    /// looked at right before the move. One caller at a time (hold a FileLock).
+    [[nodiscard]] std::error_code moveIntoPlaceOf(const std::optional<std::string>& former,
+                                                  std::string_view content);
+
 private:
+    void closeToMove();
+
     std::filesystem::path m_target;
     std::filesystem::path m_path;
     RegularFile m_file;
@@ -69,12 +81,19 @@ private:
 };
 
 /// Gives the file this content as a whole or not at all: written aside, brought to the disk, moved into
-/// place. mayReplace is asked right before the move, when the slow part is over; when it says no, nothing has
-/// changed and the error is std::errc::operation_canceled.
-[[nodiscard]] std::error_code replaceFile(const std::filesystem::path& file, std::string_view content,
-                                          const std::function<bool()>& mayReplace = {});
+/// place.
+[[nodiscard]] std::error_code replaceFile(const std::filesystem::path& file, std::string_view content);
 
-/// Whether this is the name of a file aside or a former file, of whichever target.
+/// The same with AsideFile::moveIntoPlaceOf, after finishSwaps.
+[[nodiscard]] std::error_code replaceFileThatHolds(const std::optional<std::string>& former,
+                                                   const std::filesystem::path& file,
+                                                   std::string_view content);
+
+/// Looks for what a program left of this target that was killed in moveIntoPlaceOf. Somebody else's file that
+/// was still to be put back is put back, unless the target has been written since. One caller at a time.
+void finishSwaps(const std::filesystem::path& target);
+
+/// Whether this is the name of a file aside, a former file or one left by a swap, of whichever target.
 bool isAsideName(std::string_view name);
 
 } // namespace ocuva

@@ -81,6 +81,9 @@ public:
     bool isStillAt(const std::filesystem::path& file) const;
     /// Whether it has a name at all; where a system cannot tell, it has.
     bool hasName() const;
+    /// Whether somebody has it open for writing; where a system or a disk cannot tell, nobody has. For a file
+    /// that is open to read.
+    bool isBeingWritten() const;
     /// Whether the user owns it and it has no second name.
     bool isOwn() const;
     /// Gives it the access rights of the file of that name, where there is one.
@@ -97,6 +100,13 @@ private:
 /// No error when a file may be put under that name: nothing is there, or a regular file that the user may
 /// write. A link, wherever it leads, is not replaced.
 std::error_code replaceable(const std::filesystem::path& target);
+
+/// Each file gets the other's name, in one step. std::errc::not_supported where the system or the disk has no
+/// such step; any other error is the system's, such as for a name that is not there.
+std::error_code exchangeNames(const std::filesystem::path& one, const std::filesystem::path& other);
+
+/// Renames a file unless the new name is taken: std::errc::file_exists.
+std::error_code renameIfFree(const std::filesystem::path& from, const std::filesystem::path& to);
 
 } // namespace ocuva
 

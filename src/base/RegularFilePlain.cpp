@@ -3,6 +3,8 @@
 #include "base/RegularFile.h"
 
 #include <cerrno>
+#include <csignal>
+#include <cstdio>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -155,6 +157,18 @@ bool RegularFile::hasName() const {
     return ::fstat(m_descriptor, &about) != 0 || about.st_nlink > 0;
 }
 
+bool RegularFile::isBeingWritten() const {
+#ifdef F_SETLEASE
+    // A lease is granted only while nobody writes. Who opens the file while it is held has the holder
+    // signalled; by default that signal would end the program.
+    if (::fcntl(m_descriptor, F_SETSIG, SIGURG) == 0 && ::fcntl(m_descriptor, F_SETLEASE, F_RDLCK) != 0) {
+        return errno == EAGAIN;
+    }
+    ::fcntl(m_descriptor, F_SETLEASE, F_UNLCK);
+#endif
+    return false;
+}
+
 bool RegularFile::isOwn() const {
     struct stat about {};
     return ::fstat(m_descriptor, &about) == 0 && about.st_uid == ::geteuid() && about.st_nlink == 1;
@@ -183,6 +197,47 @@ std::error_code replaceable(const fs::path& target) {
     const bool mayWrite = (about.st_mode & S_IWUSR) != 0 &&
                           (::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) == 0 || errno != EACCES);
     return mayWrite ? std::error_code() : make_error_code(FileRefusal::writeProtected);
+}
+
+namespace {
+
+#ifdef RENAME_EXCHANGE
+constexpr unsigned exchange = RENAME_EXCHANGE;
+constexpr unsigned noReplace = RENAME_NOREPLACE;
+
+std::error_code renameWith(const fs::path& from, const fs::path& to, unsigned way) {
+    if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), way) == 0) {
+        return {};
+    }
+    // A disk that does not know the flag calls it invalid, an old system does not know the call.
+    const bool isUnknown = errno == EINVAL || errno == ENOSYS || errno == ENOTSUP;
+    return isUnknown ? std::make_error_code(std::errc::not_supported) : lastError();
+}
+#else
+constexpr unsigned exchange = 0;
+constexpr unsigned noReplace = 0;
+
+std::error_code renameWith(const fs::path& /*from*/, const fs::path& /*to*/, unsigned /*way*/) {
+    return std::make_error_code(std::errc::not_supported);
+}
+#endif
+
+} // namespace
+
+std::error_code exchangeNames(const fs::path& one, const fs::path& other) {
+    return renameWith(one, other, exchange);
+}
+
+std::error_code renameIfFree(const fs::path& from, const fs::path& to) {
+    std::error_code error = renameWith(from, to, noReplace);
+    if (error == std::errc::not_supported) {
+        error.clear();
+        if (fs::exists(fs::symlink_status(to, error))) {
+            return std::make_error_code(std::errc::file_exists);
+        }
+        fs::rename(from, to, error);
+    }
+    return error;
 }
 
 } // namespace ocuva

@@ -159,6 +159,16 @@ bool RegularFile::hasName() const {
            !about.DeletePending;
 }
 
+bool RegularFile::isBeingWritten() const {
+    const HANDLE alone =
+        ReOpenFile(handleOf(m_descriptor), GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_DELETE, 0);
+    if (alone == INVALID_HANDLE_VALUE) {
+        return GetLastError() == ERROR_SHARING_VIOLATION;
+    }
+    CloseHandle(alone);
+    return false;
+}
+
 bool RegularFile::isOwn() const {
     BY_HANDLE_FILE_INFORMATION about{};
     return GetFileInformationByHandle(handleOf(m_descriptor), &about) && about.nNumberOfLinks == 1;
@@ -182,6 +192,21 @@ std::error_code replaceable(const fs::path& target) {
     }
     return (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? make_error_code(FileRefusal::writeProtected)
                                                        : std::error_code();
+}
+
+std::error_code exchangeNames(const fs::path& /*one*/, const fs::path& /*other*/) {
+    // ReplaceFileW takes several steps, with a moment at which the name is free.
+    return std::make_error_code(std::errc::not_supported);
+}
+
+std::error_code renameIfFree(const fs::path& from, const fs::path& to) {
+    if (MoveFileExW(from.c_str(), to.c_str(), 0)) {
+        return {};
+    }
+    const DWORD code = GetLastError();
+    return code == ERROR_ALREADY_EXISTS || code == ERROR_FILE_EXISTS
+               ? std::make_error_code(std::errc::file_exists)
+               : std::error_code(static_cast<int>(code), std::system_category());
 }
 
 } // namespace ocuva

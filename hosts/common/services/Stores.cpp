@@ -153,9 +153,9 @@ std::optional<bool> Stores::tryToWrite(std::string_view section, std::string_vie
         return false;
     if (cached.stamp && !cached.damaged && edited.text() == cached.ini.text())
         return true;
-    const std::string expected = cached.damaged ? std::string() : cached.ini.text();
-    const std::error_code error =
-        ocuva::replaceFile(pathOf(store), edited.text(), [&] { return holds(store, expected); });
+    const auto former =
+        cached.stamp && !cached.damaged ? std::optional(cached.ini.text()) : std::optional<std::string>();
+    const std::error_code error = ocuva::replaceFileThatHolds(former, pathOf(store), edited.text());
     if (error == std::errc::operation_canceled)
         return std::nullopt;
     return !error || refuse(store, error.message());
@@ -171,14 +171,6 @@ void Stores::waitForEditor(std::string_view store) const {
             return;
         std::this_thread::sleep_for(pause);
     }
-}
-
-bool Stores::holds(std::string_view store, const std::string& text) const {
-    const FileReading reading = readFile(pathOf(store), IniText::maxBytes);
-    if (reading.state == FileReading::State::absent)
-        return text.empty();
-    // The stamp at last: reading takes long enough for another edit.
-    return reading.text == text && fileStamp(pathOf(store)) == reading.stamp;
 }
 
 bool Stores::moveDamagedAside(std::string_view store) {
@@ -213,7 +205,7 @@ bool Stores::isStoreName(std::string_view store) {
         return c == '/' || c == '\\' || c == ':' || static_cast<unsigned char>(c) < 0x20;
     });
     const bool taken = store.empty() || store == "." || store == ".." || endsWith(store, ".lock") ||
-                       endsWith(store, ".aside") || endsWith(store, ".former");
+                       endsWith(store, ".aside") || endsWith(store, ".former") || endsWith(store, ".swap");
     if (plain && !taken)
         return true;
     m_log.line('"' + std::string(store) + "\" is no name of a settings store");

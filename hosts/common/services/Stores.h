@@ -30,14 +30,14 @@ inline constexpr std::int64_t fineSettleNs = 100'000'000;
 bool isSettled(const FileStamp& stamp, std::int64_t nowNs);
 
 /// Any number of processes may read and write the same folder: a read sees every write that was finished
-/// before it, and writers of different keys lose nothing of each other. A file that somebody edits by hand,
-/// without the lock, while it is being written here is read again before it is replaced, and what was edited
-/// stays.
+/// before it, and writers of different keys lose nothing of each other. Of a file that somebody edits by
+/// hand, without the lock, while it is being written here, what was edited stays and the write is made again
+/// to it.
 ///
 /// A store name that is empty, is "." or "..", holds a separator, a colon or a control character, or ends
-/// with
-/// ".lock" or ".aside" is refused with a log line. A file that cannot be read as INI text is like an empty
-/// one, with one log line per content; it is never overwritten: the next write moves it to
+/// with ".lock", ".aside", ".former" or ".swap" is refused with a log line. A file that cannot be read as INI
+/// text is like an empty one, with one log line per content; it is never overwritten: the next write moves it
+/// to
 /// "<name>.damaged-<n>". Any thread; a read never waits for a write that is on its way to a slow disk.
 class Stores {
 public:
@@ -97,7 +97,6 @@ private:
     std::optional<bool> tryToWrite(std::string_view section, std::string_view key, std::string_view value,
                                    std::string_view store);
     void waitForEditor(std::string_view store) const;
-    bool holds(std::string_view store, const std::string& text) const;
     bool moveDamagedAside(std::string_view store);
     bool refuse(std::string_view store, const std::string& reason);
 
