@@ -1,5 +1,7 @@
 #include "app/ImageInformation.h"
 
+#include "app/FittedText.h"
+
 #include <QDateTime>
 #include <QStringList>
 
@@ -161,7 +163,7 @@ void ImageInformation::showStoredText() {
     QStringList shown = m_note.isEmpty() ? QStringList{what, m_calibration.panel, stretched}
                                          : QStringList{tr("Picture"), m_note};
     shown.removeAll(QString());
-    m_panel.setText(shown.join(QStringLiteral("   ")));
+    m_panel.setText(shown.join(partSeparator()));
     QStringList all{tr("Stored picture %1").arg(m_state.storedPicture), m_calibration.tip,
                     tr("Live (F7) brings the live image back")};
     all << m_note << m_advice;
@@ -187,12 +189,12 @@ void ImageInformation::showText() {
     if (m_note.isEmpty() && !m_calibration.panel.isEmpty()) {
         shown.insert(m_calibrationFirst ? 1 : shown.size(), m_calibration.panel);
     }
-    if (!m_note.isEmpty() && !m_panel.hasRoomFor(shown.join(QStringLiteral("   ")))) {
+    if (!m_note.isEmpty() && !m_panel.hasRoomFor(shown.join(partSeparator()))) {
         shown.removeFirst(); // the lamp says it too
     }
     const bool failing = m_state.grabbing ? m_watch.hasStopped() : !m_state.boardReady;
     m_panel.setLamp(failing ? lampStopped : m_state.grabbing ? lampLive : lampStill);
-    m_panel.setText(shown.join(QStringLiteral("   ")));
+    m_panel.setText(shown.join(partSeparator()));
     QStringList all{live, tr("Zoom %1").arg(zoom), tr("Magnification %1").arg(magnification),
                     m_calibration.panel, m_calibration.tip};
     all.removeAll(QString());

@@ -1,5 +1,7 @@
 #include "app/StatusBar.h"
 
+#include "app/FittedText.h"
+
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -53,7 +55,7 @@ QRect StatusPanel::roomForText() const {
 }
 
 bool StatusPanel::hasRoomFor(const QString& text) const {
-    return fontMetrics().horizontalAdvance(text) <= roomForText().width();
+    return fittedText(text, font(), roomForText().size()).isWhole;
 }
 
 void StatusPanel::setTip(const QString& tip) {
@@ -77,10 +79,15 @@ void StatusPanel::paintEvent(QPaintEvent* /*event*/) {
                               QWidget::isEnabled(), m_caption, foregroundRole());
         room.setLeft(room.left() + fontMetrics().horizontalAdvance(m_caption) + marginPixels);
     }
-    const QString shown =
-        fontMetrics().elidedText(m_tip.isEmpty() ? text() : m_tip, Qt::ElideRight, room.width());
-    style()->drawItemText(&painter, room, static_cast<int>(alignment()), palette(), QWidget::isEnabled(),
-                          shown, foregroundRole());
+    const FittedText shown = fittedText(m_tip.isEmpty() ? text() : m_tip, font(), room.size());
+    painter.setFont(shown.font);
+    const int lineHeight = room.height() / static_cast<int>(shown.lines.size());
+    for (qsizetype i = 0; i < shown.lines.size(); ++i) {
+        const QRect line(room.left(), room.top() + static_cast<int>(i) * lineHeight, room.width(),
+                         lineHeight);
+        style()->drawItemText(&painter, line, static_cast<int>(alignment()), palette(), QWidget::isEnabled(),
+                              shown.lines.at(i), foregroundRole());
+    }
     if (hasFocus()) {
         QStyleOptionFocusRect focus;
         focus.initFrom(this);
@@ -142,6 +149,7 @@ StatusBar::StatusBar(QWidget* parent)
         } else {
             // It takes what room there is, and never makes the window wider.
             panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+            panel->setMinimumHeight(heightOfTwoLines(panel->font()));
             connect(panel, &StatusPanel::clicked, this, &StatusBar::informationClicked);
             addWidget(panel, 1);
         }

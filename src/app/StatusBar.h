@@ -9,8 +9,8 @@
 
 namespace ocuva {
 
-/// One panel; its text is read by its key. A text that finds no room ends in an ellipsis. Tab reaches it:
-/// Space is a click, Enter a double click.
+/// One panel; its text is read by its key. A text that is too long for one line is drawn smaller on two, as
+/// FittedText says. Tab reaches it: Space is a click, Enter a double click.
 class StatusPanel final : public QLabel {
     Q_OBJECT
 
@@ -30,7 +30,7 @@ public:
     /// Invalid for none.
     const QColor& lamp() const { return m_lamp; }
 
-    /// Whether a text would be shown without an ellipsis.
+    /// Whether all of a text would be shown.
     bool hasRoomFor(const QString& text) const;
 
     /// Shows another text in place of its own for as long as it is not empty; text() stays what it is.

@@ -1,0 +1,35 @@
+#pragma once
+// A text in the room that a status panel has for it: on one line, or smaller on two.
+
+#include <QFont>
+#include <QSize>
+#include <QString>
+#include <QStringList>
+
+namespace ocuva {
+
+/// What is drawn.
+struct FittedText {
+    QFont font;
+    QStringList lines;   ///< one or two; the last one ends in an ellipsis where nothing else helped
+    bool isWhole = true; ///< nothing was left out
+};
+
+/// What separates the parts of a panel's text; a second line begins with a part if it can.
+QString partSeparator();
+
+/// The text in the largest size, not above that of the font and not below smallestText of it, in which it
+/// fits on one line or on two.
+FittedText fittedText(const QString& text, const QFont& font, const QSize& room);
+
+/// Height of two lines of a text that is a little smaller than the font.
+int heightOfTwoLines(const QFont& font);
+
+/// Parts of the font's size: below the first one nobody reads it from a chair, at the second one two lines
+/// find room in a status bar.
+///@{
+constexpr double smallestText = 0.75;
+constexpr double twoLineText = 0.85;
+///@}
+
+} // namespace ocuva
