@@ -1,5 +1,6 @@
 #include "pictures/CalibrationAssistant.h"
 
+#include <QScopedValueRollback>
 #include <QTimer>
 
 #include <utility>
@@ -38,6 +39,12 @@ void CalibrationAssistant::driveBy(const StagePoint& distance) {
     m_context.fOcuva.SyncStageMove(axisAll);
 }
 
+void CalibrationAssistant::focus() {
+    const QScopedValueRollback focusing(m_focusing, true);
+    Q_EMIT changed();
+    m_context.focus();
+}
+
 bool CalibrationAssistant::isRefused() {
     m_refusal = m_context.fOcuva.cxsStage().IsMoving() ? tr("The stage is moving. Wait until it stops.")
                                                        : m_context.whyNot();
@@ -69,15 +76,18 @@ void CalibrationAssistant::enter() {
 void CalibrationAssistant::leave() {
     m_refusal.clear();
     m_walk.leave();
+    m_leftOnTheWay = !m_walk.isUnderWay() && m_context.fOcuva.cxsStage().IsMoving();
     Q_EMIT changed();
 }
 
 void CalibrationAssistant::moveEnded() {
-    if (!m_walk.isUnderWay()) {
+    if (!m_walk.isUnderWay() && !m_leftOnTheWay && m_refusal.isEmpty()) {
         return;
     }
     // Not from inside the watch of the move, which has still to be done with it: a search may follow.
     QTimer::singleShot(0, this, [this] {
+        m_refusal.clear();
+        m_leftOnTheWay = false;
         m_walk.arrived();
         Q_EMIT changed();
     });
@@ -93,6 +103,9 @@ QString CalibrationAssistant::hint() const {
         if (!m_hasWalked || m_walk.readings().size() == m_walk.count()) {
             return {};
         }
+        if (m_leftOnTheWay) {
+            return tr("The assistant has ended. The move that runs goes on to its end.");
+        }
         return tr("The assistant has ended. The stage is at %1.")
             .arg(words(const_cast<CalibrationAssistant*>(this)->position()));
     case State::Picking:
@@ -105,6 +118,9 @@ QString CalibrationAssistant::hint() const {
     case State::Ready:
         return tr("Press Enter: the stage drives to point 1 and focuses. Escape ends.");
     case State::DrivingThere:
+        if (m_focusing) {
+            return tr("The focus is searched at point %1. Keys and clicks do nothing meanwhile.").arg(point);
+        }
         return tr("The stage drives to point %1 and focuses there. Escape ends.").arg(point);
     case State::AtPoint:
         if (m_walk.hasMissed()) {
@@ -142,7 +158,7 @@ QString CalibrationAssistant::buttonText() const {
         return m_walk.hasMissed() ? tr("Try &Again") : tr("Re&ad Point %1").arg(m_walk.point() + 1);
     case State::DrivingThere:
     case State::DrivingBack:
-        return tr("Driving\u2026");
+        return m_focusing ? tr("Focusing\u2026") : tr("Driving\u2026");
     case State::Left:
         return tr("&Drive Back");
     default:

@@ -41,6 +41,8 @@ public:
     const CalibrationWalk& walk() const { return m_walk; }
     /// What it waits for or has done; empty before the first start.
     QString hint() const;
+    /// Whether the focus is searched: nothing else is drawn or heard until that has ended.
+    bool isFocusing() const { return m_focusing; }
     /// What enter() does next, or start while nothing is under way.
     QString buttonText() const;
 
@@ -52,7 +54,7 @@ private:
     StagePoint position() override;
     StagePoint offsetTo(const PicturePoint& point) override { return m_context.offsetTo(point); }
     void driveBy(const StagePoint& distance) override;
-    void focus() override { m_context.focus(); }
+    void focus() override;
 
     bool isRefused();
 
@@ -60,6 +62,8 @@ private:
     CalibrationWalk m_walk;
     QString m_refusal; // why the last deed did nothing
     bool m_hasWalked = false;
+    bool m_leftOnTheWay = false; // ended while the stage was moving
+    bool m_focusing = false;
 };
 
 } // namespace ocuva

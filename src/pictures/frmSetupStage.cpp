@@ -64,7 +64,9 @@ void frmSetupStage::makeControls() {
     LabelHint = new QLabel(this);
     LabelHint->setWordWrap(true);
     LabelHint->setTextFormat(Qt::PlainText);
-    LabelHint->setMinimumHeight(LabelHint->fontMetrics().lineSpacing());
+    constexpr int lines = 2; // of the longest hint; the rows above must not give way to it
+    LabelHint->setMinimumHeight(lines * LabelHint->fontMetrics().lineSpacing());
+    LabelHint->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     const auto button = [this](const QString& caption) {
         auto* made = new LetteredButton(caption, this);
         made->setAutoDefault(false);

@@ -51,6 +51,10 @@ void frmSetupStage::showWalk() {
     if (const QString text = m_assistant.hint(); !text.isEmpty()) {
         hint(text);
     }
+    if (m_assistant.isFocusing()) {
+        LabelHint->repaint(); // nothing else is drawn until the search ends
+        cmdWalk->repaint();
+    }
     offerTakeOver();
 }
 

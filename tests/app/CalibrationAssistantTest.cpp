@@ -192,6 +192,62 @@ TEST_F(Assistant, EndedAwayFromHomeSaysWhereTheStageIsAndDrivesBackAtThePressOfI
     EXPECT_EQ(host.position[axisX], 1000);
 }
 
+TEST_F(Assistant, EndedWhileTheStageMovesSaysSoAndWhereTheStageIsWhenItHasStopped) {
+    walkTo(State::AtPoint);
+    QTest::keyClick(&dialog(), Qt::Key_Escape);
+    press(dialog().cmdWalk); // drives back
+    host.position[axisX] = 1100;
+    host.status[axisX].assign(20, 1);
+    QTest::keyClick(&dialog(), Qt::Key_Escape);
+    QTest::keyClick(&dialog(), Qt::Key_Escape);
+    EXPECT_EQ(walk().state(), State::Idle);
+    EXPECT_EQ(hint(), "The assistant has ended. The move that runs goes on to its end.");
+    host.status[axisX].clear();
+    host.position[axisX] = 1000;
+    moveEnds();
+    EXPECT_THAT(hint(), HasSubstr("The stage is at X:1000"));
+}
+
+TEST_F(Assistant, AskedToGoOnWhileTheStageMovesRefusesUntilItHasStopped) {
+    walkTo(State::AtPoint);
+    click({100, 100}); // centres the point
+    host.status[axisX].assign(20, 1);
+    enter();
+    EXPECT_THAT(hint(), HasSubstr("The stage moves"));
+    host.status[axisX].clear();
+    moveEnds();
+    EXPECT_THAT(hint(), HasSubstr("Is point 1 under the cross?"));
+}
+
+TEST_F(Assistant, SaysThatItFocusesBeforeTheSearchBegins) {
+    std::string before;
+    const auto stage = host.onCall;
+    host.onCall = [&](const std::string& name) {
+        if (name == "TarnAutoFocusExt") {
+            before = hint();
+        }
+        stage(name);
+    };
+    walkTo(State::AtPoint);
+    EXPECT_THAT(before, HasSubstr("The focus is searched at point 1"));
+}
+
+TEST_F(Assistant, KeepsTheRowsOfPointsInTheirPlacesWhateverItSays) {
+    open();
+    press(dialog().cmdWalk);
+    QCoreApplication::processEvents();
+    const int top = dialog().FramePoint->row(2).ButI->mapTo(&dialog(), QPoint()).y();
+    pickThree();
+    enter();
+    moveEnds();
+    host.position = {{axisX, -1234567}, {axisY, -1234567}, {axisZ, -123456}};
+    QTest::keyClick(&dialog(), Qt::Key_Escape);
+    QCoreApplication::processEvents();
+    ASSERT_GT(dialog().LabelHint->heightForWidth(dialog().LabelHint->width()),
+              dialog().LabelHint->fontMetrics().height());
+    EXPECT_EQ(dialog().FramePoint->row(2).ButI->mapTo(&dialog(), QPoint()).y(), top);
+}
+
 TEST_F(Assistant, IsHeardFromTheImageToo) {
     walkTo(State::Ready);
     QApplication::setActiveWindow(&window());
