@@ -38,10 +38,9 @@ public:
 /// of number floodAfter on, the newest request waits for the next look.
 class WindowOnScreen {
 public:
-    static constexpr int tickMs = 20;   ///< between two looks
-    static constexpr int quietMs = 400; ///< what is right for so long stays right
-    static constexpr int changeMs =
-        500; ///< a request that has no effect for so long no longer holds up the next
+    static constexpr int tickMs = 20;       ///< between two looks
+    static constexpr int quietMs = 400;     ///< what is right for so long stays right
+    static constexpr int changeMs = 500;    ///< a request without effect delays the next one for at most this
     static constexpr int repeatMs = 100;    ///< from a request to its first repetition; the next take longer
     static constexpr int patienceMs = 5000; ///< from the newest request to the end of the looks
     static constexpr int floodAfter = 100;  ///< requests that are carried out at once, from the first look on

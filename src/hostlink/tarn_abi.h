@@ -1,19 +1,21 @@
-/* The law of the boundary to the host: the C signature of every host function that the program calls.
+/* The contract between the program and the host: the C signature of every host function that the program
+ * calls.
  *
- * Rules that hold for every function here
+ * Rules for every function
  *  - Only plain data crosses: numbers, pointers to numbers, 8-bit texts, and the three records below. No
- * exception, no C++ type, no callback.
- *  - Texts are the platform's 8-bit text (on Windows the ANSI code page, elsewhere UTF-8), ended by a NUL,
- * never null.
- *  - The caller owns every buffer and every record. The host keeps no pointer after it has returned.
- *  - A text buffer is filled with at most its size in characters, and ended by a NUL only where there is room
- * for one; the result is the number of characters written without the NUL. A longer text is cut, not refused.
- *  - "non-zero on success" means 1 from our own hosts; callers test for zero only.
- *  - All functions are called from the program's one user-interface thread.
- *  - Axis codes: 1 = X, 2 = Y, 3 = Z, 0 = all axes where a function says so. Stage positions and lengths are
- * whole stage units (1 unit = 1 micrometre on the simulated stage).
+ *    exception, no C++ type, no callback.
+ *  - Texts have the platform's 8-bit encoding (Windows: the ANSI code page, elsewhere UTF-8), are
+ *    NUL-terminated and never null.
+ *  - The caller owns every buffer and every record. The host keeps no pointer after a call has returned.
+ *  - The host writes at most as many characters as a text buffer holds, and a NUL only if there is room for
+ *    it. The result is the number of characters without the NUL. A longer text is truncated, not refused.
+ *  - "Non-zero on success": the hosts of this project return 1; callers test for zero only.
+ *  - All functions are called from the program's user-interface thread.
+ *  - Axes: 1 = X, 2 = Y, 3 = Z, and 0 = all axes where a function says so. Stage positions and lengths are
+ *    whole stage units (1 unit = 1 micrometre on the simulated stage).
  *
- * Adding a function, changing an argument or the meaning of a result breaks every host library that exists.
+ * Adding a function, or changing an argument or the meaning of a result, breaks every existing host
+ * library.
  */
 #ifndef OCUVA_TARN_ABI_H
 #define OCUVA_TARN_ABI_H
@@ -34,10 +36,9 @@ typedef int32_t TarnLong;
 typedef float TarnSingle;
 typedef double TarnDouble;
 
-/* ---- records
- * ------------------------------------------------------------------------------------------------- */
+/* ---- records ---- */
 
-/* Description of an image buffer. The caller sets recordSize to sizeof(TarnBufferDesc); the host fills the
+/* Description of an image buffer. The caller sets recordSize to sizeof(TarnBufferDesc), the host fills the
  * rest. */
 typedef struct TarnBufferDesc {
     TarnLong recordSize;
@@ -47,18 +48,18 @@ typedef struct TarnBufferDesc {
     TarnLong bands;         /* 1 = grey, 3 = colour */
 } TarnBufferDesc;
 
-/* TarnVideoBoardFunction, function code 0: the window that live video is shown in, and how.
- * windowHandle: the handle of the display control; a real host draws into it.
+/* TarnVideoBoardFunction, function code 0: the window for live video, and its scale.
+ * windowHandle: the handle of the display control; a host in shared libraries draws into it.
  * zoom:         -n shows the picture reduced n times (-1 or -2).
- * fullSize:     -1 shows the picture pixel for pixel whatever zoom says, 0 obeys zoom. */
+ * fullSize:     -1 shows the picture pixel for pixel and overrides zoom; 0 follows zoom. */
 typedef struct TarnDisplayRequest {
     TarnLong windowHandle;
     TarnLong zoom;
     TarnLong fullSize;
 } TarnDisplayRequest;
 
-/* TarnVideoBoardFunction, function code 1: save the current image. The format follows the name's extension:
- * ".bmp" gives BMP, everything else TIFF, without regard to letter case. */
+/* TarnVideoBoardFunction, function code 1: save the current image. The extension of the name gives the
+ * format: ".bmp" in any letter case is BMP, everything else is TIFF. */
 typedef struct TarnSaveRequest {
     TarnLong subCode; /* 4 */
     const char* fileName;
@@ -73,7 +74,7 @@ enum {
     TARN_BUFFER_NONE = -1     /* handle of a failed allocation */
 };
 
-/* TarnMessageBoxVB: which buttons, and which was pressed. */
+/* TarnMessageBoxVB: the buttons, and the answer. */
 enum {
     TARN_BOX_OK = 0,
     TARN_BOX_OK_CANCEL = 1,
@@ -85,144 +86,133 @@ enum {
     TARN_ANSWER_NO = 7
 };
 
-/* TarnAutoFocusExt: where the search ended. A host that cannot tell answers with another value that is not
- * zero. */
+/* TarnAutoFocusExt: where the search ended. A host that does not know returns any other value except 0. */
 enum {
-    TARN_FOCUS_NONE = 0,  /* no focus; Z is where it began */
-    TARN_FOCUS_FOUND = 2, /* Z is at the focus, inside the range that was searched */
-    TARN_FOCUS_EDGE = 3   /* it was sharpest at an end of the range, and Z is there */
+    TARN_FOCUS_NONE = 0,  /* no focus; Z is back where it began */
+    TARN_FOCUS_FOUND = 2, /* Z is at the focus, inside the searched range */
+    TARN_FOCUS_EDGE = 3   /* the image is sharpest at an end of the range, and Z is there */
 };
 
-/* ---- tn_reg: settings stores
- * ------------------------------------------------------------------------------------ store is the name as
- * the program passes it: the application title + ".INI", "TARN.INI" or "TARN". Sections and keys are found
- * without regard to letter case. */
+/* ---- tn_reg: settings stores ----
+ * The store is named as the program passes it: the application title + ".INI", "TARN.INI" or "TARN".
+ * Sections and keys match in any letter case. */
 
-/* Reads a whole number; the default when store, section or key is absent or its value is no number.
- * Needed by every reader of settings. */
+/* Reads a whole number. Result: the value, or defaultValue if store, section or key is missing or the value
+ * is not a number. */
 TarnLong TARN_CALL TarnRegisterGetInt(const char* section, const char* key, TarnLong defaultValue,
                                       const char* store);
-/* Writes a value, making section and key where they are absent. Non-zero on success; only the standards list
- * looks. Needed by every writer of settings. */
+/* Writes a value and creates section and key if they are missing. Non-zero on success. */
 TarnLong TARN_CALL TarnRegisterSetString(const char* section, const char* key, const char* value,
                                          const char* store);
-/* Reads a text; the default when it is absent. Result: characters written. Needed by the standards list
- * (128-character buffer). */
+/* Reads a text, or defaultValue if it is missing. Result: characters written. The standards list uses a
+ * buffer of 128 characters. */
 TarnLong TARN_CALL TarnRegisterGetString(const char* section, const char* key, const char* defaultValue,
                                          char* buffer, TarnLong bufferSize, const char* store);
 
-/* ---- tn_log, Tn_log: log, message boxes, unique keys
- * ------------------------------------------------------------ */
+/* ---- tn_log, Tn_log: log, message boxes, unique keys ---- */
 
-/* Writes one line to the host's log. The text may end with a line feed or CR LF of its own; the log shows one
- * line either way. */
+/* Writes one line to the host's log. The text may end with LF or CR LF; the log shows one line either way. */
 void TARN_CALL TarnPrintfVB(const char* line);
-/* Shows the host's message box and waits for the answer. messageKey names one of the host's messages; a key
- * that the host does not know is shown as the text itself. style: TARN_BOX_...; result: TARN_ANSWER_....
- * Needed by the calibration dialog. */
+/* Shows the host's message box and waits for the answer. messageKey names one of the host's messages; an
+ * unknown key is shown as the text itself. style: TARN_BOX_...; result: TARN_ANSWER_.... */
 TarnLong TARN_CALL TarnMessageBoxVB(const char* messageKey, const char* title, TarnLong style);
-/* Fills the buffer with a key that no other call on this machine ever returned (at most 40 characters).
- * Result: characters written. */
+/* Writes a key that no other call on this machine has ever returned, at most 40 characters. Result:
+ * characters written. */
 TarnLong TARN_CALL TarnGetUniqueObjectKey(char* buffer, TarnLong bufferSize);
 
-/* ---- tn_ocuva: messages
- * ----------------------------------------------------------------------------------------- */
+/* ---- tn_ocuva: messages ---- */
 
-/* Sends the message of that name ("OCUVA_WakeUp") to the running copies of the program. The name stands for
- * the identifier that it equals without regard to letter case. Non-zero when a copy took it; nobody looks. */
+/* Sends a message, for example "OCUVA_WakeUp", to the running copies of the program. The name matches a
+ * message identifier in any letter case. Result: non-zero if a copy received it. */
 TarnLong TARN_CALL TarnOcuvaSendMsgByName(const char* name);
 
-/* ---- tn_lib_proxy: host settings, limits, database, solver
- * ------------------------------------------------------ */
+/* ---- tn_lib_proxy: host settings, limits, database, solver ---- */
 
-/* Tells the host which video board (0 or 1) and which camera type (1 to 4) is in use. Non-zero on success. */
+/* Tell the host which video board (0 or 1) and which camera type (1 to 4) are in use. Non-zero on success. */
 TarnLong TARN_CALL TarnSetVideoBoardType(TarnLong boardType);
 TarnLong TARN_CALL TarnSetVideoCameraType(TarnLong cameraType);
 /* Width and height of the whole field in stage units at magnification 100. Non-zero on success; on failure
- * the variables stay as they were. */
+ * the variables do not change. */
 TarnLong TARN_CALL TarnGetVideoMag100Factors(TarnSingle* x100, TarnSingle* y100);
 TarnLong TARN_CALL TarnSetVideoMag100Factors(const TarnSingle* x100, const TarnSingle* y100);
 /* Lower and upper limit of axis 1, 2 or 3 in stage units. Non-zero on success. */
 TarnLong TARN_CALL TarnGetStageLimits(TarnLong axis, TarnLong* lower, TarnLong* upper);
-/* The standards directory without a separator at its end. Result: characters written. */
+/* The directory of the standards, without a trailing separator. Result: characters written. */
 TarnLong TARN_CALL TarnGetDirStd(char* buffer, TarnLong bufferSize);
-/* Opens an empty database object of a type ("OCUVASTD"). Result: handle, 0 on failure. */
+/* Opens an empty database object of a type ("OCUVASTD"). Result: its handle, or 0 on failure. */
 TarnLong TARN_CALL TarnDbObjectNew(const char* typeName);
-/* Reads the object of that name (a full path of a ".std" file) into the handle. Non-zero on success. */
+/* Reads the named object (the full path of a ".std" file) into the handle. Non-zero on success. */
 TarnLong TARN_CALL TarnDbObjectRead(TarnLong handle, const char* name);
-/* Frees the handle; the object itself stays in the database. Non-zero when the handle was open. */
+/* Frees the handle; the object stays in the database. Result: non-zero if the handle was open. */
 TarnLong TARN_CALL TarnDbObjectDelete(TarnLong handle);
-/* Stage position of the object read last, in stage units. Non-zero on success. */
+/* Stage position of the object that was read last, in stage units. Non-zero on success. */
 TarnLong TARN_CALL TarnDbGetStagePos(TarnLong handle, TarnLong* x, TarnLong* y, TarnLong* z);
-/* Number of entries of a section, and the entry of a number counted from 1 as "key=value" text into a buffer
- * of 200 characters. Results: count; characters written, 0 for a number out of range. */
+/* The number of entries in a section; and one entry, numbered from 1, as text "key=value" in a buffer of
+ * 200 characters. Results: the count; the characters written, 0 for a number out of range. */
 TarnLong TARN_CALL TarnIniEnumNb(const char* section, const char* store);
 TarnLong TARN_CALL TarnIniEnumString(const char* section, TarnLong number, char* buffer, TarnLong bufferSize,
                                      const char* store);
-/* Solves rows (2 or 3) equations of three unknowns: matrix is rows x 3 numbers row by row, rightSide has rows
- * numbers, solution receives a, b, c. Non-zero on success; zero, and an untouched solution, when the rows
- * leave it open. */
+/* Solves 2 or 3 linear equations (rows) with three unknowns. matrix: rows x 3 numbers, row by row;
+ * rightSide: rows numbers; solution: a, b, c. Non-zero on success; zero, without a change to solution, if
+ * it is not determined. */
 TarnLong TARN_CALL TarnSolvePlan(TarnLong rows, const TarnDouble* matrix, const TarnDouble* rightSide,
                                  TarnDouble* solution);
 
-/* ---- tn_micro_proxy: stage and focus
- * ---------------------------------------------------------------------------- */
+/* ---- tn_micro_proxy: stage and focus ---- */
 
-/* Sets loaded moves going: of one axis, or of all with 0. Non-zero when a move was loaded. */
+/* Starts the loaded move of one axis, or of all with 0. Result: non-zero if a move was loaded. */
 TarnLong TARN_CALL TarnStartStage(TarnLong axis);
-/* Loads an absolute target for axis 1, 2 or 3 (rounded to whole units); TarnStartStage sets it going.
- * Non-zero when it was taken; a target outside the limits is refused. */
+/* Loads an absolute target for axis 1, 2 or 3, rounded to whole units; TarnStartStage starts the move.
+ * Non-zero on success; a target outside the limits is refused. */
 TarnLong TARN_CALL TarnLoadStageAbs(TarnLong axis, TarnSingle target);
-/* Loads a move relative to the axis's present position, also while it moves. Refused (zero, nothing loaded)
- * when the target would leave the limits. */
+/* Loads a move relative to the current position of the axis, also while it moves. Non-zero on success; a
+ * target outside the limits is refused, and nothing is loaded. */
 TarnLong TARN_CALL TarnLoadStageRelSecure(TarnLong axis, TarnSingle distance);
-/* Present position of axis 1, 2 or 3. Non-zero on success. */
+/* Current position of axis 1, 2 or 3. Non-zero on success. */
 TarnLong TARN_CALL TarnReadStagePos(TarnLong axis, TarnLong* position);
-/* State of axis 1, 2 or 3: status is 1 while it moves and 0 when it stands. The second argument is always 0.
- * Result: non-zero when the status could be read. */
+/* Status of axis 1, 2 or 3: 1 while it moves, 0 while it is at rest. The second argument is always 0.
+ * Non-zero on success. */
 TarnLong TARN_CALL TarnReadStageStatus(TarnLong axis, TarnLong zero, TarnLong* status);
-/* Searches the focus and returns when Z stands at the chosen position (or back where it began). flag: -1.
- * Result: TARN_FOCUS_..., for the journal alone. */
+/* Searches for the focus and returns once Z has stopped at the chosen position, or back where it began.
+ * flag: -1. Result: TARN_FOCUS_...; only the journal uses it. */
 TarnLong TARN_CALL TarnAutoFocusExt(TarnLong flag);
-/* Loads the move that takes up the play of an axis, or of all with 0: away against the working direction and
- * back. It ends where it began; TarnStartStage sets it going. Non-zero when it was loaded. Needed by the
- * Backlash command. */
+/* Loads the move that takes up the play of an axis, or of all with 0: away against the working direction
+ * and back to the start. TarnStartStage starts it. Result: non-zero if it was loaded. */
 TarnLong TARN_CALL TarnBacklashStage(TarnLong axis);
 
-/* ---- tn_video, tn_vduti: board, camera, buffers, statistics
- * ----------------------------------------------------- */
+/* ---- tn_video, tn_vduti: board, camera, buffers, statistics ---- */
 
-/* Makes the board ready. Non-zero on success. */
+/* Initialises the board. Non-zero on success. */
 TarnLong TARN_CALL TarnVideoBoardInit(void);
-/* Puts the board down; a running grab ends. Result unused. */
+/* Shuts the board down; a running grab ends. The result is not used. */
 TarnLong TARN_CALL TarnVideoBoardShutdown(void);
-/* Starts grabbing into the display window. continuous: 1, or 0 for one frame; show: always 1. Non-zero when
- * the grab started; zero when the board is not ready. */
+/* Starts grabbing into the display window. continuous: 1, or 0 for one frame; show: always 1. Non-zero on
+ * success; zero if the board is not ready. */
 TarnLong TARN_CALL TarnVideoBoardStartGrab(TarnLong continuous, TarnLong show);
-/* Ends the grab; the last frame stays. Result unused. */
+/* Ends the grab; the last frame stays. The result is not used. */
 TarnLong TARN_CALL TarnVideoBoardHaltGrab(void);
-/* Board type 0 or 1. Setting it leaves the board not ready. */
+/* Board type 0 or 1. After a change the board is not ready. */
 TarnLong TARN_CALL TarnVideoSetCurrentBoardType(TarnLong boardType);
 TarnLong TARN_CALL TarnVideoGetCurrentBoardType(void);
-/* The multi-purpose call; functionCode is one of TARN_BOARD_FUNCTION_..., data the record that goes with it.
- * Non-zero on success; nobody looks. */
+/* Multi-purpose call. functionCode: TARN_BOARD_FUNCTION_...; data: the record of that function. Non-zero on
+ * success. */
 TarnLong TARN_CALL TarnVideoBoardFunction(TarnLong functionCode, void* data);
-/* Allocates an image buffer; parent is TARN_BUFFER_CURRENT. Result: handle, TARN_BUFFER_NONE when no board is
- * ready. There is nothing to free: the handle stands for the board's own buffer. */
+/* Returns a handle for the board's own image buffer, or TARN_BUFFER_NONE if no board is ready. parent is
+ * TARN_BUFFER_CURRENT. The handle is not freed. */
 TarnLong TARN_CALL TarnVideoBufferAlloc(TarnBufferDesc* descriptor, TarnLong parent);
-/* Fills the descriptor of a buffer. Non-zero on success. */
+/* Fills in the description of a buffer. Non-zero on success. */
 TarnLong TARN_CALL TarnVideoGetBufferDesc(TarnLong handle, TarnBufferDesc* descriptor);
-/* Camera type 1 (European black and white), 2 (US/Japanese colour), 3 (European colour), 4 (US/Japanese black
- * and white); 0 when none is chosen. */
+/* Camera type: 1 (European black and white), 2 (US/Japanese colour), 3 (European colour), 4 (US/Japanese
+ * black and white), or 0 if none is chosen. */
 TarnLong TARN_CALL TarnVideoSetCurrentCameraType(TarnLong cameraType);
 TarnLong TARN_CALL TarnVideoGetCurrentCameraType(void);
-/* References on a scale of 0 to 100, clamped by the host. group 1: contrast, brightness; group 2: hue,
- * saturation. -1.0 leaves a slot unchanged. Non-zero on success. */
+/* References from 0 to 100, limited by the host. group 1: contrast and brightness; group 2: hue and
+ * saturation. -1.0 leaves a value unchanged. Non-zero on success. */
 TarnLong TARN_CALL TarnVideoCameraSetReferences(TarnLong group, TarnDouble first, TarnDouble second);
 TarnLong TARN_CALL TarnVideoCameraGetReferences(TarnLong group, TarnDouble* first, TarnDouble* second);
-/* Statistics of grey levels (0 to 255; a colour pixel counts with its luminance) in the region left, top,
- * right, bottom of a buffer; buffer 0 is the current frame, and 0, 0, -1, -1 all of it. Non-zero on success;
- * before the first frame the three values are 0. */
+/* Grey-level statistics (0 to 255; colour pixels count with their luminance) of a region of a buffer.
+ * Buffer 0 is the current frame; the region 0, 0, -1, -1 is all of it. Non-zero on success; before the
+ * first frame the three results are 0. */
 TarnLong TARN_CALL TarnVideoBufferComputeStatistics(TarnLong* buffer, TarnLong left, TarnLong top,
                                                     TarnLong right, TarnLong bottom, TarnLong* pixelCount,
                                                     TarnLong* pixelSum, TarnDouble* variance);

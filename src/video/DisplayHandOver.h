@@ -6,9 +6,8 @@
 
 namespace ocuva {
 
-/// Asks the board to show live video in that window reduced zoomDivisor times, or pixel for pixel while the
-/// menu entry
-/// "&Normal (1:1)" is marked.
+/// Makes the board show live video in the window, reduced zoomDivisor times, or pixel for pixel while the
+/// menu entry "&Normal (1:1)" is checked.
 void handDisplayToBoard(TnVideo& video, Long windowHandle, Long zoomDivisor, bool normalZoomIsChecked);
 
 } // namespace ocuva
