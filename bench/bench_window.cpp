@@ -87,7 +87,7 @@ int startProgram(const QString& folder) {
 // Live is off and nothing moves, until somebody ends the process.
 int stillProgram(const QString& folder) {
     Program program(folder);
-    program.inter->mainWindow().run(Command::Acquire);
+    program.inter->mainWindow().run(command("mnuAcq"));
     return QApplication::exec();
 }
 
@@ -245,7 +245,7 @@ double cpuPercentOverLiveTime() {
 void baselineStillPicture(benchmark::State& state) {
     const QTemporaryDir folder;
     Program program(folder.path());
-    program.inter->mainWindow().run(Command::Acquire);
+    program.inter->mainWindow().run(command("mnuAcq"));
     spinEventLoop(300);
     for (auto _ : state) {
         state.counters["cpu%"] = cpuPercentOverLiveTime();
@@ -288,12 +288,14 @@ void liveWhileTheStageMoves(benchmark::State& state) {
 BENCHMARK(liveWhileTheStageMoves)->Iterations(1)->Unit(benchmark::kMillisecond);
 
 void showAllOverlays(frmOcuva& window, bool on) {
-    for (const Command command : {Command::Cross, Command::Grid, Command::MicroMarker}) {
-        const bool shown = command == Command::Cross  ? window.overlays().bShowCross()
-                           : command == Command::Grid ? window.overlays().bShowGrid()
-                                                      : window.panels().frMicroMarker->isVisible();
+    const std::pair<const char*, bool> overlays[]{
+        {"mnuCross", window.overlays().bShowCross()},
+        {"mnuGrid", window.overlays().bShowGrid()},
+        {"mnuMicroMarker", window.panels().frMicroMarker->isVisible()},
+    };
+    for (const auto& [name, shown] : overlays) {
         if (shown != on) {
-            window.run(command);
+            window.run(command(name));
         }
     }
 }

@@ -1,7 +1,6 @@
 #pragma once
 // What the commands of the Help menu do.
 
-#include "app/MainMenu.h"
 #include "app/PackReport.h"
 #include "app/help/HelpWindow.h"
 
@@ -19,8 +18,13 @@ public:
     /// folder given.
     HelpMenu(const QDir& manual, PackReportContext report);
 
-    /// Commands of other menus do nothing here. Throws ReportError where a report cannot be packed.
-    void run(Command command);
+    /// The commands. A report that cannot be packed is a ReportError.
+    ///@{
+    void openManual();
+    void openKeys();
+    void explain();
+    void packReport() { m_report.run(); }
+    ///@}
 
     /// Closes what was opened.
     void unload();
@@ -29,9 +33,6 @@ public:
     HelpWindow* manualWindow() const { return m_manualWindow.get(); }
 
 private:
-    void openManual();
-    void explain();
-
     QWidget& m_window;
     QDir m_manual;
     PackReport m_report;

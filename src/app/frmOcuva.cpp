@@ -24,22 +24,6 @@ namespace {
 constexpr Long designBottomMargin = 180;
 constexpr Long designWindowWidth = 8190;
 
-struct ToolbarCommand {
-    QLatin1StringView key;
-    Command command;
-};
-constexpr std::array<ToolbarCommand, 9> toolbarCommands{{
-    {QLatin1StringView("Acq"), Command::Acquire},
-    {QLatin1StringView("Save"), Command::SaveAs},
-    {QLatin1StringView("Zoom"), Command::Zoom},
-    {QLatin1StringView("Cross"), Command::Cross},
-    {QLatin1StringView("Grid"), Command::Grid},
-    {QLatin1StringView("Stage"), Command::Move},
-    {QLatin1StringView("Standard"), Command::None},
-    {QLatin1StringView("Focus"), Command::Focus},
-    {QLatin1StringView("Setup"), Command::Setup},
-}};
-
 // Where the program keeps a list of standards while it is being stored; nowhere without a folder of its own.
 std::filesystem::path unfinishedListFile(const std::filesystem::path& ownFolder) {
     return ownFolder.empty() ? ownFolder : ownFolder / "standards.unfinished";
@@ -82,11 +66,11 @@ frmOcuva::~frmOcuva() = default;
 void frmOcuva::makeControls() {
     m_client = new QWidget(this);
     setCentralWidget(m_client);
-    tbMain = new MainToolbar(m_client);
+    tbMain = new MainToolbar(commandButtons(), m_client);
     tbMain->move(0, 0);
     m_panels = std::make_unique<MonitorPanels>(m_context.displayWindows, m_client);
     m_upDown = std::make_unique<UpDownPanel>(m_client);
-    m_menu = std::make_unique<MainMenu>(*menuBar(), [this](Command command) { run(command); });
+    m_menu = std::make_unique<MainMenu>(*menuBar(), [this](const Command& chosen) { run(chosen); });
     sbMain = new StatusBar(this);
     setStatusBar(sbMain);
     m_information = new ImageInformation(*sbMain->panel(QStringLiteral("Info")), *m_panels->milDisp, this);
@@ -154,7 +138,7 @@ void frmOcuva::connectControls() {
     connect(sbMain, &StatusBar::panelTextChanged, m_panels->milDisp,
             [this] { m_panels->milDisp->setSpokenState(sbMain->spokenText()); });
     connect(sbMain, &StatusBar::informationClicked, this, &frmOcuva::Info_Click);
-    connect(sbMain, &StatusBar::panelDoubleClicked, this, [this] { run(Command::Move); });
+    connect(sbMain, &StatusBar::panelDoubleClicked, this, [this] { run(command("mnuMove")); });
 }
 
 void frmOcuva::Load() {
@@ -195,8 +179,10 @@ void frmOcuva::showStartState() {
 void frmOcuva::setUpToolbar() {
     const FrozenDrawing frozen(*tbMain);
     restoreToolbarLayout();
-    for (const ToolbarCommand& row : toolbarCommands) {
-        tbMain->setEnabled(row.key, MainMenu::isAvailable(row.command));
+    for (const Command& row : commands()) {
+        if (!row.button.key.isEmpty()) {
+            tbMain->setEnabled(row.button.key, row.isAvailable());
+        }
     }
     showZoom();
     showAcquisition();
@@ -224,65 +210,15 @@ void frmOcuva::showAtStart() {
 
 void frmOcuva::initialiseCamera() { CameraSetup(m_context.host.tn_video(), *m_board, *this).refresh(false); }
 
-void frmOcuva::run(Command command) {
-    if (!MainMenu::isAvailable(command)) {
-        return;
+void frmOcuva::run(const Command& chosen) {
+    if (chosen.run != nullptr && chosen.isAvailable()) {
+        guarded([this, &chosen] { chosen.run(*this); });
     }
-    guarded([this, command] {
-        switch (command) {
-        case Command::Open:
-            m_pictures->open();
-            break;
-        case Command::SaveAs:
-            m_pictures->save();
-            break;
-        case Command::Exit:
-            exitOperation();
-            break;
-        case Command::Acquire:
-            mnuAcq_Click();
-            break;
-        case Command::Zoom:
-            mnuZoom_Click();
-            break;
-        case Command::Cross:
-            m_overlays->toggleCross();
-            break;
-        case Command::Grid:
-            m_overlays->toggleGrid();
-            break;
-        case Command::MicroMarker:
-            m_overlays->toggleMicroMarker();
-            break;
-        case Command::Move:
-            m_standards->openMoveDialog();
-            break;
-        case Command::Backlash:
-            mmuBckl_Click();
-            break;
-        case Command::Focus:
-            mnuFocus_Click();
-            break;
-        case Command::Picture:
-            m_pictureOnStage->openDialog();
-            break;
-        case Command::Setup:
-            mnuSetup_Click();
-            break;
-        case Command::About:
-            mnuAbout_Click();
-            break;
-        default:
-            m_help.run(command);
-        }
-    });
 }
 
 void frmOcuva::tbMain_ButtonClick(const QString& key) {
-    for (const ToolbarCommand& row : toolbarCommands) {
-        if (key == row.key) {
-            run(row.command);
-        }
+    if (const Command* const chosen = commandOfButton(key)) {
+        run(*chosen);
     }
 }
 

@@ -120,7 +120,17 @@ public:
     void showNote(const QString& note, const QString& advice);
 
     /// Runs a command as its menu item, shortcut or toolbar key does.
-    void run(Command command);
+    void run(const Command& chosen);
+    /// What the commands do that are named in them.
+    ///@{
+    void mnuAcq_Click();
+    void mnuZoom_Click();
+    void mmuBckl_Click();
+    void mnuFocus_Click();
+    void mnuSetup_Click();
+    void mnuAbout_Click();
+    void exitOperation();
+    ///@}
 
     /// The image's sizes as they are now.
     const MonitorFields& fields() const override { return m_sizing.fields(); }
@@ -180,7 +190,7 @@ public:
     HelpMenu& help() { return m_help; }
     const MainMenu& menu() const { return *m_menu; }
     const MonitorPanels& panels() const { return *m_panels; }
-    const Overlays& overlays() const { return *m_overlays; }
+    Overlays& overlays() { return *m_overlays; }
     const UpDownPanel& upDown() const { return *m_upDown; }
     ///@}
 
@@ -210,14 +220,7 @@ private:
     void milDisp_MouseUp(Qt::MouseButton button, int shift, float x, float y);
     void m_notifier_OnNotify(const Notification& notification);
     void tbMain_ButtonClick(const QString& key);
-    void mnuAcq_Click();
-    void mnuZoom_Click();
-    void mmuBckl_Click();
-    void mnuFocus_Click();
-    void mnuSetup_Click();
-    void mnuAbout_Click();
     void Info_Click();
-    void exitOperation();
 
     /// Runs a handler with the input held; an error that leaves it is shown by the general error report.
     void guarded(const std::function<void()>& handler);

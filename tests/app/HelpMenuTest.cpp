@@ -28,7 +28,7 @@ TEST_F(HelpMenuOfTheWindow, OpensTheManualByItsKeyBesideTheWindowAndClosesItWith
 
 TEST_F(HelpMenuOfTheWindow, ListsExactlyTheKeysThatTheCommandsHave) {
     std::vector<std::string> listed;
-    for (const KeyRow& row : MainMenu::keys()) {
+    for (const KeyRow& row : commandKeys()) {
         listed.push_back(row.key.toStdString());
     }
     std::vector<std::string> had;
@@ -42,7 +42,7 @@ TEST_F(HelpMenuOfTheWindow, ListsExactlyTheKeysThatTheCommandsHave) {
 }
 
 TEST_F(HelpMenuOfTheWindow, TellsCommandsByTheirNamesWithoutAccessLettersAndDots) {
-    for (const KeyRow& row : MainMenu::keys()) {
+    for (const KeyRow& row : commandKeys()) {
         EXPECT_FALSE(row.command.contains(u'&') || row.command.contains(u'.')) << row.command.toStdString();
         EXPECT_FALSE(row.menu.isEmpty());
     }

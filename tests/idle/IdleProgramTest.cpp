@@ -92,7 +92,7 @@ struct WholeProgram : testing::Test {
 } // namespace
 
 TEST_F(WholeProgram, SleepsWhenLiveIsOffAndNothingMoves) {
-    inter->mainWindow().run(Command::Acquire);
+    inter->mainWindow().run(command("mnuAcq"));
     runEventLoop(500); // what the halt itself still brings
     const std::uint64_t shown = display().framesShown();
     const Wakes wakes = watch();

@@ -199,7 +199,7 @@ void CustomizeToolbarDialog::move(int row, int gap) {
 }
 
 void CustomizeToolbarDialog::reset() {
-    m_layout = ToolbarLayout::design();
+    m_layout = ToolbarLayout::design(m_layout.buttons());
     changed(0);
 }
 
@@ -243,7 +243,7 @@ void CustomizeToolbarDialog::fillLists(int currentRow) {
 }
 
 void CustomizeToolbarDialog::addRow(ButtonList& list, const QString& key) const {
-    const ToolbarButton* const button = findButton(key);
+    const ToolbarButton* const button = m_layout.buttons().find(key);
     auto* const row =
         new QListWidgetItem(button != nullptr ? shownText(button->text) : shownText(separatorText));
     row->setData(Qt::UserRole, key);
@@ -261,7 +261,7 @@ void CustomizeToolbarDialog::enableButtons() {
     cmdRemove->setEnabled(row >= 0);
     cmdMoveUp->setEnabled(row > 0);
     cmdMoveDown->setEnabled(row >= 0 && row < lstCurrent->count() - 1);
-    cmdReset->setEnabled(!(m_layout == ToolbarLayout::design()));
+    cmdReset->setEnabled(!(m_layout == ToolbarLayout::design(m_layout.buttons())));
 }
 
 void CustomizeToolbarDialog::keyPressEvent(QKeyEvent* event) {

@@ -12,8 +12,10 @@
 
 namespace ocuva {
 
-MainToolbar::MainToolbar(QWidget* parent)
-    : QToolBar(parent) {
+MainToolbar::MainToolbar(const ToolbarButtons& buttons, QWidget* parent)
+    : QToolBar(parent)
+    , m_buttons(buttons)
+    , m_layout(ToolbarLayout::design(buttons)) {
     setObjectName(QStringLiteral("tbMain"));
     setAccessibleName(tr("Main toolbar"));
     setMovable(false);
@@ -38,7 +40,7 @@ MainToolbar::MainToolbar(QWidget* parent)
 }
 
 void MainToolbar::makeActions() {
-    for (const ToolbarButton& definition : designButtons()) {
+    for (const ToolbarButton& definition : m_buttons) {
         const QString key = definition.key;
         if (definition.style == ButtonStyle::Separator) {
             separator(key);
@@ -57,7 +59,7 @@ void MainToolbar::makeActions() {
 
 void MainToolbar::makeMenu(const QString& key) {
     QMenu* const menu = m_menus[key].menu();
-    menu->setTitle(tr("%1 list").arg(shownText(findButton(key)->text)));
+    menu->setTitle(tr("%1 list").arg(shownText(m_buttons.find(key)->text)));
     connect(menu, &QMenu::triggered, this, [this, key](const QAction* item) {
         const QString itemKey = item->data().toString();
         Q_EMIT buttonMenuClicked(key, itemKey);
@@ -68,7 +70,7 @@ void MainToolbar::setImageLists(const ImageList& image, const ImageList& hot, co
     setIconSize({image.size(), image.size()});
     for (auto item = m_actions.cbegin(); item != m_actions.cend(); ++item) {
         const QString& key = item.key();
-        if (findButton(key) != nullptr) {
+        if (m_buttons.find(key) != nullptr) {
             item.value()->setIcon(buttonIcon({.normalOff = image.image(key, false),
                                               .normalOn = image.image(key, true),
                                               .hotOff = hot.image(key, false),
@@ -80,7 +82,7 @@ void MainToolbar::setImageLists(const ImageList& image, const ImageList& hot, co
 }
 
 QAction* MainToolbar::action(const QString& key) const {
-    QAction* const found = findButton(key) != nullptr ? m_actions.value(key) : nullptr;
+    QAction* const found = m_buttons.find(key) != nullptr ? m_actions.value(key) : nullptr;
     if (found == nullptr) {
         qWarning("The toolbar has no button \"%s\"", qUtf8Printable(key));
     }
@@ -132,7 +134,7 @@ QToolButton* MainToolbar::button(const QString& key) const {
 }
 
 bool MainToolbar::restoreLayout(const QString& text) {
-    const std::optional<ToolbarLayout> restored = ToolbarLayout::fromText(text);
+    const std::optional<ToolbarLayout> restored = ToolbarLayout::fromText(text, m_buttons);
     if (!restored) {
         return false;
     }
@@ -150,15 +152,15 @@ void MainToolbar::setLayoutByUser(const ToolbarLayout& layout) {
     Q_EMIT customized();
 }
 
-void MainToolbar::reset() { setLayoutByUser(ToolbarLayout::design()); }
+void MainToolbar::reset() { setLayoutByUser(ToolbarLayout::design(m_buttons)); }
 
 void MainToolbar::customize() {
     if (findChild<CustomizeToolbarDialog*>() != nullptr) {
         return;
     }
     const auto iconOf = [this](const QString& key) {
-        return findButton(key) != nullptr ? m_actions.value(key)->icon()
-                                          : vectorIcon(separatorText, false, IconLook::Normal);
+        return m_buttons.find(key) != nullptr ? m_actions.value(key)->icon()
+                                              : vectorIcon(separatorText, false, IconLook::Normal);
     };
     auto* const dialog = new CustomizeToolbarDialog(m_layout, iconOf, this);
     dialog->setAttribute(Qt::WA_DeleteOnClose);
@@ -190,7 +192,7 @@ void MainToolbar::dress(const QString& key, QWidget* item) {
     item->setObjectName(key);
     m_drag.watch(item);
     auto* const button = qobject_cast<QToolButton*>(item);
-    const ToolbarButton* const definition = findButton(key);
+    const ToolbarButton* const definition = m_buttons.find(key);
     if (button == nullptr || definition == nullptr) {
         return;
     }
@@ -217,7 +219,7 @@ void MainToolbar::contextMenuEvent(QContextMenuEvent* event) {
     QAction* const customizeItem = menu->addAction(tr("&Customize…"));
     connect(customizeItem, &QAction::triggered, this, &MainToolbar::customize);
     QAction* const resetItem = menu->addAction(tr("&Reset"));
-    resetItem->setEnabled(!(m_layout == ToolbarLayout::design()));
+    resetItem->setEnabled(!(m_layout == ToolbarLayout::design(m_buttons)));
     connect(resetItem, &QAction::triggered, this, &MainToolbar::reset);
     menu->popup(event->globalPos());
     event->accept();

@@ -15,7 +15,7 @@
 
 namespace ocuva {
 
-/// The program's buttons (designButtons()) in an order of the user's choice. Buttons are addressed by key. A
+/// The buttons in an order of the user's choice. Buttons are addressed by key. A
 /// button that the user has taken off the bar keeps its value, enabled state and menu and comes back with
 /// them. A key that names no button changes nothing and is warned of in the log.
 ///
@@ -28,7 +28,7 @@ class MainToolbar final : public QToolBar {
 
 public:
     /// In the design layout, with the small images.
-    explicit MainToolbar(QWidget* parent = nullptr);
+    explicit MainToolbar(const ToolbarButtons& buttons, QWidget* parent = nullptr);
 
     /// Takes over the images; their size becomes the size of the bar. Without it the bar has the small ones.
     void setImageLists(const ImageList& image, const ImageList& hot, const ImageList& disabled);
@@ -102,7 +102,8 @@ private:
 
     QMap<QString, QAction*> m_actions; ///< of all buttons, and of separators as they are needed
     std::map<QString, ButtonMenus> m_menus;
-    ToolbarLayout m_layout = ToolbarLayout::design();
+    ToolbarButtons m_buttons;
+    ToolbarLayout m_layout;
     ToolbarDrag m_drag{*this};
 };
 

@@ -1,5 +1,5 @@
 #pragma once
-// The buttons of the main toolbar, as one table in design order.
+// What a toolbar knows of its buttons.
 
 #include <QLatin1StringView>
 #include <QString>
@@ -17,20 +17,34 @@ enum class ButtonStyle {
 
 /// One row of the table.
 struct ToolbarButton {
-    QLatin1StringView key;     ///< names the button in events, layouts and image lists
-    QLatin1StringView text;    ///< what lists, the overflow menu and screen readers call it
-    QLatin1StringView tooltip; ///< empty: the button has none
-    ButtonStyle style;         ///< what a click does
+    QLatin1StringView key = {};            ///< names the button in events, layouts and image lists
+    QLatin1StringView text = {};           ///< what lists, the overflow menu and screen readers call it
+    QLatin1StringView tooltip = {};        ///< empty: the button has none
+    ButtonStyle style = ButtonStyle::Push; ///< what a click does
 };
 
 /// A text of the table in the user's language.
 QString shownText(QLatin1StringView text);
 
-/// Every button and separator, in design order.
-std::span<const ToolbarButton> designButtons();
+/// The buttons and separators of a toolbar, in design order.
+class ToolbarButtons {
+public:
+    /// The rows outlive this and its copies.
+    explicit ToolbarButtons(std::span<const ToolbarButton> rows)
+        : m_rows(rows) {}
 
-/// The button (not separator) of that key, or null.
-const ToolbarButton* findButton(const QString& key);
+    /// Every button and separator, in design order.
+    ///@{
+    auto begin() const { return m_rows.begin(); }
+    auto end() const { return m_rows.end(); }
+    ///@}
+
+    /// The button (not separator) of that key, or null.
+    const ToolbarButton* find(const QString& key) const;
+
+private:
+    std::span<const ToolbarButton> m_rows;
+};
 
 /// True for "Sep1" to "Sep99". The design has the first four; the user may add more.
 bool isSeparatorKey(const QString& key);

@@ -1,25 +1,23 @@
 #include "app/toolbar/ToolbarLayout.h"
 
-#include "app/toolbar/ToolbarButtons.h"
-
 #include <algorithm>
 
 namespace ocuva {
 
-ToolbarLayout ToolbarLayout::design() {
-    ToolbarLayout layout;
-    for (const ToolbarButton& button : designButtons()) {
+ToolbarLayout ToolbarLayout::design(const ToolbarButtons& buttons) {
+    ToolbarLayout layout(buttons);
+    for (const ToolbarButton& button : buttons) {
         layout.m_keys.append(button.key);
     }
     return layout;
 }
 
-std::optional<ToolbarLayout> ToolbarLayout::fromText(const QString& text) {
-    ToolbarLayout layout;
+std::optional<ToolbarLayout> ToolbarLayout::fromText(const QString& text, const ToolbarButtons& buttons) {
+    ToolbarLayout layout(buttons);
     bool hasButton = false;
     for (const QString& part : text.split(u',')) {
         const QString key = part.trimmed();
-        const bool isButton = findButton(key) != nullptr;
+        const bool isButton = buttons.find(key) != nullptr;
         if ((isButton || isSeparatorKey(key)) && !layout.m_keys.contains(key)) {
             layout.m_keys.append(key);
             hasButton = hasButton || isButton;
@@ -30,7 +28,7 @@ std::optional<ToolbarLayout> ToolbarLayout::fromText(const QString& text) {
 
 QStringList ToolbarLayout::available() const {
     QStringList keys;
-    for (const ToolbarButton& button : designButtons()) {
+    for (const ToolbarButton& button : m_buttons) {
         if (button.style != ButtonStyle::Separator && !m_keys.contains(button.key)) {
             keys.append(button.key);
         }
@@ -39,7 +37,7 @@ QStringList ToolbarLayout::available() const {
 }
 
 bool ToolbarLayout::insertButton(int index, const QString& key) {
-    if (findButton(key) == nullptr || m_keys.contains(key)) {
+    if (m_buttons.find(key) == nullptr || m_keys.contains(key)) {
         return false;
     }
     m_keys.insert(std::clamp(index, 0, size()), key);

@@ -1,6 +1,8 @@
 #pragma once
 // Which buttons and separators a toolbar shows, in which order, and how that is written down as text.
 
+#include "app/toolbar/ToolbarButtons.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -8,15 +10,18 @@
 
 namespace ocuva {
 
-/// A plain value. Every key in it is a key of designButtons() or a separator key, and none occurs twice.
+/// A plain value. Every key in it is the key of a button or a separator key, and none occurs twice.
 class ToolbarLayout {
 public:
-    /// The layout that the program comes with.
-    static ToolbarLayout design();
+    /// All buttons and separators, in design order.
+    static ToolbarLayout design(const ToolbarButtons& buttons);
 
     /// Keys separated by commas; blanks round a key do not matter. Unknown keys and repetitions are left out.
     /// Nothing when no button remains, since a bar without a button is of no use to anyone.
-    static std::optional<ToolbarLayout> fromText(const QString& text);
+    static std::optional<ToolbarLayout> fromText(const QString& text, const ToolbarButtons& buttons);
+
+    /// The buttons that there are, on the bar or not.
+    const ToolbarButtons& buttons() const { return m_buttons; }
 
     /// The text that fromText reads back.
     QString text() const { return m_keys.join(u','); }
@@ -48,6 +53,10 @@ public:
     friend bool operator==(const ToolbarLayout& a, const ToolbarLayout& b) { return a.m_keys == b.m_keys; }
 
 private:
+    explicit ToolbarLayout(const ToolbarButtons& buttons)
+        : m_buttons(buttons) {}
+
+    ToolbarButtons m_buttons;
     QStringList m_keys;
 };
 

@@ -24,7 +24,7 @@ QPalette darkPalette() { return QPalette(QColor(45, 45, 45), QColor(45, 45, 45))
 
 std::vector<QString> buttonKeys() {
     std::vector<QString> keys;
-    for (const ToolbarButton& button : designButtons()) {
+    for (const ToolbarButton& button : commandButtons()) {
         if (button.style != ButtonStyle::Separator) {
             keys.emplace_back(button.key);
         }
@@ -229,7 +229,7 @@ TEST(ImageLists, TheSettingPicksSmallForZeroAndLargeForAnythingElse) {
 
 TEST(ImageLists, TheBarShowsEachListForItsPurposeAndGrowsWithTheLargeOnes) {
     const ToolbarImageLists lists;
-    MainToolbar bar;
+    MainToolbar bar(commandButtons());
     const int smallHeight = bar.sizeHint().height();
     bar.setImageLists(lists.ilTbImage[1], lists.ilTbHot[1], lists.ilTbDisabled[1]);
     EXPECT_GT(bar.sizeHint().height(), smallHeight + 10);
@@ -252,7 +252,7 @@ TEST(ImageLists, TheBarShowsEachListForItsPurposeAndGrowsWithTheLargeOnes) {
 
 TEST(ImageLists, ALargeBarKeepsItsValuesWhenTheListsChange) {
     const ToolbarImageLists lists;
-    MainToolbar bar;
+    MainToolbar bar(commandButtons());
     bar.setValue(QStringLiteral("Acq"), true);
     bar.setImageLists(lists.ilTbImage[1], lists.ilTbHot[1], lists.ilTbDisabled[1]);
     EXPECT_TRUE(bar.value(QStringLiteral("Acq")));

@@ -21,7 +21,7 @@ QMenu* contextMenu(ToolbarRig& rig, QWidget* on) {
 
 TEST(MainToolbar, EachButtonHasItsKeyAsNameItsTooltipAndAnAccessibleName) {
     const ToolbarRig rig;
-    for (const ToolbarButton& definition : designButtons()) {
+    for (const ToolbarButton& definition : commandButtons()) {
         if (definition.style == ButtonStyle::Separator) {
             continue;
         }
@@ -39,7 +39,7 @@ TEST(MainToolbar, EachButtonHasItsKeyAsNameItsTooltipAndAnAccessibleName) {
 TEST(MainToolbar, TheButtonsStandInDesignOrderFromLeftToRight) {
     const ToolbarRig rig;
     int left = -1;
-    for (const ToolbarButton& definition : designButtons()) {
+    for (const ToolbarButton& definition : commandButtons()) {
         const QWidget* const item = rig.bar.findChild<QWidget*>(definition.key);
         ASSERT_NE(item, nullptr);
         EXPECT_GT(item->x(), left) << definition.key.data();

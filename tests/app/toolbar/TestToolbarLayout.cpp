@@ -15,15 +15,15 @@ using namespace ocuva;
 namespace {
 
 std::string restored(const char* from) {
-    const auto layout = ToolbarLayout::fromText(text(from));
+    const auto layout = ToolbarLayout::fromText(text(from), commandButtons());
     return layout ? layout->text().toStdString() : "refused";
 }
 
 } // namespace
 
 TEST(ToolbarLayout, TheDesignHasAllButtonsAndFourSeparatorsInOrder) {
-    EXPECT_EQ(ToolbarLayout::design().text().toStdString(), designText);
-    EXPECT_TRUE(ToolbarLayout::design().available().isEmpty());
+    EXPECT_EQ(ToolbarLayout::design(commandButtons()).text().toStdString(), designText);
+    EXPECT_TRUE(ToolbarLayout::design(commandButtons()).available().isEmpty());
 }
 
 TEST(ToolbarLayout, ItsTextReadsBackAsTheSameLayout) {
@@ -45,7 +45,7 @@ TEST(ToolbarLayout, ATextThatNamesNoButtonIsRefused) {
 }
 
 TEST(ToolbarLayout, AButtonTakenOffBecomesAvailableInDesignOrder) {
-    ToolbarLayout layout = ToolbarLayout::design();
+    ToolbarLayout layout = ToolbarLayout::design(commandButtons());
     EXPECT_TRUE(layout.remove(layout.indexOf(text("Setup"))));
     EXPECT_TRUE(layout.remove(layout.indexOf(text("Acq"))));
     EXPECT_TRUE(layout.remove(layout.indexOf(text("Sep1"))));
@@ -54,7 +54,7 @@ TEST(ToolbarLayout, AButtonTakenOffBecomesAvailableInDesignOrder) {
 
 TEST(ToolbarLayout, AnItemMovesToTheGapItIsSentTo) {
     const auto after = [](int index, int gap) {
-        auto layout = *ToolbarLayout::fromText(text("Save,Acq,Zoom"));
+        auto layout = *ToolbarLayout::fromText(text("Save,Acq,Zoom"), commandButtons());
         const bool moved = layout.move(index, gap);
         return (moved ? "" : "stays ") + layout.text().toStdString();
     };
@@ -69,7 +69,7 @@ TEST(ToolbarLayout, AnItemMovesToTheGapItIsSentTo) {
 }
 
 TEST(ToolbarLayout, AButtonIsThereOnceButSeparatorsAsOftenAsWanted) {
-    auto layout = *ToolbarLayout::fromText(text("Save,Sep2"));
+    auto layout = *ToolbarLayout::fromText(text("Save,Sep2"), commandButtons());
     EXPECT_FALSE(layout.insertButton(0, text("Save")));
     EXPECT_FALSE(layout.insertButton(0, text("Nonsense")));
     EXPECT_FALSE(layout.insertButton(0, text("Sep4")));
@@ -86,10 +86,10 @@ TEST(ToolbarLayout, AButtonIsThereOnceButSeparatorsAsOftenAsWanted) {
 }
 
 TEST(ToolbarLayout, RemovingWhatIsNotThereIsRefused) {
-    ToolbarLayout layout = ToolbarLayout::design();
+    ToolbarLayout layout = ToolbarLayout::design(commandButtons());
     EXPECT_FALSE(layout.remove(-1));
     EXPECT_FALSE(layout.remove(layout.size()));
-    EXPECT_EQ(layout, ToolbarLayout::design());
+    EXPECT_EQ(layout, ToolbarLayout::design(commandButtons()));
 }
 
 TEST(ToolbarLayoutStore, WhatIsSavedIsLoadedByTheNextRun) {
@@ -131,7 +131,7 @@ TEST(ToolbarLayoutStore, AFileEditedByHandWithoutQuotesIsUnderstood) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     file.write("[CustomToolbar]\nMainToolbar=Setup, Sep1, Save\n");
     file.close();
-    const auto layout = ToolbarLayout::fromText(ToolbarLayoutStore(text("ByHand")).load());
+    const auto layout = ToolbarLayout::fromText(ToolbarLayoutStore(text("ByHand")).load(), commandButtons());
     ASSERT_TRUE(layout);
     EXPECT_EQ(layout->text().toStdString(), "Setup,Sep1,Save");
 }

@@ -1,6 +1,7 @@
 #pragma once
 // A toolbar on the screen and the events that came out of it.
 
+#include "app/Commands.h"
 #include "app/toolbar/MainToolbar.h"
 #include "app/toolbar/ToolbarButtons.h"
 
@@ -20,7 +21,7 @@ inline QString text(const char* latin1) { return QString::fromLatin1(latin1); }
 
 struct ToolbarRig {
     QWidget window;
-    ocuva::MainToolbar bar{&window};
+    ocuva::MainToolbar bar{ocuva::commandButtons(), &window};
     std::vector<std::string> clicks;
     std::vector<std::string> menuClicks;
     int customizations = 0;
