@@ -1,5 +1,6 @@
 // The libraries that need no hardware: settings, log, messages, and the general library.
 
+#include "hostlink/HostArguments.h"
 #include "hosts/common/GuardedCall.h"
 #include "hosts/common/HostLibraries.h"
 #include "hosts/common/HostTexts.h"
@@ -45,11 +46,11 @@ TarnLong SettingsLibrary::TarnRegisterGetString(const char* section, const char*
 void LogLibrary::TarnPrintfVB(const char* line) { m_parts.log.line(textOf(line)); }
 
 TarnLong LogLibrary::TarnMessageBoxVB(const char* messageKey, const char* title, TarnLong style) {
-    return guardedCall(m_parts.log, "TarnMessageBoxVB", answerOfNobody(style), [&] {
+    return guardedCall(m_parts.log, "TarnMessageBoxVB", ocuva::answerOfNobody(style), [&] {
         const std::string text = messageText(textOf(messageKey));
         const TarnLong answer = m_parts.options.showMessage
                                     ? m_parts.options.showMessage(text, std::string(textOf(title)), style)
-                                    : answerOfNobody(style);
+                                    : ocuva::answerOfNobody(style);
         m_parts.log.line("message box \"" + text + "\", answer " + std::to_string(answer));
         return answer;
     });

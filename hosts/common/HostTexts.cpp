@@ -34,16 +34,4 @@ std::string messageText(std::string_view key) {
     return std::string(key);
 }
 
-TarnLong answerOfNobody(TarnLong style) {
-    constexpr TarnLong buttons = 15;
-    switch (style & buttons) {
-    case TARN_BOX_OK_CANCEL:
-        return TARN_ANSWER_CANCEL;
-    case TARN_BOX_YES_NO:
-        return TARN_ANSWER_NO;
-    default:
-        return TARN_ANSWER_OK;
-    }
-}
-
 } // namespace hosts

@@ -20,7 +20,4 @@ inline std::string_view textOf(const char* text) {
 /// The sentence that a message key stands for; a key that is not known is the sentence itself.
 std::string messageText(std::string_view key);
 
-/// What a message box answers where nobody is there to ask: the answer that changes least.
-TarnLong answerOfNobody(TarnLong style);
-
 } // namespace hosts

@@ -2,7 +2,7 @@
 
 #include "hosts/common/HostLibraries.h"
 #include "hosts/common/HostParts.h"
-#include "hosts/common/faults/FaultyHost.h"
+#include "hosts/common/faults/FaultGate.h"
 
 #include <utility>
 
@@ -20,14 +20,14 @@ struct SimulatedHost::Libraries {
     VideoLibrary video{parts};
 
     FaultGate gate{parts.faults, *parts.clock, parts.log};
-    FaultySettings faultySettings{gate, settings};
-    FaultyLog faultyLog{gate, log};
-    FaultyLogKeys faultyLogKeys{gate, log};
-    FaultyMessages faultyMessages{gate, messages};
-    FaultyGeneral faultyGeneral{gate, general};
-    FaultyMicroscope faultyMicroscope{gate, microscope};
-    FaultyVideo faultyVideo{gate, video};
-    FaultyStatistics faultyStatistics{gate, video};
+    ocuva::Interposed<ocuva::TnReg, FaultGate> tn_reg{gate, settings};
+    ocuva::Interposed<ocuva::TnLog, FaultGate> tn_log{gate, log};
+    ocuva::Interposed<ocuva::TnLogKeys, FaultGate> Tn_log{gate, log};
+    ocuva::Interposed<ocuva::TnOcuva, FaultGate> tn_ocuva{gate, messages};
+    ocuva::Interposed<ocuva::TnLibProxy, FaultGate> tn_lib_proxy{gate, general};
+    ocuva::Interposed<ocuva::TnMicroProxy, FaultGate> tn_micro_proxy{gate, microscope};
+    ocuva::Interposed<ocuva::TnVideo, FaultGate> tn_video{gate, video};
+    ocuva::Interposed<ocuva::TnVduti, FaultGate> tn_vduti{gate, video};
     Truth truth{parts.stage, parts.surface, [this] { return parts.trueField(); }};
 };
 
@@ -36,14 +36,10 @@ SimulatedHost::SimulatedHost(SimulatedHostOptions options)
 
 SimulatedHost::~SimulatedHost() = default;
 
-ocuva::TnReg& SimulatedHost::tn_reg() { return m_libraries->faultySettings; }
-ocuva::TnLog& SimulatedHost::tn_log() { return m_libraries->faultyLog; }
-ocuva::TnLogKeys& SimulatedHost::Tn_log() { return m_libraries->faultyLogKeys; }
-ocuva::TnOcuva& SimulatedHost::tn_ocuva() { return m_libraries->faultyMessages; }
-ocuva::TnLibProxy& SimulatedHost::tn_lib_proxy() { return m_libraries->faultyGeneral; }
-ocuva::TnMicroProxy& SimulatedHost::tn_micro_proxy() { return m_libraries->faultyMicroscope; }
-ocuva::TnVideo& SimulatedHost::tn_video() { return m_libraries->faultyVideo; }
-ocuva::TnVduti& SimulatedHost::tn_vduti() { return m_libraries->faultyStatistics; }
+#define ACCESS_LIBRARY(Class, library, file, FUNCTIONS)                                                      \
+    ocuva::Class& SimulatedHost::library() { return m_libraries->library; }
+TARN_LIBRARIES(ACCESS_LIBRARY)
+#undef ACCESS_LIBRARY
 
 std::unique_ptr<ocuva::Notifier> SimulatedHost::createNotifier() {
     HostParts& parts = m_libraries->parts;

@@ -45,14 +45,7 @@ public:
 
     /// ocuva::Host.
     ///@{
-    ocuva::TnReg& tn_reg() override;
-    ocuva::TnLog& tn_log() override;
-    ocuva::TnLogKeys& Tn_log() override;
-    ocuva::TnOcuva& tn_ocuva() override;
-    ocuva::TnLibProxy& tn_lib_proxy() override;
-    ocuva::TnMicroProxy& tn_micro_proxy() override;
-    ocuva::TnVideo& tn_video() override;
-    ocuva::TnVduti& tn_vduti() override;
+    TARN_LIBRARIES(TARN_ACCESS)
     std::unique_ptr<ocuva::Notifier> createNotifier() override;
     ///@}
 

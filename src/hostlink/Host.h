@@ -7,6 +7,8 @@
 #include "hostlink/HostFunctionTable.h"
 #include "hostlink/Notifier.h"
 
+#include <array>
+#include <string_view>
 #include <type_traits>
 
 namespace ocuva {
@@ -30,6 +32,11 @@ TARN_LIBRARIES(DECLARE_LIBRARY)
                   #name " has another signature in tarn_abi.h");
 TARN_FUNCTIONS(CHECK_FUNCTION)
 #undef CHECK_FUNCTION
+
+/// The names of all functions, in the table's order.
+#define NAME_FUNCTION(library, result, name, failure, ...) #name,
+inline constexpr auto hostFunctionNames = std::to_array<std::string_view>({TARN_FUNCTIONS(NAME_FUNCTION)});
+#undef NAME_FUNCTION
 
 /// Declares the functions of a library in a class that implements it: `TN_REG(TARN_OVERRIDE)`.
 #define TARN_OVERRIDE(library, result, name, failure, ...) result name(TARN_PARAMETERS(__VA_ARGS__)) override;

@@ -1,6 +1,6 @@
 #include "hosts/common/faults/FaultPlan.h"
 
-#include "hosts/common/faults/HostFunctions.h"
+#include "hostlink/Host.h"
 #include "hosts/common/services/Numerals.h"
 
 #include <algorithm>
@@ -99,14 +99,21 @@ constexpr DeviceRow deviceRows[] = {
      true},
 };
 
+/// The host function of that name, without regard to letter case; empty when there is none.
+std::string_view hostFunction(std::string_view name) {
+    const auto& names = ocuva::hostFunctionNames;
+    const auto* const found = std::find_if(
+        names.begin(), names.end(), [name](std::string_view each) { return equalIgnoringCase(each, name); });
+    return found == names.end() ? std::string_view() : *found;
+}
+
 /// "<function>=fail" and "<function>.SlowMs=<number>"; nothing when the key names no function.
 std::optional<bool> takeFunction(std::string_view key, std::string_view value, Faults& faults) {
     constexpr std::string_view slow = ".SlowMs";
     const bool isSlow =
         key.size() > slow.size() && equalIgnoringCase(key.substr(key.size() - slow.size()), slow);
-    const HostFunction* const function =
-        findHostFunction(isSlow ? key.substr(0, key.size() - slow.size()) : key);
-    if (function == nullptr) {
+    const std::string_view function = hostFunction(isSlow ? key.substr(0, key.size() - slow.size()) : key);
+    if (function.empty()) {
         return std::nullopt;
     }
     if (isOff(value)) {
@@ -116,7 +123,7 @@ std::optional<bool> takeFunction(std::string_view key, std::string_view value, F
     const bool usable = isSlow ? takeNumber(value, 0.0, FaultPlan::slowestMs, fault.slowMs)
                                : (fault.fails = equalIgnoringCase(value, "fail"));
     if (usable) {
-        FunctionFault& kept = faults.functions[std::string(function->name)];
+        FunctionFault& kept = faults.functions[std::string(function)];
         kept.fails = kept.fails || fault.fails;
         kept.slowMs = std::max(kept.slowMs, fault.slowMs);
     }

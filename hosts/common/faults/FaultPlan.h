@@ -38,7 +38,7 @@ public:
     static constexpr int mostFrames = 1000000;
 
     struct Faults {
-        std::map<std::string, FunctionFault, std::less<>> functions; ///< by the names of HostFunctions.h
+        std::map<std::string, FunctionFault, std::less<>> functions; ///< by name
         DeviceFaults devices;
     };
 

@@ -19,9 +19,6 @@ namespace hosts {
 /// cannot be had, which standard error tells once.
 HOSTS_SHARED ocuva::Host* processHost();
 
-/// The window that live video goes to from now on.
-HOSTS_SHARED void showLiveVideoIn(ocuva::Long windowHandle);
-
 /// What the call gives; without a host nothing, which every function takes for its failure.
 template <class Call> auto withHost(const Call& call) {
     ocuva::Host* host = processHost();
@@ -30,6 +27,13 @@ template <class Call> auto withHost(const Call& call) {
 }
 
 } // namespace hosts
+
+/// Exports the functions of a library: `TN_REG(HOSTS_EXPORT_FUNCTION)`.
+#define HOSTS_EXPORT_FUNCTION(library, result, name, failure, ...)                                           \
+    HOSTS_EXPORT result TARN_CALL name(TARN_PARAMETERS(__VA_ARGS__)) {                                       \
+        return hosts::withHost(                                                                              \
+            [&](ocuva::Host& host) { return host.library().name(TARN_ARGUMENTS(__VA_ARGS__)); });            \
+    }
 
 /// For tests: replaces the host by a new one on that folder, with a virtual clock.
 HOSTS_EXPORT void SimulatedHostRestart(const char* dataFolder);

@@ -1,5 +1,3 @@
 #include "hosts/common/libraries/ProcessHost.h"
 
-HOSTS_EXPORT TarnLong TARN_CALL TarnOcuvaSendMsgByName(const char* name) {
-    return hosts::withHost([&](ocuva::Host& host) { return host.tn_ocuva().TarnOcuvaSendMsgByName(name); });
-}
+TN_OCUVA(HOSTS_EXPORT_FUNCTION)

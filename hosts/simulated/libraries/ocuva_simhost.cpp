@@ -1,3 +1,4 @@
+#include "hostlink/InterposedHost.h"
 #include "hosts/common/libraries/HostBox.h"
 #include "hosts/common/libraries/ProcessHost.h"
 #include "hosts/common/libraries/WindowPainter.h"
@@ -5,7 +6,9 @@
 
 #include <cstdio>
 #include <exception>
+#include <functional>
 #include <memory>
+#include <utility>
 
 namespace hosts {
 
@@ -13,9 +16,32 @@ using namespace simulated;
 
 namespace {
 
+/// The video library as it is exported: live video appears in the window that the program hands over.
+struct VideoInWindow final : ocuva::Interposed<ocuva::TnVideo, ocuva::HandOn> {
+    VideoInWindow(ocuva::TnVideo& video, std::function<void(ocuva::Long windowHandle)> show)
+        : Interposed(ocuva::HandOn(), video)
+        , showIn(std::move(show)) {}
+    TarnLong TarnVideoBoardFunction(TarnLong functionCode, void* data) override {
+        if (functionCode == TARN_BOARD_FUNCTION_DISPLAY && data != nullptr) {
+            showIn(static_cast<const TarnDisplayRequest*>(data)->windowHandle);
+        }
+        return Interposed::TarnVideoBoardFunction(functionCode, data);
+    }
+    std::function<void(ocuva::Long)> showIn;
+};
+
+struct ExportedHost final : ocuva::InterposedHost<ocuva::HandOn> {
+    ExportedHost(ocuva::Host& host, std::function<void(ocuva::Long windowHandle)> show)
+        : InterposedHost(ocuva::HandOn(), host)
+        , video(host.tn_video(), std::move(show)) {}
+    ocuva::TnVideo& tn_video() override { return video; }
+    VideoInWindow video;
+};
+
 struct ProcessWide {
     std::shared_ptr<VirtualClock> clock; // null: real time
     std::unique_ptr<SimulatedHost> host;
+    std::unique_ptr<ExportedHost> exported;
     bool failed = false;
     ocuva::DisplayWindows windows;
     ocuva::Long shownIn = 0;
@@ -24,10 +50,24 @@ struct ProcessWide {
     void start(SimulatedHostOptions options) {
         try {
             host = std::make_unique<SimulatedHost>(std::move(options));
+            exported = std::make_unique<ExportedHost>(*host, [this](ocuva::Long handle) { showIn(handle); });
         } catch (const std::exception& error) {
             std::fprintf(stderr, "%s\n", error.what());
             failed = true;
         }
+    }
+
+    void showIn(ocuva::Long windowHandle) {
+        if (windowHandle == shownIn) {
+            return;
+        }
+        if (painter) {
+            windows.detach(shownIn);
+            painter.reset();
+        }
+        painter = std::make_unique<WindowPainter>(windowHandle);
+        shownIn = windowHandle;
+        windows.attach(windowHandle, *painter);
     }
 };
 
@@ -50,27 +90,14 @@ ocuva::Host* processHost() {
         options.windows = &wide.windows;
         wide.start(std::move(options));
     }
-    return wide.host.get();
-}
-
-void showLiveVideoIn(ocuva::Long windowHandle) {
-    ProcessWide& wide = processWide();
-    if (windowHandle == wide.shownIn) {
-        return;
-    }
-    if (wide.painter) {
-        wide.windows.detach(wide.shownIn);
-        wide.painter.reset();
-    }
-    wide.painter = std::make_unique<WindowPainter>(windowHandle);
-    wide.shownIn = windowHandle;
-    wide.windows.attach(windowHandle, *wide.painter);
+    return wide.exported.get();
 }
 
 } // namespace hosts
 
 void SimulatedHostRestart(const char* dataFolder) {
     hosts::ProcessWide& wide = hosts::processWide();
+    wide.exported.reset();
     wide.host.reset();
     wide.clock = std::make_shared<hosts::VirtualClock>();
     hosts::simulated::SimulatedHostOptions options;

@@ -1,5 +1,7 @@
 #include "hosts/common/HostTexts.h"
 
+#include "hostlink/HostArguments.h"
+
 #include <gtest/gtest.h>
 
 namespace hosts {
@@ -38,10 +40,10 @@ TEST(HostTexts, AMessageKeyIsShownAsItsSentenceAndAnyOtherTextAsItself) {
 }
 
 TEST(HostTexts, WhereNobodyIsAskedTheAnswerChangesLeast) {
-    EXPECT_EQ(answerOfNobody(TARN_BOX_OK), TARN_ANSWER_OK);
-    EXPECT_EQ(answerOfNobody(TARN_BOX_OK + TARN_BOX_CRITICAL), TARN_ANSWER_OK);
-    EXPECT_EQ(answerOfNobody(TARN_BOX_OK_CANCEL + TARN_BOX_CRITICAL), TARN_ANSWER_CANCEL);
-    EXPECT_EQ(answerOfNobody(TARN_BOX_YES_NO), TARN_ANSWER_NO);
+    EXPECT_EQ(ocuva::answerOfNobody(TARN_BOX_OK), TARN_ANSWER_OK);
+    EXPECT_EQ(ocuva::answerOfNobody(TARN_BOX_OK + TARN_BOX_CRITICAL), TARN_ANSWER_OK);
+    EXPECT_EQ(ocuva::answerOfNobody(TARN_BOX_OK_CANCEL + TARN_BOX_CRITICAL), TARN_ANSWER_CANCEL);
+    EXPECT_EQ(ocuva::answerOfNobody(TARN_BOX_YES_NO), TARN_ANSWER_NO);
 }
 
 } // namespace

@@ -1,7 +1,7 @@
 // An hour of work with the real windows on an instrument on which one thing after the other is broken.
 
 #include "app/modInter.h"
-#include "hosts/common/faults/HostFunctions.h"
+#include "hostlink/Host.h"
 #include "hosts/simulated/SimulatedHost.h"
 #include "tests/support/OwnRegistry.h"
 #include "tests/support/TempFolder.h"
@@ -19,7 +19,7 @@ namespace {
 using namespace ocuva;
 
 constexpr double hourMs = 3600000.0;
-constexpr double sliceMs = hourMs / (2.0 * hosts::hostFunctions.size());
+constexpr double sliceMs = hourMs / (2.0 * ocuva::hostFunctionNames.size());
 
 /// A notifier without a bus: the test delivers what it likes.
 struct DirectNotifier final : Notifier {
@@ -199,12 +199,12 @@ void expectWhatAFailureAllows(std::string_view failing, const Findings& found) {
 TEST(AnHourOfWork, IsDoneWhicheverHostFunctionFailsOrIsSlow) {
     Workplace workplace;
     int slices = 0;
-    for (std::size_t i = 0; i < hosts::hostFunctions.size(); i += OCUVA_HOUR_STRIDE) {
-        const hosts::HostFunction& function = hosts::hostFunctions[i];
-        SCOPED_TRACE(std::string(function.name));
-        workplace.configure(std::string(function.name) + "=fail");
-        expectWhatAFailureAllows(function.name, workplace.work());
-        workplace.configure(std::string(function.name) + ".SlowMs=50");
+    for (std::size_t i = 0; i < ocuva::hostFunctionNames.size(); i += OCUVA_HOUR_STRIDE) {
+        const std::string_view function = ocuva::hostFunctionNames[i];
+        SCOPED_TRACE(std::string(function));
+        workplace.configure(std::string(function) + "=fail");
+        expectWhatAFailureAllows(function, workplace.work());
+        workplace.configure(std::string(function) + ".SlowMs=50");
         const Findings slow = workplace.work();
         EXPECT_TRUE(slow.boardCameUp && slow.videoWasLive && slow.clickMoved && slow.stepMoved);
         EXPECT_TRUE(slow.focusIsTrue && slow.answered);

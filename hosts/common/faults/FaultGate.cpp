@@ -1,0 +1,19 @@
+#include "hosts/common/faults/FaultGate.h"
+
+#include "hosts/common/GuardedCall.h"
+
+namespace hosts {
+
+// The time passes before the answer is fetched, so that a slow status tells of the moment at which it
+// arrives.
+bool FaultGate::admits(const char* function) const noexcept {
+    return guardedCall(m_log, function, true, [&] {
+        const FunctionFault fault = m_plan.function(function);
+        if (fault.slowMs > 0.0) {
+            m_clock.spend(fault.slowMs);
+        }
+        return !fault.fails;
+    });
+}
+
+} // namespace hosts
