@@ -2,7 +2,7 @@
 #include "app/toolbar/ButtonMenus.h"
 #include "standards/StandardText.h"
 #include "standards/frmStdList.h"
-#include "tests/pictures/PictureSamples.h"
+#include "tests/support/PictureSamples.h"
 #include "tests/support/StubHost.h"
 
 #include <QApplication>

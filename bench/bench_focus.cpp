@@ -1,7 +1,7 @@
 // What a focus search costs beside exposing its frames, and how often it ends at the focus. Both through the
 // host's own functions on a virtual clock, so that only computing is counted.
 
-#include "tests/hosts/simulated/focus/FocusRig.h"
+#include "tests/support/FocusRig.h"
 
 #include <benchmark/benchmark.h>
 

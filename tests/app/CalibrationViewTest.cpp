@@ -4,7 +4,7 @@
 #include "pictures/PictureDescription.h"
 #include "pictures/PictureFile.h"
 #include "tests/app/WindowRig.h"
-#include "tests/pictures/PictureSamples.h"
+#include "tests/support/PictureSamples.h"
 
 #include <QMessageBox>
 #include <QTimer>

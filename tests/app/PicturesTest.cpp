@@ -4,7 +4,7 @@
 #include "pictures/PictureFile.h"
 #include "pictures/TiffFile.h"
 #include "tests/app/WindowRig.h"
-#include "tests/pictures/PictureSamples.h"
+#include "tests/support/PictureSamples.h"
 
 #include <QFileDialog>
 #include <QLineEdit>

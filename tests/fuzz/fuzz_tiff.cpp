@@ -1,6 +1,6 @@
 // TIFF pictures. Input: the file's bytes.
 #include "Fuzz.h"
-#include "tests/pictures/PictureSamples.h"
+#include "tests/support/PictureSamples.h"
 
 #include <filesystem>
 #include <fstream>

@@ -4,7 +4,7 @@
 #include "pictures/PictureDescription.h"
 #include "pictures/SaveWarnings.h"
 #include "pictures/TiffFile.h"
-#include "tests/pictures/PictureSamples.h"
+#include "tests/support/PictureSamples.h"
 #include "tests/support/TempFolder.h"
 
 #include <gmock/gmock.h>

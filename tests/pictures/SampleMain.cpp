@@ -1,6 +1,6 @@
 // Saves sample pictures into a folder, for readers that are not ours.
 #include "pictures/PictureFile.h"
-#include "tests/pictures/PictureSamples.h"
+#include "tests/support/PictureSamples.h"
 
 #include <cstdio>
 #include <exception>

@@ -1,8 +1,8 @@
 #include "report/Report.h"
 
 #ifdef __linux__
-#include "tests/robustness/Processes.h"
-#include "tests/robustness/SmallDisk.h"
+#include "tests/support/Processes.h"
+#include "tests/support/SmallDisk.h"
 #endif
 #include "tests/support/TempFolder.h"
 

@@ -2,7 +2,7 @@
 // only; counts and times are bounded.
 
 #include "hosts/common/bus/BusNotifier.h"
-#include "tests/hosts/common/bus/BusRig.h"
+#include "tests/support/BusRig.h"
 
 #include <sys/resource.h>
 #include <sys/socket.h>

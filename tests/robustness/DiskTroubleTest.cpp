@@ -1,8 +1,8 @@
 // Disks that are full or cannot be written, and files that hold something else than they should.
-#include "Processes.h"
-#include "SmallDisk.h"
 #include "hosts/common/services/DataFolder.h"
 #include "hosts/common/services/Stores.h"
+#include "tests/support/Processes.h"
+#include "tests/support/SmallDisk.h"
 #include "tests/support/TempFolder.h"
 
 #include <gmock/gmock.h>

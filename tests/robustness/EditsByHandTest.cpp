@@ -1,6 +1,6 @@
 // A store that a program writes, and is killed in writing, while somebody edits it by hand without its lock.
-#include "Processes.h"
 #include "hosts/common/services/Stores.h"
+#include "tests/support/Processes.h"
 #include "tests/support/TempFolder.h"
 
 #include <chrono>

@@ -1,7 +1,7 @@
 // A program that stores the list of standards is killed over and over, at any moment.
-#include "Processes.h"
 #include "hosts/common/services/Stores.h"
 #include "standards/StandardList.h"
+#include "tests/support/Processes.h"
 #include "tests/support/StubHost.h"
 #include "tests/support/TempFolder.h"
 

@@ -1,8 +1,8 @@
 // The program is killed at each step of a save.
-#include "Processes.h"
 #include "pictures/PictureDescription.h"
 #include "pictures/PictureFile.h"
-#include "tests/pictures/PictureSamples.h"
+#include "tests/support/PictureSamples.h"
+#include "tests/support/Processes.h"
 #include "tests/support/TempFolder.h"
 
 #include <cerrno>

@@ -1,6 +1,6 @@
 // Two processes write the same store and are killed over and over, at any moment.
-#include "Processes.h"
 #include "hosts/common/services/Stores.h"
+#include "tests/support/Processes.h"
 #include "tests/support/TempFolder.h"
 
 #include <array>

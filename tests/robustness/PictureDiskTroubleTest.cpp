@@ -1,10 +1,10 @@
 // Pictures on disks that are full or cannot be written.
-#include "Processes.h"
-#include "SmallDisk.h"
 #include "pictures/CameraImage.h"
 #include "pictures/PictureDescription.h"
 #include "pictures/PictureFile.h"
-#include "tests/pictures/PictureSamples.h"
+#include "tests/support/PictureSamples.h"
+#include "tests/support/Processes.h"
+#include "tests/support/SmallDisk.h"
 #include "tests/support/StubHost.h"
 #include "tests/support/TempFolder.h"
 

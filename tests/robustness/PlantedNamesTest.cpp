@@ -7,7 +7,7 @@
 #include "pictures/PictureDescription.h"
 #include "pictures/PictureFile.h"
 #include "report/Report.h"
-#include "tests/pictures/PictureSamples.h"
+#include "tests/support/PictureSamples.h"
 #include "tests/support/TempFolder.h"
 
 #include <gmock/gmock.h>

@@ -1,8 +1,8 @@
 // Logs that have grown to their limit.
-#include "Processes.h"
 #include "base/FileLock.h"
 #include "base/FileRotation.h"
 #include "hosts/common/services/HostLog.h"
+#include "tests/support/Processes.h"
 #include "tests/support/TempFolder.h"
 
 #include <gmock/gmock.h>

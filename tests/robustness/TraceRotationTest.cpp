@@ -1,7 +1,7 @@
 // Traces that have grown to their limit.
-#include "Processes.h"
 #include "hostlink/TraceWriter.h"
 #include "hostlink/TracedCall.h"
+#include "tests/support/Processes.h"
 #include "tests/support/TempFolder.h"
 
 #include <cstdlib>

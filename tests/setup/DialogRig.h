@@ -3,7 +3,7 @@
 
 #include "setup/frmSetup.h"
 #include "tests/setup/FakeSetupWindow.h"
-#include "tests/video/SetupRig.h"
+#include "tests/support/SetupRig.h"
 
 #include <QApplication>
 #include <QTest>

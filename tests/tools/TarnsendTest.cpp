@@ -1,4 +1,4 @@
-#include "tests/hosts/common/bus/BusRig.h"
+#include "tests/support/BusRig.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 #include "video/BoardSetup.h"
 
-#include "tests/video/SetupRig.h"
+#include "tests/support/SetupRig.h"
 
 #include <gmock/gmock.h>
 

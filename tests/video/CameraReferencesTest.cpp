@@ -1,7 +1,7 @@
 #include "video/CameraReferences.h"
 
 #include "base/TextNumber.h"
-#include "tests/video/SetupRig.h"
+#include "tests/support/SetupRig.h"
 #include "video/ReferenceText.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #include "video/CameraSetup.h"
 
-#include "tests/video/SetupRig.h"
+#include "tests/support/SetupRig.h"
 
 #include <gmock/gmock.h>
 

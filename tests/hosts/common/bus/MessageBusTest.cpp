@@ -1,5 +1,5 @@
 #include "hosts/common/bus/BusFrame.h"
-#include "tests/hosts/common/bus/BusRig.h"
+#include "tests/support/BusRig.h"
 
 #include <QDir>
 

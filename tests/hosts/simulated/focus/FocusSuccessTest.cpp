@@ -1,7 +1,7 @@
 // How good the focus search is: against the truth of the simulated world, through the host's own functions.
 
 #include "hosts/simulated/mechanics/MotionProfile.h"
-#include "tests/hosts/simulated/focus/FocusRig.h"
+#include "tests/support/FocusRig.h"
 
 #include <gmock/gmock.h>
 
