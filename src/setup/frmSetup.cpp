@@ -85,8 +85,9 @@ void frmSetup::tsSetup_Click(SetupTab clicked) {
 }
 
 void frmSetup::cmdStandardSort_Click() {
-    frmStdList list(m_context.standards, m_context.host.tn_lib_proxy(), m_context.addStandard,
-                    m_context.fillStageMenu, this);
+    frmStdList list(
+        m_context.standards, m_context.host.tn_lib_proxy(), m_context.addStandard, m_context.fillStageMenu,
+        [this](const QString& what) { return m_context.mainWindow.holdInput(what); }, this);
     list.exec();
 }
 

@@ -28,6 +28,7 @@ constexpr int innerGap = 4;
 constexpr int numberColumnWidth = 72;
 
 QString shown(const std::string& text) { return QString::fromLocal8Bit(text); }
+QString readingStandards() { return frmStdList::tr("Reading the standards…"); }
 
 } // namespace
 
@@ -73,12 +74,14 @@ void StdListView::drawRow(QPainter* painter, const QStyleOptionViewItem& options
 }
 
 frmStdList::frmStdList(StandardList& list, TnLibProxy& libProxy, std::function<bool()> addStandard,
-                       std::function<void()> fillStageMenu, QWidget* owner)
+                       std::function<void()> fillStageMenu,
+                       std::function<std::shared_ptr<void>(const QString& what)> holdInput, QWidget* owner)
     : QDialog(owner)
     , m_list(list)
     , m_libProxy(libProxy)
     , m_addStandard(std::move(addStandard))
-    , m_fillStageMenu(std::move(fillStageMenu)) {
+    , m_fillStageMenu(std::move(fillStageMenu))
+    , m_holdInput(std::move(holdInput)) {
     setObjectName(QStringLiteral("frmStdList"));
     setWindowTitle(tr("Customize Standard List"));
     setModal(true);
@@ -154,7 +157,10 @@ void frmStdList::showEvent(QShowEvent* event) {
 }
 
 void frmStdList::done(int result) {
-    m_fillStageMenu();
+    {
+        const auto hold = m_holdInput(readingStandards());
+        m_fillStageMenu();
+    }
     QDialog::done(result);
 }
 
@@ -172,6 +178,7 @@ void frmStdList::SetupStdColumns() {
 }
 
 void frmStdList::FillStdList() {
+    const auto hold = m_holdInput(readingStandards());
     m_rows.clear();
     if (lvwStdEntries->columnCount() == 0) {
         SetupStdColumns();
@@ -212,6 +219,7 @@ std::vector<std::string> frmStdList::keys() const {
 }
 
 void frmStdList::SaveStdList() {
+    const auto hold = m_holdInput(tr("Storing the standards…"));
     const bool stored = m_list.store(keys());
     note(stored ? QString()
                 : tr("The host could not store all of the list. See the host's log; the next start tries it "

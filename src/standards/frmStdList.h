@@ -12,6 +12,7 @@
 #include <QTreeWidget>
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -50,8 +51,11 @@ class frmStdList final : public QDialog {
 public:
     /// addStandard lets the operator choose a file, appends it to the stored list and tells whether he did;
     /// fillStageMenu runs when the dialog closes.
+    /// holdInput keeps pointer and keys away and says what is going on, for as long as what it returns lives:
+    /// the host may take long to read or to store thousands of standards.
     frmStdList(StandardList& list, TnLibProxy& libProxy, std::function<bool()> addStandard,
-               std::function<void()> fillStageMenu, QWidget* owner);
+               std::function<void()> fillStageMenu,
+               std::function<std::shared_ptr<void>(const QString& what)> holdInput, QWidget* owner);
 
     /// File, X, Y and Z.
     void SetupStdColumns();
@@ -97,6 +101,7 @@ private:
     TnLibProxy& m_libProxy;
     std::function<bool()> m_addStandard;
     std::function<void()> m_fillStageMenu;
+    std::function<std::shared_ptr<void>(const QString& what)> m_holdInput;
     StandardRows m_rows;
     StandardReading m_reading;
 };

@@ -32,7 +32,8 @@ struct EveryWindow : WindowRig {
         window().tbMain->customize();
         list = std::make_unique<StandardList>(host.tn_reg(), host.tn_lib_proxy());
         standardList = std::make_unique<frmStdList>(
-            *list, host.tn_lib_proxy(), [] { return false; }, [] {}, &window());
+            *list, host.tn_lib_proxy(), [] { return false; }, [] {},
+            [](const QString& /*what*/) { return nullptr; }, &window());
         standardList->show();
         QCoreApplication::processEvents();
     }

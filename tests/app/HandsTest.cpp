@@ -2,9 +2,14 @@
 
 #include "display/TwipsGeometry.h"
 #include "setup/frmSetup.h"
+#include "standards/frmStdList.h"
 #include "tests/app/WindowRig.h"
 
 #include <QMessageBox>
+#include <QTimer>
+
+#include <map>
+#include <set>
 
 using namespace ocuva;
 using testing::ElementsAre;
@@ -140,6 +145,40 @@ TEST_F(InputDuringACall, IsDroppedWhileTheBoardIsPutUpOrDown) {
     page.cmdShut->click();
     EXPECT_EQ(said, "Shutting the board down…");
     EXPECT_THAT(moves(), IsEmpty());
+}
+
+TEST_F(InputDuringACall, IsDroppedWhileTheListOfStandardsIsReadOrStored) {
+    for (const char* name : {"/std/Gold.std", "/std/Pyrite.std"}) {
+        host.dbObjects[name] = {1, 2, 3};
+        window().standards().list().AppendStandard(name, false);
+    }
+    std::map<std::string, std::set<std::string>> said; // during the calls of each name
+    host.onCall = [&](const std::string& name) {
+        said[name].insert(panel("Info"));
+        if (name == "TarnDbObjectRead" || name == "TarnRegisterSetString") {
+            EXPECT_NE(QGuiApplication::overrideCursor(), nullptr) << name;
+            QTest::mouseClick(up(), Qt::LeftButton);
+            QTest::keyClick(QApplication::activeWindow(), Qt::Key_Escape);
+        }
+    };
+    int opened = 0;
+    QTimer::singleShot(0, &window(), [&opened] {
+        auto* const dialog = qobject_cast<frmStdList*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        opened = dialog->rows().count();
+        dialog->lvwStdEntries->topLevelItem(1)->setSelected(true);
+        dialog->cmdUp->click();
+        dialog->accept();
+    });
+    action("mnuSetup")->trigger();
+    window().setupDialog()->stagePage->cmdStandardSort->click();
+    host.onCall = {};
+    EXPECT_EQ(opened, 2);
+    EXPECT_THAT(said["TarnDbObjectRead"], ElementsAre("Reading the standards…"));
+    EXPECT_THAT(said["TarnRegisterSetString"], ElementsAre("Storing the standards…"));
+    EXPECT_THAT(moves(), IsEmpty());
+    EXPECT_THAT(panel("Info"), Not(HasSubstr("standards")));
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(Hands, AfterASearchThePanelSaysFromWhereToWhereZWent) {

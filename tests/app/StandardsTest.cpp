@@ -100,7 +100,8 @@ struct StandardListDialog : StandardsRig {
                 }
                 return !chosen.empty();
             },
-            [this] { ++menusFilled; }, &window());
+            [this] { ++menusFilled; }, [this](const QString& what) { return window().holdInput(what); },
+            &window());
         dialog->show();
     }
     std::string noteText() const { return dialog->lblStdNote->text().toStdString(); }
