@@ -45,7 +45,7 @@ std::error_code AsideFile::create() {
         m_path = asideName(m_target, asideKind, randomDigits());
         m_file = RegularFile::createNew(m_path, replacesOne, error);
         if (m_file.isOpen()) {
-            std::error_code noLock; // a disk without locks: then nobody removes what is left behind
+            std::error_code noLock; // on a disk without locks nobody removes leftovers
             m_file.tryLock(noLock);
             if (m_file.hasName()) {
                 return m_file.takeRightsOf(m_target);
@@ -75,7 +75,7 @@ std::error_code AsideFile::moveIntoPlace() {
 
 void AsideFile::closeToMove() {
 #ifdef _WIN32
-    m_file.close(); // not every file system there renames an open file
+    m_file.close(); // not every file system renames open files
 #endif
 }
 
@@ -95,7 +95,7 @@ std::error_code FormerFile::moveAway() {
     }
     removeLeftovers(m_target);
     std::error_code error;
-    // Asked beforehand: Windows' rename tells a file that is not there like a disk that fails.
+    // Checked first: on Windows, rename reports a missing file like a failing disk.
     if (!fs::exists(fs::symlink_status(m_target, error))) {
         return {};
     }

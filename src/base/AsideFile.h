@@ -1,10 +1,11 @@
 #pragma once
-// A file that is prepared next to its place and moved there when it is complete, so that what was there
-// before stays whole until then; and the other way round, a file that is taken out of the way for a while.
+// AsideFile prepares a new file in the target's folder and moves it into place when it is complete, so
+// that the previous file stays whole until then. FormerFile does the opposite: it moves a file out of the
+// way for a while.
 //
-// Both have a name in the target's folder that nobody can guess and that is made from the target's:
-// "Video.tif.ocuva-<24 hexadecimal digits>.aside". While its program runs, such a file is locked. So what a
-// program that was killed left behind can be told from a file that is in use, and from somebody else's.
+// Both have a name in the target's folder that nobody can guess and that is derived from the target's
+// name: "Video.tif.ocuva-<24 hexadecimal digits>.aside". The file is locked while its program runs. So
+// leftovers of a killed program can be distinguished from a file in use and from somebody else's file.
 
 #include "base/RegularFile.h"
 
@@ -16,37 +17,37 @@
 
 namespace ocuva {
 
-/// A new file for a target, of the user's own. Whatever it holds is removed at the end, unless it was moved
-/// into place. One thread.
+/// A new file for a target, owned by the user. The destructor removes it unless it was moved into place.
+/// For one thread.
 class AsideFile {
 public:
-    /// Makes nothing yet. The target's folder has to be there when the file is made.
+    /// Creates nothing yet. The target's folder must exist when create() is called.
     explicit AsideFile(std::filesystem::path target);
     ~AsideFile();
     AsideFile(const AsideFile&) = delete;
     AsideFile& operator=(const AsideFile&) = delete;
 
-    /// Removes what dead programs left of this target and makes the file, empty, open for reading and
-    /// writing, and with the access rights of the one that it is to replace. Refused where the target cannot
-    /// be replaced. Once.
+    /// Removes leftovers of killed programs for this target and creates the file: empty, open for reading
+    /// and writing, with the access rights of the file that it is to replace. Fails if the target cannot
+    /// be replaced. To be called once.
     [[nodiscard]] std::error_code create();
 
-    /// What was made. A writer that needs a number of its own takes a copy.
+    /// The created file. A writer that needs a descriptor of its own takes a copy.
     const RegularFile& file() const { return m_file; }
-    /// Where the file goes in the end, as it was given.
+    /// The target as passed to the constructor.
     const std::filesystem::path& target() const { return m_target; }
-    /// Its name until then; empty before it is made and once it is in place.
+    /// The temporary name; empty before create() and after the move into place.
     const std::filesystem::path& path() const { return m_path; }
 
-    /// Puts the file where a regular file or nothing is. On an error nothing has changed.
+    /// Moves the file into place, where a regular file or nothing may be. On an error nothing has changed.
     [[nodiscard]] std::error_code moveIntoPlace();
 
-    /// The same, but only in the place of a file that holds `former`, or of none at all; else nothing has
-    /// changed and the error is std::errc::operation_canceled. `content` is what was written. The two files
-    /// are exchanged in one step, and somebody else's that comes back is put where it was: there is no moment
-    /// at which a change of his is lost, and none without a file at the target. A program that is killed in
-    /// between leaves it for finishSwaps. On disks and systems that cannot exchange two files the target is
-    /// looked at right before the move. One caller at a time (hold a FileLock).
+    /// Moves the file into place only if the target holds `former`, or does not exist if `former` is
+    /// empty. Otherwise nothing changes and the error is std::errc::operation_canceled. `content` is what
+    /// was written. The two files are exchanged in one step, and a file that somebody else wrote in the
+    /// meantime is put back: no change of his is lost, and the target always exists. If the program is
+    /// killed in between, finishSwaps completes this. On disks and systems that cannot exchange two files,
+    /// the target is checked right before the move. One caller at a time (hold a FileLock).
     [[nodiscard]] std::error_code moveIntoPlaceOf(const std::optional<std::string>& former,
                                                   std::string_view content);
 
@@ -58,7 +59,8 @@ private:
     RegularFile m_file;
 };
 
-/// What is at a target, out of the way: put back at the end, unless it was dropped. One thread.
+/// Moves the file at a target out of the way. The destructor puts it back unless drop() was called. For
+/// one thread.
 class FormerFile {
 public:
     /// Moves nothing yet.
@@ -67,11 +69,12 @@ public:
     FormerFile(const FormerFile&) = delete;
     FormerFile& operator=(const FormerFile&) = delete;
 
-    /// Removes what dead programs left of this target, and moves the target away. No error where there is
-    /// nothing. On an error, such as for what is not a regular file, nothing has changed.
+    /// Removes leftovers of killed programs for this target, and moves the target away. It is no error if
+    /// the target does not exist. On an error, for example because the target is not a regular file,
+    /// nothing has changed.
     [[nodiscard]] std::error_code moveAway();
 
-    /// Removes it for good.
+    /// Deletes the file that was moved away.
     void drop();
 
 private:
@@ -80,20 +83,21 @@ private:
     RegularFile m_file;
 };
 
-/// Gives the file this content as a whole or not at all: written aside, brought to the disk, moved into
-/// place.
+/// Replaces the file's content as a whole or not at all: writes a temporary file, flushes it to the disk
+/// and moves it into place.
 [[nodiscard]] std::error_code replaceFile(const std::filesystem::path& file, std::string_view content);
 
-/// The same with AsideFile::moveIntoPlaceOf, after finishSwaps.
+/// The same with AsideFile::moveIntoPlaceOf, after a call of finishSwaps.
 [[nodiscard]] std::error_code replaceFileThatHolds(const std::optional<std::string>& former,
                                                    const std::filesystem::path& file,
                                                    std::string_view content);
 
-/// Looks for what a program left of this target that was killed in moveIntoPlaceOf. Somebody else's file that
-/// was still to be put back is put back, unless the target has been written since. One caller at a time.
+/// Cleans up after a program that was killed in moveIntoPlaceOf for this target. A file of somebody else
+/// that was still to be put back is put back, unless the target has been written since. One caller at a
+/// time.
 void finishSwaps(const std::filesystem::path& target);
 
-/// Whether this is the name of a file aside, a former file or one left by a swap, of whichever target.
+/// Whether this is the temporary name of any target: of a file being prepared, moved away or exchanged.
 bool isAsideName(std::string_view name);
 
 } // namespace ocuva

@@ -17,7 +17,7 @@ namespace fs = std::filesystem;
 
 constexpr std::string_view mark = ".ocuva-";
 constexpr std::size_t checkDigits = 8;
-constexpr std::size_t longestStem = 200; // file systems take names of 255 bytes
+constexpr std::size_t longestStem = 200; // file systems allow names of 255 bytes
 
 std::uint64_t randomNumber() {
     static std::atomic<std::uint64_t> calls{0};
@@ -26,7 +26,7 @@ std::uint64_t randomNumber() {
         std::random_device source;
         return ((static_cast<std::uint64_t>(source()) << 32) | source()) ^ time;
     } catch (const std::exception&) {
-        return time * 0x9e3779b97f4a7c15u + ++calls; // a name that is taken is tried again
+        return time * 0x9e3779b97f4a7c15u + ++calls; // different for each attempt
     }
 }
 
@@ -39,13 +39,13 @@ std::string checkOf(const std::string& target, std::string_view digits) {
     return hexadecimal(hashOf(target, digits), checkDigits);
 }
 
-/// All names aside of a target begin with it.
+/// The beginning of all temporary names of a target.
 std::string headOf(const std::string& target) {
     std::size_t length = target.size();
     if (length > longestStem) {
         length = longestStem;
         while (length > 0 && (static_cast<unsigned char>(target[length]) & 0xc0u) == 0x80u) {
-            --length; // not within a letter
+            --length; // not within a character
         }
     }
     return target.substr(0, length) + std::string(mark);
@@ -107,7 +107,7 @@ void forEachLeftover(const fs::path& target, const AsideKind& kind,
     const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
     std::error_code error;
     std::string digits;
-    std::vector<std::pair<fs::path, std::string>> found; // first, as `what` changes the folder
+    std::vector<std::pair<fs::path, std::string>> found; // collected first, because `what` changes the folder
     fs::directory_iterator entry(folder, error);
     for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
         if (isAsideNameOf(target, kind, entry->path().filename(), &digits) && isLeftBehind(entry->path())) {

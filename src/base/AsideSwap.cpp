@@ -1,8 +1,9 @@
-// How a file aside is exchanged with a target that somebody else may change at any moment.
+// Exchanges a temporary file with a target that somebody else may change at any moment.
 //
-// The name of a file while it is exchanged holds, besides random digits, the hashes of what the target is to
-// hold before and after. A killed program leaves one of three: what it had prepared or what it had replaced,
-// which the hashes recognise and which are removed; or somebody else's file, which was still to be put back.
+// During the exchange the name of the temporary file contains, besides random digits, the hashes of the
+// target's content before and after. A killed program leaves one of three things: the new content or the
+// replaced one, which the hashes identify and which is removed; or somebody else's file that was still to
+// be put back.
 
 #include "base/AsideFile.h"
 #include "base/AsideName.h"
@@ -20,16 +21,16 @@ constexpr std::size_t hashDigits = 8;
 
 std::string hashDigitsOf(std::string_view content) { return hexadecimal(hashOf(content), hashDigits); }
 
-/// An editor that has opened a file writes to it under whatever name, and with as many writes as it likes.
+/// An editor that has opened a file writes to it under any name, in any number of writes.
 void waitForWriter(const RegularFile& file) {
-    constexpr int looks = 20; // somebody may keep it open for good
+    constexpr int looks = 20; // somebody may keep it open forever
     constexpr std::chrono::milliseconds pause(10);
     for (int n = 0; n < looks && file.isBeingWritten(); ++n) {
         std::this_thread::sleep_for(pause);
     }
 }
 
-/// Nothing of what is absent, no regular file or not to be read.
+/// Nothing if the file is missing, not a regular file or unreadable.
 std::optional<std::string> contentOf(const fs::path& file) {
     constexpr std::size_t maxBytes = 64u * 1024u * 1024u;
     std::error_code error;
@@ -56,11 +57,11 @@ void removeQuietly(const fs::path& file) {
 
 std::error_code changedMeanwhile() { return std::make_error_code(std::errc::operation_canceled); }
 
-/// Exchanges the two until what comes back is what the target was believed to hold. Each time it is not,
-/// somebody else was quicker, and his file goes back to where it was.
+/// Exchanges the two files until the file that comes back holds what the target was expected to hold.
+/// Otherwise somebody else has written it in the meantime, and his file goes back to where it was.
 std::error_code swapUntilKnown(const fs::path& aside, const fs::path& target,
                                std::optional<std::string> believed, std::optional<std::string> put) {
-    constexpr int most = 100; // nobody is that quick so often; what is aside then stays
+    constexpr int most = 100; // nobody writes that often; the temporary file then stays
     for (int n = 0; n < most; ++n) {
         if (const std::error_code error = exchangeNames(aside, target)) {
             if (n == 0) {

@@ -5,8 +5,8 @@
 
 namespace ocuva {
 
-/// Asks again and again: a wait inside the system could not be given an end, and a holder that was stopped in
-/// a debugger would hang everybody.
+/// Polls: a wait inside the system cannot be limited in time, and a holder stopped in a debugger would
+/// block everybody.
 FileLock::FileLock(const std::filesystem::path& file, std::chrono::milliseconds patience) {
     std::error_code error;
     m_file = RegularFile::openToLock(file, error);

@@ -1,5 +1,5 @@
 #pragma once
-// Mutual exclusion between processes, and between threads that each make a lock of their own.
+// Mutual exclusion between processes, and between threads that each create a lock object.
 
 #include "base/RegularFile.h"
 
@@ -9,21 +9,22 @@
 
 namespace ocuva {
 
-/// Holds an exclusive advisory lock on a file from construction to destruction. The system frees the lock of
-/// a process that dies. The file is made where needed and stays: removing it would let two holders in.
+/// Holds an exclusive advisory lock on a file from construction to destruction. The system releases the
+/// lock of a process that ends. The file is created if necessary and stays: removing it could admit two
+/// holders.
 class FileLock {
 public:
-    /// Waits for the lock, but not longer than patience; then, or when the name is no regular file or it
-    /// cannot be opened, it is not held.
+    /// Waits for the lock at most for `patience`. The lock is not held if this time runs out, or if the
+    /// file is not regular or cannot be opened.
     FileLock(const std::filesystem::path& file, std::chrono::milliseconds patience);
 
-    /// For as long as the object lives, once it is.
+    /// If true, it stays true for the life of the object.
     bool held() const { return m_problem.empty(); }
 
-    /// Why it is not held, one clause; empty when it is.
+    /// The reason why it is not held, as a clause; empty if it is held.
     const std::string& problem() const { return m_problem; }
 
-    /// Whether a living process keeps it, as opposed to one that cannot be had at all.
+    /// Whether a running process holds it; false if the lock cannot be obtained at all.
     bool isBusy() const { return m_busy; }
 
 private:

@@ -20,7 +20,7 @@ fs::path withEnding(const fs::path& file, const std::string& ending) {
 
 fs::path numbered(const fs::path& file, int number) { return withEnding(file, '.' + std::to_string(number)); }
 
-/// From the first gap on nothing needs to move: one is there when a process was killed between two moves.
+/// Files after the first gap need not be moved. A gap exists if a process was killed between two moves.
 int firstFree(const fs::path& file, int kept) {
     std::error_code error;
     int number = 1;
@@ -30,7 +30,7 @@ int firstFree(const fs::path& file, int kept) {
     return number;
 }
 
-/// Whether it is moved: what is not a regular file is never replaced.
+/// Whether it was moved; only a regular file is replaced.
 bool move(const fs::path& from, const fs::path& to) {
     std::error_code error = replaceable(to);
     if (!error) {
@@ -69,7 +69,7 @@ void rotateWhenFull(const fs::path& file, std::uintmax_t addedBytes, const FileL
         return;
     }
     const FileLock lock(withEnding(real, ".lock"), std::chrono::milliseconds(0));
-    // Whoever held the lock a moment ago has moved the file already.
+    // The previous holder of the lock may have moved the file already.
     if (lock.held() && isFull(real, addedBytes, limit)) {
         moveOn(real, limit.kept);
     }

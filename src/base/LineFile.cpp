@@ -29,14 +29,14 @@ void LineFile::complain(const std::string& trouble) {
     if (m_complained) {
         return;
     }
-    m_complained = true; // first: what is told may be a line for this very file
+    m_complained = true; // set first: the complaint may write a line to this very file
     if (m_complain) {
         const std::u8string name = m_file.u8string();
         m_complain(std::string(name.begin(), name.end()) + ' ' + trouble);
     }
 }
 
-/// The file is closed while it is moved, as some systems move no open one.
+/// Closes the file before renaming it, because some systems cannot rename open files.
 std::error_code LineFile::makeRoom(std::size_t addedBytes) {
     if (!m_open.isOpen()) {
         return reopen();
@@ -58,7 +58,7 @@ std::error_code LineFile::writeLine(std::string_view line) {
     if (!m_header.empty() && m_open.size() == 0) {
         whole = m_header + std::string(line);
     } else if (m_torn) {
-        // After a disk was full for a while the broken line must not spoil the one that follows it.
+        // A line that was cut off by a full disk must not spoil the next one.
         whole = '\n' + std::string(line);
     }
     return writeWhole(whole.empty() ? line : whole);

@@ -1,5 +1,5 @@
 #pragma once
-// A file of lines that only grows: a log, a trace, a journal.
+// A file to which lines are appended: a log, a trace, a journal.
 
 #include "base/FileRotation.h"
 #include "base/RegularFile.h"
@@ -13,37 +13,37 @@
 
 namespace ocuva {
 
-/// Appends lines to a regular file. Each line is handed to the operating system in one unbuffered write
-/// before writeLine returns, so that it can be read however the program ends, and lines of several programs
-/// never mix. Nothing is ever waited for. Any thread.
+/// Appends lines to a regular file. Each line is passed to the operating system in one unbuffered write
+/// before writeLine returns, so it is not lost however the program ends, and lines of several programs do
+/// not mix. Nothing is waited for. Any thread.
 ///
-/// A full file is moved away (base/FileRotation.h) and a new one begun; so it is when another program that
-/// writes into the same file has moved it, or somebody has deleted it. What cannot be written is lost; the
-/// file is tried again with each line, so that lines go on when the trouble is over.
+/// A full file is renamed (base/FileRotation.h) and a new one begun; the same happens if another program
+/// has renamed the file or somebody has deleted it. A line that cannot be written is lost; the next line
+/// tries the file again.
 class LineFile {
 public:
-    /// Takes one clause that begins with the name of the file, UTF-8, and says what is wrong with it.
+    /// Receives a clause in UTF-8 that begins with the file's name and says what is wrong.
     using Complaint = std::function<void(const std::string&)>;
 
-    /// The file is opened or made with the first line; the lines in it stay. `complain` is called once for
-    /// each time that the file cannot be written, until it can again; it must not write into this object.
-    /// `header`, ended with its line feed, is at the beginning of each file that is begun.
+    /// The first line opens or creates the file; existing lines stay. `complain` is called once each time
+    /// writing begins to fail; it must not write to this object. `header`, with its line feed, begins each
+    /// new file.
     explicit LineFile(std::filesystem::path file, const FileLimit& limit = {}, Complaint complain = {},
                       std::string header = {});
 
-    /// Opens or makes the file without a line.
+    /// Opens or creates the file without writing a line.
     std::error_code open();
 
-    /// Whether the line before had a file to go into.
+    /// Whether the file was open for the previous line.
     bool isOpen() const { return m_open.isOpen(); }
 
-    /// `line` ends with its line feed. What went wrong, or no error.
+    /// Writes a line, which ends with a line feed. Returns the error, if any.
     std::error_code writeLine(std::string_view line);
 
-    /// From the next line on; not while another thread writes.
+    /// Takes effect with the next line. Not to be called while another thread writes.
     void limitTo(const FileLimit& limit) { m_limit = limit; }
 
-    /// As given at its making.
+    /// As passed to the constructor.
     const std::filesystem::path& path() const { return m_file; }
 
 private:
@@ -58,7 +58,7 @@ private:
     std::string m_header;
     std::mutex m_mutex;
     RegularFile m_open;
-    bool m_torn = false; ///< the last line could be written in part only
+    bool m_torn = false; ///< only part of the last line could be written
     bool m_complained = false;
 };
 

@@ -1,6 +1,6 @@
 #pragma once
-// The program's numeric conversions: every float becomes a whole number by rounding half to even, and
-// whatever does not fit is an error, never a wrapped value.
+// The program's numeric conversions. Floating-point numbers are rounded half to even, and a value that
+// does not fit is an error, never a wrapped value.
 
 #include "base/Types.h"
 
@@ -8,7 +8,7 @@
 
 namespace ocuva {
 
-/// A result that its type cannot hold, or that is not a number. The text says which conversion failed.
+/// A result that its type cannot hold, or that is not a number. The text names the failed conversion.
 class ArithmeticError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
@@ -24,7 +24,7 @@ Integer toInteger(double value);
 /// The nearest 32-bit float. Throws ArithmeticError for NaN and for values beyond its range.
 Single toSingle(double value);
 
-/// 32-bit sum, difference and change of sign; each throws ArithmeticError where the result leaves 32 bits.
+/// 32-bit sum, difference and negation. Each throws ArithmeticError if the result does not fit.
 Long checkedAdd(Long a, Long b);
 Long checkedSubtract(Long a, Long b);
 Long checkedNegate(Long a);

@@ -1,5 +1,5 @@
 #pragma once
-// Who we are: the names that stores, registry keys and windows are formed from.
+// The product's names, from which stores, registry keys and windows are named.
 
 namespace ocuva {
 
@@ -7,7 +7,7 @@ namespace ocuva {
 /// layout.
 inline constexpr const char* productTitle = "Ocuva";
 
-/// The name of the desktop entry, by which a desktop knows the program's windows.
+/// The name of the desktop entry, which relates the program's windows to it.
 inline constexpr const char* productDesktopId = "org.ocuva.ocuva";
 
 /// Shown on the splash window and in the about box.

@@ -1,7 +1,7 @@
 #pragma once
-// The one place where files are opened. A name that the program expects to be a file may be something else: a
-// pipe that nobody writes to, a device, a folder, a link that somebody planted. What is not a regular file is
-// neither waited for nor read nor written.
+// The only place where files are opened. A name that should be a file may be something else: a pipe
+// without a writer, a device, a folder, or a planted link. Anything but a regular file is neither waited
+// for nor read nor written.
 
 #include <cstddef>
 #include <cstdint>
@@ -13,23 +13,23 @@
 
 namespace ocuva {
 
-/// Why a file is left alone, where the system itself would have let us.
+/// The reasons for which the program itself refuses a file that the system would open.
 enum class FileRefusal { notRegular = 1, link, writeProtected, tooLarge };
 
 /// Its message() is a clause such as "It is not a regular file".
 std::error_code make_error_code(FileRefusal refusal);
 
-/// An open regular file, closed at the end. Never blocks on opening, is not inherited by other programs, and
-/// may be renamed or removed while it is open, on every system.
+/// An open regular file; the destructor closes it. Opening never blocks, other programs do not inherit the
+/// file, and it may be renamed or removed while it is open, on every system.
 ///
-/// Each way of opening gives a file that is not open, and the reason in `error`, where the name is no regular
-/// file or the system refuses it.
+/// If the name is not a regular file or the system refuses it, the opening functions return a file that is
+/// not open, and `error` has the reason.
 class RegularFile {
 public:
     /// Not open.
     RegularFile() = default;
     ~RegularFile() { close(); }
-    /// The file moves; the other one is not open any more.
+    /// The moved-from object is not open.
     ///@{
     RegularFile(RegularFile&& other) noexcept;
     RegularFile& operator=(RegularFile&& other) noexcept;
@@ -39,54 +39,55 @@ public:
 
     /// Links are followed.
     static RegularFile openToRead(const std::filesystem::path& file, std::error_code& error);
-    /// Makes the file where needed; each write goes to its end. A link is followed only when it is the user's
-    /// own or the administrator's, and leads to a file that is there.
+    /// Creates the file if necessary; each write appends. A link is followed only if it belongs to the
+    /// user or the administrator and leads to an existing file.
     static RegularFile openToAppend(const std::filesystem::path& file, std::error_code& error);
-    /// To be locked: makes the file where needed. No link is followed.
+    /// Opens a file for locking and creates it if necessary. Links are not followed.
     static RegularFile openToLock(const std::filesystem::path& file, std::error_code& error);
-    /// Only under a name that is free; nothing is followed or overwritten. `forOwnerOnly`: nobody else may
-    /// read it, until its rights are changed.
+    /// Creates a file if the name is free; nothing is followed or overwritten. With `forOwnerOnly` nobody
+    /// else may read it until its rights are changed.
     static RegularFile createNew(const std::filesystem::path& file, bool forOwnerOnly,
                                  std::error_code& error);
 
-    /// Whether there is a file to read or write.
+    /// Whether the file is open.
     bool isOpen() const { return m_descriptor >= 0; }
-    /// For libraries that do not close it; this object goes on owning it. -1 when it is not open.
+    /// For libraries that do not close it; this object still owns it. -1 if it is not open.
     int descriptor() const { return m_descriptor; }
-    /// What libtiff's TIFFFdOpen takes, a number of its own that the receiver closes; -1 on an error.
+    /// A descriptor for libtiff's TIFFFdOpen, which then closes it; -1 on an error.
     int numberForTiff() const;
-    /// Closes such a number that the library did not want.
+    /// Closes a descriptor from numberForTiff that libtiff did not accept.
     static void closeNumber(int number);
-    /// Early; the destructor does it otherwise.
+    /// Closes the file before the destructor does.
     void close();
 
-    /// Bytes; 0 where the system does not tell.
+    /// In bytes; 0 if the system does not report it.
     std::uintmax_t size() const;
-    /// The next read begins at the first byte.
+    /// Moves the read position to the first byte.
     void rewind() const;
-    /// What is there from the present place on, at most so many bytes.
+    /// Reads at most this many bytes from the current position. Returns the number of bytes read.
     std::size_t read(char* buffer, std::size_t bytes, std::error_code& error) const;
-    /// All from the present place on. Nothing, with the reason, when it cannot be read or is longer than
-    /// that.
+    /// Reads everything from the current position. Empty, with the reason, if the file cannot be read or
+    /// is longer than maxBytes.
     std::optional<std::string> readAll(std::size_t maxBytes, std::error_code& error) const;
-    /// The number of bytes written: fewer than all only with a reason.
+    /// Returns the number of bytes written; if it is smaller than the text, `error` has the reason.
     std::size_t write(std::string_view bytes, std::error_code& error) const;
-    /// Returns when what was written is on the disk.
+    /// Returns once everything written is on the disk.
     std::error_code flushToDisk() const;
 
-    /// Takes an exclusive lock, for as long as the file is open, without waiting. An advisory one; the system
-    /// frees the lock of a process that dies. Without an error it was taken, or (false) somebody has it.
+    /// Tries to take an exclusive advisory lock, without waiting; it is held while the file is open, and
+    /// the system releases it if the process ends. Returns whether it was taken; false without an error if
+    /// somebody else holds it.
     bool tryLock(std::error_code& error) const;
-    /// Whether that name still stands for this file.
+    /// Whether that name still refers to this file.
     bool isStillAt(const std::filesystem::path& file) const;
-    /// Whether it has a name at all; where a system cannot tell, it has.
+    /// Whether the file still has a name; true if the system cannot tell.
     bool hasName() const;
-    /// Whether somebody has it open for writing; where a system or a disk cannot tell, nobody has. For a file
-    /// that is open to read.
+    /// Whether somebody has the file open for writing; false if the system or the disk cannot tell. For a
+    /// file opened for reading.
     bool isBeingWritten() const;
-    /// Whether the user owns it and it has no second name.
+    /// Whether the user owns the file and it has only one name.
     bool isOwn() const;
-    /// Gives it the access rights of the file of that name, where there is one.
+    /// Copies the access rights of that file, if it exists.
     std::error_code takeRightsOf(const std::filesystem::path& file) const;
 
 private:
@@ -97,12 +98,12 @@ private:
     int m_descriptor = -1; ///< of the C library, on every system
 };
 
-/// No error when a file may be put under that name: nothing is there, or a regular file that the user may
-/// write. A link, wherever it leads, is not replaced.
+/// No error if a file may be put under that name: it does not exist, or it is a regular file that the user
+/// may write. A link is never replaced, wherever it leads.
 std::error_code replaceable(const std::filesystem::path& target);
 
-/// Each file gets the other's name, in one step. std::errc::not_supported where the system or the disk has no
-/// such step; any other error is the system's, such as for a name that is not there.
+/// Exchanges the names of two files in one step. std::errc::not_supported if the system or the disk cannot
+/// do this; other errors are the system's, for example if a name does not exist.
 std::error_code exchangeNames(const std::filesystem::path& one, const std::filesystem::path& other);
 
 /// Renames a file unless the new name is taken: std::errc::file_exists.

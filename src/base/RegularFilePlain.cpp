@@ -1,4 +1,4 @@
-// How regular files are opened where the system is not Windows.
+// Opening of regular files on systems other than Windows.
 
 #include "base/RegularFile.h"
 
@@ -16,16 +16,16 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr mode_t rightsOfAny = 0666; // less what the user's mask takes
+constexpr mode_t rightsOfAny = 0666; // reduced by the user's mask
 constexpr mode_t rightsOfOwner = 0600;
 constexpr mode_t allRights = 07777;
 
-// O_NONBLOCK lets the opening of a pipe fail instead of waiting for its other end.
+// With O_NONBLOCK, opening a pipe fails instead of waiting for its other end.
 constexpr int always = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
 
 std::error_code lastError() { return {errno, std::generic_category()}; }
 
-/// A folder in the system's words, anything else in ours.
+/// The system's error for a folder, the program's own for anything else.
 std::error_code refusalOf(mode_t type) {
     return S_ISDIR(type) ? std::make_error_code(std::errc::is_a_directory)
                          : make_error_code(FileRefusal::notRegular);
@@ -38,7 +38,7 @@ bool isTrustedOwner(uid_t owner) { return owner == ::geteuid() || owner == 0; }
 RegularFile RegularFile::openExisting(const fs::path& file, int way, std::error_code& error) {
     error.clear();
     struct stat about {};
-    // Asked first: with some devices the mere opening does something.
+    // Checked first: merely opening some devices has an effect.
     if (::stat(file.c_str(), &about) == 0 && !S_ISREG(about.st_mode)) {
         error = refusalOf(about.st_mode);
         return {};
@@ -159,8 +159,8 @@ bool RegularFile::hasName() const {
 
 bool RegularFile::isBeingWritten() const {
 #ifdef F_SETLEASE
-    // A lease is granted only while nobody writes. Who opens the file while it is held has the holder
-    // signalled; by default that signal would end the program.
+    // A lease is granted only while nobody writes. A program that opens the file during the lease causes a
+    // signal to the holder, which by default would end this program.
     if (::fcntl(m_descriptor, F_SETSIG, SIGURG) == 0 && ::fcntl(m_descriptor, F_SETLEASE, F_RDLCK) != 0) {
         return errno == EAGAIN;
     }
@@ -185,7 +185,7 @@ std::error_code RegularFile::takeRightsOf(const fs::path& file) const {
 std::error_code replaceable(const fs::path& target) {
     struct stat about {};
     if (::lstat(target.c_str(), &about) != 0) {
-        return {}; // nothing is there, or the folder refuses the new file in its own words
+        return {}; // does not exist, or creating the new file will fail
     }
     if (S_ISLNK(about.st_mode)) {
         return FileRefusal::link;
@@ -193,7 +193,8 @@ std::error_code replaceable(const fs::path& target) {
     if (!S_ISREG(about.st_mode)) {
         return refusalOf(about.st_mode);
     }
-    // The administrator may write everything, and is held back by the owner's wish alone.
+    // The administrator may write everything; only the owner's write permission protects the file from
+    // him.
     const bool mayWrite = (about.st_mode & S_IWUSR) != 0 &&
                           (::faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) == 0 || errno != EACCES);
     return mayWrite ? std::error_code() : make_error_code(FileRefusal::writeProtected);
@@ -209,7 +210,7 @@ std::error_code renameWith(const fs::path& from, const fs::path& to, unsigned wa
     if (::renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), way) == 0) {
         return {};
     }
-    // A disk that does not know the flag calls it invalid, an old system does not know the call.
+    // A disk that does not support the flag calls it invalid, an old system does not know the call.
     const bool isUnknown = errno == EINVAL || errno == ENOSYS || errno == ENOTSUP;
     return isUnknown ? std::make_error_code(std::errc::not_supported) : lastError();
 }

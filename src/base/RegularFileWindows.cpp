@@ -1,4 +1,4 @@
-// How regular files are opened on Windows.
+// Opening of regular files on Windows.
 
 #include "base/RegularFile.h"
 
@@ -13,14 +13,14 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr DWORD sharedByAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-// Locks hold against reading and writing here: they lie where no byte is.
+// Windows locks prevent reading and writing, so the lock is put where the file has no bytes.
 constexpr DWORD lockPlace = 0x7fffffff;
 
 std::error_code lastError() { return {static_cast<int>(GetLastError()), std::system_category()}; }
 
 HANDLE handleOf(int descriptor) { return reinterpret_cast<HANDLE>(_get_osfhandle(descriptor)); }
 
-/// The descriptor of the C library for a handle, which it owns from then on; -1 with the reason.
+/// The C library's descriptor for a handle, which it then owns; -1 with the reason.
 int descriptorOf(HANDLE handle, int flags, std::error_code& error) {
     if (handle == INVALID_HANDLE_VALUE) {
         error = lastError();
@@ -66,7 +66,7 @@ RegularFile RegularFile::openToLock(const fs::path& file, std::error_code& error
 }
 
 RegularFile RegularFile::createNew(const fs::path& file, bool /*forOwnerOnly*/, std::error_code& error) {
-    error.clear(); // the folder gives the rights here
+    error.clear(); // on Windows the folder determines the rights
     return RegularFile(descriptorOf(open(file, GENERIC_READ | GENERIC_WRITE, CREATE_NEW), _O_RDWR, error));
 }
 
@@ -76,7 +76,7 @@ int RegularFile::numberForTiff() const {
                          DUPLICATE_SAME_ACCESS)) {
         return -1;
     }
-    // The library takes the lower half; the system promises that the upper one means nothing.
+    // libtiff takes the lower half of the handle; the upper half is guaranteed to be insignificant.
     return static_cast<int>(reinterpret_cast<std::intptr_t>(copy));
 }
 
@@ -179,7 +179,7 @@ std::error_code RegularFile::takeRightsOf(const fs::path& /*file*/) const { retu
 std::error_code replaceable(const fs::path& target) {
     const DWORD attributes = GetFileAttributesW(target.c_str());
     if (attributes == INVALID_FILE_ATTRIBUTES) {
-        return {}; // nothing is there, or the folder refuses the new file in its own words
+        return {}; // does not exist, or creating the new file will fail
     }
     if ((attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0) {
         return FileRefusal::link;
@@ -195,7 +195,7 @@ std::error_code replaceable(const fs::path& target) {
 }
 
 std::error_code exchangeNames(const fs::path& /*one*/, const fs::path& /*other*/) {
-    // ReplaceFileW takes several steps, with a moment at which the name is free.
+    // ReplaceFileW takes several steps, and for a moment the name is free.
     return std::make_error_code(std::errc::not_supported);
 }
 

@@ -24,7 +24,7 @@ std::string_view trimmed(std::string_view text) {
     return text;
 }
 
-// The longest start of the text that is a number, and that number.
+// The longest beginning of the text that is a number, and that number.
 struct Prefix {
     std::size_t length = 0; // 0: the text does not begin with a number
     double value = 0.0;
@@ -32,7 +32,7 @@ struct Prefix {
 
 Prefix scan(std::string_view text) {
     std::size_t at = !text.empty() && (text[0] == '-' || text[0] == '+') ? 1 : 0;
-    std::string plain; // without a plus sign and with a point, as from_chars wants it
+    std::string plain; // without a plus sign and with a point, as from_chars requires
     bool hasDigit = false;
     bool hasPoint = false;
     for (; at < text.size(); ++at) {

@@ -1,5 +1,5 @@
 #pragma once
-// The scalar types that cross the boundary to the host and that the windows' lengths are kept in.
+// The scalar types of the host boundary and of the windows' lengths.
 
 #include <cstdint>
 
