@@ -4,7 +4,7 @@ namespace ocuva {
 
 namespace {
 
-// A host that answers only that it did something has not said where the search ended.
+// A host that reports only success has not said where the search ended.
 const char* journalResult(Long answer) {
     switch (answer) {
     case TARN_FOCUS_NONE:
@@ -25,7 +25,7 @@ std::optional<Long> zOf(const std::optional<JournalPosition>& position) {
 } // namespace
 
 FocusCourse doFocus(CTnStage& stage, StageWatch& watch, CTnVideoBoard& board, const CTnVideoImage& image) {
-    // While a move is watched, the position shown is the one from before it.
+    // While a move is watched, the position shown is the one before the move.
     const std::optional<JournalPosition> from =
         watch.isWatching() ? std::optional<JournalPosition>() : watch.shownPosition();
     const Long answer = stage.AutoFocus(static_cast<Integer>(hostTrue));

@@ -1,5 +1,5 @@
 #pragma once
-// The journal on the disk: what was done to the instrument, for whoever services it.
+// The journal on the disk: a record of the actions on the instrument, for service.
 
 #include "base/LineFile.h"
 #include "journal/JournalEntry.h"
@@ -10,15 +10,15 @@
 
 namespace ocuva {
 
-/// Appends one line an entry. Several copies of the program may write into one file. What cannot be written
-/// is lost; the first trouble is one complaint, and nothing else ever comes of it.
+/// Appends one line per entry. Several copies of the program may write into one file. A line that cannot
+/// be written is lost; the first failure causes one complaint and has no other effect.
 class Journal {
 public:
-    /// `now` tells the time as ISO 8601 with milliseconds and zone.
+    /// `now` returns the time as ISO 8601 with milliseconds and time zone.
     Journal(std::filesystem::path file, std::function<std::string()> now, LineFile::Complaint complain,
             const FileLimit& limit = {});
 
-    /// The time is asked for as the line is written.
+    /// Reads the time when it writes the line.
     void write(const JournalEntry& entry);
 
 private:

@@ -1,5 +1,5 @@
 #pragma once
-// What the journal tells of: one thing that was done to the instrument.
+// One action on the instrument, as the journal records it.
 
 #include "base/Types.h"
 
@@ -9,26 +9,26 @@
 
 namespace ocuva {
 
-/// In whole stage units.
+/// A stage position.
 struct JournalPosition {
     Long x = 0; ///< stage units
     Long y = 0; ///< stage units
     Long z = 0; ///< stage units
 };
 
-/// One line of the journal but for its time.
+/// One line of the journal, without its time.
 struct JournalEntry {
     std::string what; ///< "move", "focus", "picture", "request"
     std::optional<JournalPosition>
-        from; ///< as last shown before; none where it was never read, or is of no use
+        from;                          ///< as shown last before; none if it was never read or does not apply
     std::optional<JournalPosition> to; ///< as read afterwards
-    std::string result;                ///< how it ended, or what was asked for
+    std::string result;                ///< the outcome, or the request
 };
 
-/// Where entries go; one that is empty keeps none.
+/// Receives entries; an empty sink discards them.
 using JournalSink = std::function<void(const JournalEntry&)>;
 
-/// Hands an entry on where there is somewhere to.
+/// Passes an entry to the sink, if there is one.
 inline void note(const JournalSink& journal, const JournalEntry& entry) {
     if (journal) {
         journal(entry);

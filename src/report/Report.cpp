@@ -47,7 +47,7 @@ const Kind& kindOf(const std::filesystem::path& target) {
     fail(target, "its name must end in .tar.gz or .zip");
 }
 
-/// The archive under way. An error of its own ends it; an error of a packed file does not.
+/// The archive being written. An error of the archive ends it; an error of a packed file does not.
 class ArchiveFile {
 public:
     ArchiveFile(const RegularFile& file, const std::filesystem::path& target)
@@ -88,7 +88,7 @@ private:
     }
 
     [[noreturn]] void failHere() {
-        // The system's words come first: the library's may name what the operator does not know.
+        // The system's text comes first: the library's may name things that the operator does not know.
         const int number = archive_errno(m_archive.get());
         const char* words = archive_error_string(m_archive.get());
         fail(m_target, number > 0         ? std::generic_category().message(number)
@@ -110,7 +110,7 @@ std::chrono::system_clock::time_point lastChange(const std::filesystem::path& fi
         std::filesystem::file_time_type::clock::to_sys(changed));
 }
 
-/// Sends a text of so many zeros in place of what the file no longer has.
+/// Writes this many zeros in place of the missing end of a file.
 void fillUp(ArchiveFile& archive, std::uintmax_t bytes) {
     static constexpr std::array<char, 4096> zeros{};
     for (; bytes > 0; bytes -= std::min<std::uintmax_t>(bytes, zeros.size())) {
@@ -119,7 +119,8 @@ void fillUp(ArchiveFile& archive, std::uintmax_t bytes) {
     }
 }
 
-/// The lines of the file's first bytes, each with its paths shortened. What is no text comes in pieces.
+/// The lines of the first bytes of a file, with shortened paths. A file that is not a text comes in
+/// pieces.
 class ShortenedLines {
 public:
     ShortenedLines(const RegularFile& source, std::uintmax_t bytes, const std::string& home)
@@ -129,7 +130,7 @@ public:
         source.rewind();
     }
 
-    /// The next line with its end; empty at the end, or where the file has got shorter.
+    /// The next line with its line end; empty at the end of the file, or if the file has become shorter.
     std::string next() {
         constexpr std::size_t longestLine = 1024 * 1024;
         std::size_t end = m_read.find('\n');
@@ -141,7 +142,7 @@ public:
         m_read.erase(0, length);
         return line;
     }
-    /// What the file no longer has.
+    /// The number of bytes that the file no longer has.
     std::uintmax_t missing() const { return m_left; }
 
 private:
@@ -162,7 +163,7 @@ private:
     std::size_t m_added = 0;
 };
 
-/// How long the lines are together, as the archive must know beforehand.
+/// The total length of the lines, which the archive needs in advance.
 std::uintmax_t shortenedBytes(const RegularFile& source, std::uintmax_t bytes, const std::string& home) {
     ShortenedLines lines(source, bytes, home);
     std::uintmax_t total = 0;
@@ -187,7 +188,7 @@ std::string packOpened(ArchiveFile& archive, const RegularFile& source, std::uin
                                       " only; zeros follow";
 }
 
-/// What is wrong with the file, as a clause; empty when it is packed whole.
+/// Packs a file. Returns what is wrong with it, as a clause, or an empty text.
 std::string pack(ArchiveFile& archive, const ReportFile& file, const std::string& nameInArchive,
                  const std::string& home) {
     std::error_code error;
@@ -216,7 +217,7 @@ bool canPackReports() { return true; }
 
 void packReport(const std::filesystem::path& target, const ReportContents& contents) {
     AsideFile file(target);
-    kindOf(target); // refuses a name of another kind before anything is made
+    kindOf(target); // refuses other extensions before anything is created
     if (const std::error_code error = file.create()) {
         fail(target, error.message());
     }

@@ -1,5 +1,5 @@
 #pragma once
-// Files packed into one archive, to be sent when you ask for help.
+// Packs the files of a report into one archive.
 
 #include "report/ReportFiles.h"
 
@@ -10,31 +10,32 @@
 
 namespace ocuva {
 
-/// Why there is no report: one sentence for the operator, in the local encoding.
+/// The reason why there is no report: one sentence for the operator, in the local encoding.
 class ReportError : public std::runtime_error {
 public:
     using std::runtime_error::runtime_error;
 };
 
-/// What goes into an archive.
+/// The contents of an archive.
 struct ReportContents {
-    std::string folder;            ///< everything lies in it within the archive; ASCII
-    std::vector<ReportFile> files; ///< one may be missing
+    std::string folder;            ///< the folder inside the archive that contains everything; ASCII
+    std::vector<ReportFile> files; ///< files may be missing
     std::string versions;          ///< UTF-8, ends with a line feed; goes into "versions.txt"
-    std::string home = {}; ///< the user's home folder, UTF-8 with slashes; no text in the report names it
+    std::string home = {};         ///< the user's home folder, UTF-8 with slashes; removed from all texts
 };
 
-/// Whether this program was built with what packing needs.
+/// Whether this program was built with the archive library.
 bool canPackReports();
 
-/// Writes the archive aside and moves it to the target, whose name says which kind it is: .tar.gz or .zip, in
-/// any letter case. On ReportError the target is as it was before, and nothing is left beside it.
+/// Writes the archive to a temporary file and moves it to the target. The extension of the target decides
+/// the format: .tar.gz or .zip, in any letter case. After a ReportError the target is unchanged, and no
+/// temporary file is left.
 ///
 /// The paths of pictures and the home folder are shortened in every line (ShortPaths.h).
 ///
-/// A file is packed as long as it was when its turn came, whoever appends to it meanwhile. One that is
-/// missing, locked or no regular file (a link is none, so that nothing comes in from elsewhere) is left out,
-/// and one that gets shorter is filled up with zeros; versions.txt, the last in the archive, tells each.
+/// A file is packed with the length it had when its turn came, even if it grows meanwhile. A file that is
+/// missing, locked or not regular is left out (links are not followed), and one that shrinks is filled up
+/// with zeros. versions.txt, the last file in the archive, mentions each of these.
 void packReport(const std::filesystem::path& target, const ReportContents& contents);
 
 } // namespace ocuva

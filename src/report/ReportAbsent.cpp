@@ -1,4 +1,4 @@
-// For a program that is built without the archive library.
+// Used if the program is built without the archive library.
 
 #include "report/Report.h"
 

@@ -12,8 +12,8 @@ namespace ocuva {
 
 namespace {
 
-/// The number behind "stem."; 0 for any other name. Compared in the system's own notation, because no other
-/// can hold every name there is.
+/// The number after "stem."; 0 for any other name. Compared in the system's own encoding, because no other
+/// one can represent every name.
 int rotation(const std::filesystem::path& name, const std::filesystem::path& stem) {
     const std::filesystem::path::string_type dotted = stem.native() + std::filesystem::path(".").native();
     const std::filesystem::path::string_type& whole = name.native();
@@ -39,7 +39,7 @@ void addWithRotated(std::vector<ReportFile>& files, const std::filesystem::path&
     std::map<int, std::filesystem::path> rotated;
     std::error_code error;
     std::filesystem::directory_iterator entry(file.parent_path(), error);
-    // A folder that cannot be read has none; that its file is missing is told when it is packed.
+    // An unreadable folder has no files; packing then reports them as missing.
     for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error)) {
         if (const int number = rotation(entry->path().filename(), file.filename())) {
             rotated.emplace(number, entry->path());

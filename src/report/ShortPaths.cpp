@@ -30,7 +30,7 @@ std::string replaced(std::string_view text, char what, std::string_view by) {
     return result;
 }
 
-/// The length of the picture's ending at that place; 0 where there is none.
+/// The length of a picture's extension at that position; 0 if there is none.
 std::size_t endingAt(std::string_view line, std::size_t at) {
     for (const std::string_view ending : pictureEndings) {
         const std::string_view found = line.substr(at, ending.size());
@@ -57,14 +57,14 @@ std::string withShortPaths(std::string_view line, std::string_view home) {
             result += line[at++];
             continue;
         }
-        // Within quotation marks everything belongs to the path.
+        // Inside quotation marks everything belongs to the path.
         const bool quoted = std::count(result.begin(), result.end(), '"') % 2 == 1;
         const std::size_t before = quoted ? result.rfind('"') : result.find_last_of(begins);
         const std::size_t begin = before == std::string::npos ? 0 : before + 1;
         const std::size_t first = result.find_first_of(separators, begin);
         const std::size_t last = result.find_last_of(separators);
         if (first != std::string::npos && last != std::string::npos && last >= begin) {
-            // A drive's letter belongs to the path, and words before it do not.
+            // A drive letter belongs to the path, words before it do not.
             const bool drive = first >= begin + 2 && result[first - 1] == ':';
             result.replace(drive ? first - 2 : first, last + 1 - (drive ? first - 2 : first), ".../");
         }

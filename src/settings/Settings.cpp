@@ -5,8 +5,7 @@
 namespace ocuva {
 
 namespace {
-constexpr Long indexOffset =
-    2; // index 0 of the fraction list is the quarter, which the host counts as 2 by 2
+constexpr Long indexOffset = 2; // index 0 of the fraction list is a quarter, stored as 2 (2 by 2)
 } // namespace
 
 Long decodeSetting(const SettingRow& row, Long storedNumber) {
@@ -88,7 +87,7 @@ AutofocusOptions Settings::readAutofocus() const {
 }
 
 void Settings::writeAutofocus(const AutofocusOptions& autofocus) {
-    // Fails before the first write, so that the group is never stored by halves.
+    // Fails before the first write, so that a group is never stored in part.
     encodeSetting(settingRow(Setting::AutofocusOnImageFraction), autofocus.AutofocusOnImageFraction);
     store(Setting::AutofocusOnAllImage, autofocus.AutofocusOnAllImage ? 1 : 0);
     store(Setting::AutofocusOnImageFraction, autofocus.AutofocusOnImageFraction);

@@ -1,6 +1,6 @@
 #pragma once
-// The readers and writers of the settings, by group. Nothing is kept here: each reader asks the host every
-// time, each writer writes at once, so a change made in one window is seen by the next reader anywhere.
+// The readers and writers of the settings, by group. Nothing is cached: each reader asks the host, each
+// writer writes at once, so every reader sees a change immediately.
 
 #include "base/Types.h"
 #include "hostlink/Host.h"
@@ -10,9 +10,9 @@
 
 namespace ocuva {
 
-/// The seven view options as stored; a flag is on when it is not zero.
+/// The seven view options as stored; any value except 0 is on.
 struct ViewOptions {
-    /// As the keys of these names.
+    /// Named like their keys.
     ///@{
     Long LiveImage = 0;
     Long FullImage = 0;
@@ -24,9 +24,9 @@ struct ViewOptions {
     ///@}
 };
 
-/// What the host measures in its focus search.
+/// The area that the host measures in a focus search.
 struct AutofocusOptions {
-    bool AutofocusOnAllImage = true;   ///< else the fraction around the middle
+    bool AutofocusOnAllImage = true;   ///< otherwise the fraction around the centre
     Long AutofocusOnImageFraction = 1; ///< index of the choice, from 0
     bool UseTransmittedLight = false;  ///< for a lamp below the sample
 };
@@ -50,8 +50,8 @@ struct GridLengths {
     Long GridLineWidth = 33; ///< screen pixels
 };
 
-/// A key that is not there reads as its default, the same as one whose store is not; a write that fails is
-/// not noticed. No value is checked against a range.
+/// A missing key or store reads as the default. A failed write is not noticed. Values are not checked
+/// against a range.
 class Settings {
 public:
     /// The library outlives it.
@@ -64,14 +64,14 @@ public:
     void writeView(const ViewOptions& view);
     ///@}
 
-    /// A stored fraction that has no index reads as the default.
+    /// A stored fraction without an index reads as the default.
     AutofocusOptions readAutofocus() const;
-    /// Throws ArithmeticError when the index has no number that could be stored for it.
+    /// Throws ArithmeticError if the index cannot be stored.
     void writeAutofocus(const AutofocusOptions& autofocus);
 
     /// The halved range is rounded, ties to even.
     FineParameters readFine() const;
-    /// Throws ArithmeticError when the doubled range leaves 32 bits; nothing is written then.
+    /// Throws ArithmeticError if the doubled range exceeds 32 bits; nothing is written then.
     void writeFine(const FineParameters& fine);
 
     /// Both lengths, in the order of the table.
@@ -88,15 +88,15 @@ public:
 
     /// The video host's mode, on for any non-zero number.
     bool readVgaMode() const;
-    /// The mode as the mouse takes it: on only for a number above 0.
+    /// The mode as used by the mouse: on only for a number above 0.
     bool readVgaModeForMouse() const;
     /// Written as 1 or 0.
     void writeVgaMode(bool on);
 
-    /// Idle minutes of a sleeping server; the count configured so far stands in for an absent key.
+    /// Idle minutes of a sleeping server; the current count if the key is missing.
     Long readServerIdleCount(Long configuredSoFar) const;
 
-    /// The magnification in the host's store; 400 when there is none.
+    /// The magnification in the host's store; 400 if there is none.
     ///@{
     Long readVideoMag() const;
     void writeVideoMag(Long magnification);
@@ -110,8 +110,8 @@ private:
     TnReg& m_reg;
 };
 
-/// Stored number to value and back, as the setting's encoding says. A stored number that has no value (an
-/// index below the 32-bit range) reads as the default; encoding throws ArithmeticError.
+/// Convert between stored number and value according to the row's encoding. A stored number without a
+/// value (an index below the 32-bit range) reads as the default; encoding throws ArithmeticError.
 ///@{
 Long decodeSetting(const SettingRow& row, Long storedNumber);
 Long encodeSetting(const SettingRow& row, Long value);

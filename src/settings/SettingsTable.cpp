@@ -12,7 +12,7 @@ constexpr auto program = SettingsStore::Program;
 constexpr auto number = Encoding::Number;
 constexpr auto flag = Encoding::Flag;
 
-// The view flags are written as the number that the writer is given, so they count as numbers here.
+// The view flags count as numbers, because they are written as the number that the writer gets.
 constexpr std::array<SettingRow, 20> table{{
     {Setting::LiveImage, program, "Configuration", "LiveImage", 0, number},
     {Setting::FullImage, program, "Configuration", "FullImage", 0, number},

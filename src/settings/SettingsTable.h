@@ -1,6 +1,5 @@
 #pragma once
-// Every setting of the program in one table: which store, section and key, its default, and how its value is
-// written.
+// All settings of the program in one table: store, section, key, default and encoding.
 
 #include "base/Types.h"
 
@@ -38,9 +37,9 @@ enum class SettingsStore {
     HostShort, ///< "TARN", without an extension: the host keeps its video mode there
 };
 
-/// How a value of the program becomes the whole number in the store.
+/// The relation between a value and the stored whole number.
 enum class Encoding {
-    Number,     ///< as it is
+    Number,     ///< the same number
     Flag,       ///< "1" or "0"; any non-zero number reads as on
     IndexPlus2, ///< index of a choice plus 2
     Doubled,    ///< the store holds twice the value; reading halves it, ties to even
@@ -48,7 +47,7 @@ enum class Encoding {
 
 /// One setting.
 struct SettingRow {
-    /// Which it is, and where the host keeps it.
+    /// The setting, and its place in the host's stores.
     ///@{
     Setting setting;
     SettingsStore store;
@@ -56,14 +55,14 @@ struct SettingRow {
     const char* key;
     ///@}
     Long defaultValue; ///< as stored, before decoding
-    Encoding encoding; ///< of the number in the store
+    Encoding encoding; ///< of the stored number
 };
 
 /// One row per Setting, in the order of the enumeration.
 std::span<const SettingRow> settingsTable();
 const SettingRow& settingRow(Setting setting);
 
-/// The name that the host knows the store by.
+/// The store's name for the host.
 const std::string& storeName(SettingsStore store);
 
 } // namespace ocuva

@@ -1,6 +1,5 @@
 #pragma once
-// The program's one handle on the microscope stage. It keeps no position: every answer comes fresh from the
-// host.
+// The program's access to the microscope stage. It stores no position: every answer comes from the host.
 
 #include "base/Types.h"
 #include "hostlink/Host.h"
@@ -9,19 +8,19 @@
 
 namespace ocuva {
 
-/// Positions, limits and distances are whole stage units. The host decides about limits and refuses silently:
-/// a refused move is one that has already ended.
+/// Positions, limits and distances are whole stage units. The host enforces the limits silently: a refused
+/// move looks like one that has already ended.
 class CTnStage {
 public:
-    /// Both outlive it. Nothing is asked of the host yet.
+    /// Both arguments outlive it. Calls no host function yet.
     CTnStage(TnLibProxy& libProxy, TnMicroProxy& microProxy)
         : m_libProxy(libProxy)
         , m_microProxy(microProxy) {}
 
-    /// Raised by CheckMove with the axis that was asked for (0: all), although receivers call it ErrCode.
+    /// Raised by CheckMove with its axis argument (0: all), which receivers call ErrCode.
     std::function<void(Integer ErrCode)> MoveEnd;
 
-    /// Limits, asked of the host on every read.
+    /// Limits, read from the host on each call.
     ///@{
     Long MinX() { return limits(axisX).lower; }
     Long MaxX() { return limits(axisX).upper; }
@@ -31,48 +30,48 @@ public:
     Long MaxZ() { return limits(axisZ).upper; }
     ///@}
 
-    /// Sets the loaded moves of an axis (0: all) going.
+    /// Starts the loaded moves of an axis (0: all).
     void Start(Integer axis);
 
-    /// Raises MoveEnd when the axis (0: every axis) stands; does nothing while it moves. Never waits.
+    /// Raises MoveEnd if the axis (0: every axis) is at rest, otherwise does nothing. Never waits.
     void CheckMove(Integer axis = axisAll);
 
-    /// Loads a relative move; Start sets it going. Throws ArithmeticError, and sends nothing, when the
-    /// running sum of the requested moves leaves 32 bits.
+    /// Loads a relative move; Start starts it. Throws ArithmeticError, and calls no host function, if the
+    /// sum of the requested moves exceeds 32 bits.
     ///@{
     void DZ(Long distance) { moveRelative(axisZ, distance); }
     void DY(Long distance) { moveRelative(axisY, distance); }
     void DX(Long distance) { moveRelative(axisX, distance); }
     ///@}
 
-    /// Whether a relative move of that length fits into the axis's running sum.
+    /// Whether the axis's sum of moves has room for this distance.
     bool hasRoomFor(Integer axis, Long distance) const;
 
-    /// Begins each running sum that has used more than half of its range at zero again, so that a distance
-    /// that no stage can go, which the host has refused, does not stand in the way of all later moves. For
-    /// the owner; the stage itself never does it.
+    /// Resets each sum of moves that has used more than half of its range, so that a distance beyond any
+    /// stage, which the host has refused, does not block later moves. For the owner; the stage never calls
+    /// it.
     void relieveSums();
 
-    /// Loads an absolute target; Start sets it going.
+    /// Loads an absolute target; Start starts the move.
     ///@{
     void Z(Long position) { moveAbsolute(axisZ, position); }
     void Y(Long position) { moveAbsolute(axisY, position); }
     void X(Long position) { moveAbsolute(axisX, position); }
     ///@}
 
-    /// Present position.
+    /// Current position.
     ///@{
     Long Z() const { return position(axisZ); }
     Long Y() const { return position(axisY); }
     Long X() const { return position(axisX); }
     ///@}
 
-    /// Whether the axis moves; for 0 whether any does, all three being asked. A status that cannot be read
-    /// counts as standing.
+    /// Whether the axis moves; for 0 whether any axis does, all three being read. A status that cannot be
+    /// read counts as at rest.
     bool IsMoving(Integer axis = axisAll) const;
 
-    /// Lets the host search the focus and returns when it has ended; the host's answer, one of
-    /// TARN_FOCUS_..., is of use to the journal alone.
+    /// Lets the host search for the focus and returns when it has ended. The result is one of
+    /// TARN_FOCUS_...; only the journal uses it.
     Long AutoFocus(Integer flag);
 
 private:
@@ -89,7 +88,7 @@ private:
     TnLibProxy& m_libProxy;
     TnMicroProxy& m_microProxy;
     Limits m_limits[3];     // of X, Y, Z, as read last
-    Long m_sumOfMoves[3]{}; // requested on X, Y, Z since the program began: m_nSumDX, m_nSumDY, m_nSumDZ
+    Long m_sumOfMoves[3]{}; // requested on X, Y, Z since the start or the last relieveSums
 };
 
 } // namespace ocuva

@@ -1,5 +1,5 @@
 #pragma once
-// What dialogs move the stage by: the main window, or whatever offers the same.
+// The interface through which dialogs move the stage; the main window implements it.
 
 #include "stage/CTnStage.h"
 
@@ -7,19 +7,19 @@
 
 namespace ocuva {
 
-/// Gives access to the stage and follows what was set going there.
+/// Gives access to the stage and watches the moves that are started there.
 class StageMover {
 public:
     virtual ~StageMover() = default;
-    /// The stage whose moves are loaded before SyncStageMove.
+    /// The stage on which moves are loaded before SyncStageMove.
     virtual CTnStage& cxsStage() = 0;
     /// Starts the loaded moves (0: of all axes) and watches them.
     virtual void SyncStageMove(Integer axis) = 0;
-    /// The move just started goes so far that the host has probably refused it; what is said about it at its
-    /// end is the window's business.
+    /// The move just started is so long that the host has probably refused it; the window reports this at
+    /// its end.
     virtual void farMoveStarted(Long /*x*/, Long /*y*/, Long /*z*/) {}
-    /// Keeps pointer and keys away for as long as what it returns lives: around host calls that may take
-    /// long. Null where there is no window to keep them from.
+    /// Blocks pointer and keys for the life of the returned object, around host calls that can take long.
+    /// Null if there is no window.
     virtual std::shared_ptr<void> holdInput() { return nullptr; }
 };
 

@@ -11,8 +11,7 @@ StageWatch::~StageWatch() {
 }
 
 void StageWatch::SyncStageMove(Integer axis) {
-    // While a move is watched the frame may just be orange; the colour saved before it is the one to give
-    // back.
+    // While a move is watched the frame may be orange; the colour saved before it is the one to restore.
     if (!m_bStageMoving) {
         m_savedColour = m_view.monitorColour();
         m_from = m_shown;

@@ -19,12 +19,12 @@
 
 namespace ocuva {
 
-/// What the watch changes on the window. Colours are the window system's: red in the lowest byte, then green,
-/// then blue.
+/// The parts of the window that the watch changes. Colours are those of the window system: red in the
+/// lowest byte, then green, then blue.
 class StageWatchView {
 public:
     virtual ~StageWatchView() = default;
-    /// The fill of the frame round the image.
+    /// The colour of the frame around the image.
     ///@{
     virtual Long monitorColour() const = 0;
     virtual void setMonitorColour(Long colour) = 0;
@@ -33,32 +33,32 @@ public:
     virtual void enableMoveTimer(bool on) = 0;
     /// Text of the status bar's panel "X", "Y" or "Z".
     virtual void showPosition(Integer axis, const std::string& text) = 0;
-    /// The loaded moves of an axis (0: all) were started; the position is the one shown last, if any was.
+    /// The loaded moves of an axis (0: all) were started; `from` is the position shown last, if any.
     virtual void moveStarted(Integer /*axis*/, const std::optional<JournalPosition>& /*from*/) {}
-    /// The three panels show this position; still on its way while a move is watched.
+    /// The three panels show this position. A watched move may still be running.
     virtual void positionShown(const JournalPosition& /*at*/) {}
-    /// The watched move has run for longMoveTicks.
+    /// The watched move has been running for longMoveTicks.
     virtual void moveTakesLong() {}
     /// The watched move has ended, and the position is shown.
     virtual void watchedMoveEnded() {}
 };
 
-/// The states above, one object for the life of the window. User-interface thread.
+/// Implements the states above; one object for the life of the window. User-interface thread.
 class StageWatch {
 public:
-    /// Orange (red 255, green 192, blue 0), shown on every other tick while a move runs.
+    /// Orange (red 255, green 192, blue 0), shown on every second tick during a move.
     static constexpr Long movingColour = 49407;
-    /// Period of the move timer, and so the longest delay after which the end of a move is seen.
+    /// Period of the move timer, and the longest delay until the end of a move is noticed.
     static constexpr int tickMs = 64;
-    /// Ticks, about a second, after which a move is a long one: the operator begins to wonder.
+    /// Number of ticks, about a second, after which a move counts as long.
     static constexpr int longMoveTicks = 16;
 
-    /// Each watched move that ends is noted in the journal.
+    /// Writes each watched move to the journal when it ends.
     StageWatch(CTnStage& stage, StageWatchView& view, JournalSink journal = {})
         : m_stage(stage)
         , m_view(view)
         , m_journal(std::move(journal)) {}
-    /// A move that is still watched is noted as not ended.
+    /// Writes a move that is still watched to the journal as not ended.
     ~StageWatch();
     StageWatch(const StageWatch&) = delete;
     StageWatch& operator=(const StageWatch&) = delete;
@@ -66,23 +66,23 @@ public:
     /// Starts the loaded moves of an axis (0: all) and watches them to their end.
     void SyncStageMove(Integer axis);
 
-    /// One tick of the move timer. The stage raises MoveEnd, and so moveEnded runs, from inside when nothing
-    /// moves.
+    /// One tick of the move timer. If nothing moves, the stage raises MoveEnd during the call, which runs
+    /// moveEnded.
     void tick();
 
-    /// The end of a move, also when none was watched: stops the timer, gives the frame its colour back, shows
-    /// where the stage is.
+    /// The end of a move, watched or not: stops the timer, restores the frame's colour and shows the
+    /// position.
     void moveEnded();
 
     /// Reads X, Y and Z, in this order, and shows them as whole numbers.
     void UpdateStagePos();
 
-    /// Whether a move that SyncStageMove started has not been seen to end.
+    /// Whether a move started by SyncStageMove has not been seen to end.
     bool isWatching() const { return m_bStageMoving; }
 
-    /// The position as read and shown last, for the journal alone: the host is always asked anew.
+    /// The position that was read and shown last. For the journal only: everything else reads the host.
     const std::optional<JournalPosition>& shownPosition() const { return m_shown; }
-    /// Where moves are noted, for what notes the same kind of thing.
+    /// The journal for moves, for other classes that record the same kind of action.
     const JournalSink& journal() const { return m_journal; }
 
 private:
@@ -94,15 +94,15 @@ private:
     bool m_bStageMoving = false;
     Long m_savedColour = 0;
     int m_ticksMoving = 0;  // of the watched move, up to longMoveTicks
-    bool m_oddTick = false; // the tick counter's lowest bit, all that is ever used of it
+    bool m_oddTick = false; // the lowest bit of the tick counter
 };
 
-/// Steps of the Z buttons in stage units, by the buttons' index.
+/// Steps of the Z buttons in stage units, by button index.
 inline constexpr std::array<Long, 4> zSteps{1, 2, 5, 10};
 
-/// One press of the Z button of that index, up or down: waits until Z stands, loads the step and watches it.
-/// The wait asks the stage again and again on purpose, so that a step is never given while Z still moves.
-/// onWait is called once if Z moves, before it is asked again.
+/// One press of a Z button: waits until Z is at rest, loads the step and watches the move. The wait polls
+/// the stage on purpose, so that no step starts while Z moves. onWait is called once if Z moves, before it
+/// is read again.
 void stepZ(CTnStage& stage, StageWatch& watch, std::size_t index, bool up,
            const std::function<void()>& onWait = {});
 
