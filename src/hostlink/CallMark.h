@@ -1,21 +1,22 @@
 #pragma once
-// Which function of the host's libraries is running, for those who have to name it afterwards or meanwhile.
+// Marks the host function that is running, for crash notes and for watching the loading of libraries.
 
 #include <atomic>
 
 namespace ocuva {
 
-/// Keeps one pointer and nothing else, so that marking a call costs two stores. Set in the thread that calls;
-/// read in any thread and in a signal handler.
+/// Keeps a single pointer, so that marking a call costs two stores. Set on the calling thread; read on any
+/// thread and in a signal handler.
 class CallMark {
 public:
-    /// What is running, as a few words such as "TarnStartStage of tn_micro_proxy.so"; null between the calls.
+    /// The running function, for example "TarnStartStage of tn_micro_proxy.so"; null between calls.
     const char* current() const { return m_current.load(std::memory_order_relaxed); }
 
-    /// Marks what runs while it lives; the one around it runs again afterwards, for a host calls back.
+    /// Marks a function as running for the life of the object, and restores the previous mark: hosts may
+    /// call back.
     class Scope {
     public:
-        /// The words outlive it.
+        /// `words` outlives the object.
         Scope(CallMark& mark, const char* words)
             : m_mark(mark)
             , m_around(mark.current()) {

@@ -31,14 +31,14 @@ using FileName = std::array<wchar_t, 1024>;
 using FileName = std::array<char, 4096>;
 #endif
 
-// A handler gets no argument of ours; it finds here what it needs.
+// A signal handler gets no argument from the program; it finds its data here.
 struct Armed {
     FileName file{};
     const CallMark* mark = nullptr;
 };
 Armed armed; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
 
-// Text put together without memory and without the C library, as a handler must.
+// Builds a text without allocating memory and without the C library, as a signal handler must.
 class NoteText {
 public:
     void add(const char* text) {
@@ -63,7 +63,7 @@ private:
     std::size_t m_length = 0;
 };
 
-// Three lines: when, which fault, what was running.
+// Three lines: time, fault, running function.
 NoteText noteOf(unsigned long long fault) {
     NoteText text;
     text.add(static_cast<unsigned long long>(std::time(nullptr)));
@@ -104,11 +104,11 @@ void writeNote(int fault) {
         [[maybe_unused]] const ssize_t written = ::write(file, text.data(), text.length());
         ::close(file);
     }
-    // The handler has been taken away on the way in: this ends the process as the fault would have.
+    // The handler has been reset on entry, so this ends the process as the fault would have.
     ::raise(fault);
 }
 
-// Room for the handler: the fault may be that the stack is used up.
+// Stack for the handler: the fault may be a stack overflow.
 std::array<char, 64 * 1024> handlerStack; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
 
 void arm() {
@@ -158,7 +158,7 @@ std::string faultText(const std::string& number) {
 #endif
 }
 
-// Whatever a damaged or planted note holds, one line of plain characters.
+// One line of printable characters, whatever a damaged or planted note contains.
 std::string plainLine(std::istream& lines) {
     std::string line;
     std::getline(lines, line);

@@ -1,5 +1,5 @@
 #pragma once
-// What a run that crashed leaves for the next start: which host function was running.
+// The note of a crash for the next start: which host function was running.
 
 #include "hostlink/CallMark.h"
 
@@ -8,21 +8,21 @@
 
 namespace ocuva {
 
-/// While it lives, a fault of the process (a bad address, an abort, a floating-point or illegal instruction)
-/// writes a small file before the process ends as it would have ended anyway. Nothing is written in a run
-/// without a fault, so a process that is ended from outside leaves no note, and neither does a library that
-/// ends the process by itself: neither can be told from an ordinary end. One at a time in a process.
+/// While this object lives, a fault of the process (a bad address, an abort, a floating-point or illegal
+/// instruction) writes a small file before the process ends. Nothing is written in a run without a fault:
+/// a process that is ended from outside leaves no note, and neither does a library that ends the process
+/// by itself, because neither differs from an ordinary end. One object per process.
 class CrashNote {
 public:
-    /// Where the note is written, and what is read of it then; the mark outlives it. A handler for such
-    /// faults that is there already (a sanitizer's) is left alone.
+    /// `file` is the note to write, `mark` supplies the running function and outlives the object. If a
+    /// handler for such faults is installed already (a sanitizer's), it stays.
     CrashNote(const std::filesystem::path& file, const CallMark& mark);
     ~CrashNote();
     CrashNote(const CrashNote&) = delete;
     CrashNote& operator=(const CrashNote&) = delete;
 
-    /// Reads and removes a note that an earlier run left: sentences for the operator, empty when there is
-    /// none. Only a regular file is read.
+    /// Reads and removes the note of an earlier run. Returns sentences for the operator, or an empty text.
+    /// Only a regular file is read.
     static std::string take(const std::filesystem::path& file);
 };
 

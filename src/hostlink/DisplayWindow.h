@@ -1,6 +1,6 @@
 #pragma once
-// Ties the window handle that crosses the seam to the control behind it. A real host draws into the handle
-// itself; a host inside this process delivers frames to the sink that stands behind the handle.
+// Relates the window handle that crosses the seam to the control behind it. A host in shared libraries
+// draws into the window; a host inside this process delivers frames to the sink of the handle.
 
 #include "base/Types.h"
 
@@ -12,55 +12,57 @@
 
 namespace ocuva {
 
-/// One picture as a board shows it: 32-bit pixels 0xffRRGGBB, row after row without gaps.
+/// One image from the board: 32-bit pixels 0xffRRGGBB, row by row without gaps.
 struct Frame {
     int width = 0;                     ///< pixels
     int height = 0;                    ///< pixels
-    std::int64_t number = 0;           ///< counts the frames of one host, from 1
-    double capturedMs = 0.0;           ///< host clock when the exposure ended
+    std::int64_t number = 0;           ///< number of the frame, from 1 for each host
+    double capturedMs = 0.0;           ///< end of the exposure, on the host's clock
     std::vector<std::uint32_t> pixels; ///< width times height
 };
 
 using FramePtr = std::shared_ptr<const Frame>;
 
-/// The receiving end of a display window. The frame fills the window, whatever size the window has.
+/// Receives the frames of a display window. A frame fills the window, whatever its size.
 class FrameSink {
 public:
     virtual ~FrameSink() = default;
-    /// Takes the newest frame; may be called from any thread, returns at once, and may drop the frame before
-    /// it.
+    /// Takes the newest frame; it may drop an earlier one that has not been shown. Any thread; returns at
+    /// once.
     virtual void present(FramePtr frame) = 0;
-    /// Device pixels in one screen pixel of the window (1, 1.5, 2); any thread. A host that reduces pictures
-    /// itself need not throw away what a dense screen can show.
+    /// Device pixels per screen pixel of the window (1, 1.5, 2), so that a host that reduces images need
+    /// not lose detail that a dense screen can show. Any thread.
     virtual double devicePixelRatio() const = 0;
 };
 
-/// The table from handle to sink. Attach and detach on the user-interface thread; deliver from any.
+/// The table from window handles to sinks. attach and detach on the user-interface thread, deliver on any
+/// thread.
 class DisplayWindows {
 public:
-    /// Who puts the picture into the window.
+    /// Who draws the image into the window.
     enum class Painter {
-        program, ///< frames come to the sinks, and the program draws them
+        program, ///< sinks receive frames, and the program draws them
         host     ///< the host draws into the window itself; the program sees no frames
     };
 
-    /// One and the same for the whole run.
+    /// The painter does not change during a run.
     explicit DisplayWindows(Painter whoPaints = Painter::program)
         : m_painter(whoPaints) {}
 
     /// Any thread.
     Painter painter() const { return m_painter; }
 
-    /// The sink gets the frames of this handle, in place of one attached before; it lives until detach.
+    /// Sends the frames of this handle to the sink, which lives until detach. Replaces a sink attached
+    /// before.
     void attach(Long windowHandle, FrameSink& sink);
-    /// Waits for a delivery under way. An unknown handle is ignored.
+    /// Waits for a running delivery. An unknown handle is ignored.
     void detach(Long windowHandle);
 
-    /// Hands the frame to the sink of that handle; nothing happens when there is none. A sink is not called
-    /// any more once detach has returned.
+    /// Passes the frame to the sink of the handle, if there is one. After detach has returned, the sink is
+    /// no longer called.
     void deliver(Long windowHandle, FramePtr frame) const;
 
-    /// Device pixels per screen pixel of that window; 1 when there is none.
+    /// Device pixels per screen pixel of the window; 1 if there is none.
     double devicePixelRatio(Long windowHandle) const;
 
 private:

@@ -24,8 +24,8 @@ template <class Float> void appendFloat(std::string& json, Float value) {
     }
 }
 
-/// Length of the well-formed UTF-8 character at the beginning of the text (not empty); 0 when there is none:
-/// stray, overlong, cut off, surrogate or beyond U+10FFFF.
+/// Length of the valid UTF-8 character at the beginning of the text (not empty), or 0: stray, overlong,
+/// truncated, surrogate or beyond U+10FFFF.
 std::size_t utf8Length(std::string_view text) {
     const auto byte = [text](std::size_t at) { return static_cast<std::uint8_t>(text[at]); };
     const std::uint8_t first = byte(0);

@@ -1,6 +1,6 @@
 #pragma once
 // Writes the values that cross the seam as JSON. The result is always valid JSON in valid UTF-8, whatever
-// bytes a text holds.
+// bytes a text contains.
 
 #include "hostlink/tarn_abi.h"
 
@@ -14,18 +14,18 @@ namespace ocuva {
 
 void appendJson(std::string& json, std::nullptr_t);
 void appendJson(std::string& json, TarnLong value);
-/// Floats take the shortest digits that read back as exactly this value; what is no number stands as one of
-/// the strings "nan", "inf" and "-inf".
+/// Writes the shortest digits that read back as exactly this value; values that are not numbers become the
+/// strings "nan", "inf" and "-inf".
 void appendJson(std::string& json, TarnSingle value);
 void appendJson(std::string& json, TarnDouble value);
-/// A text of the seam: UTF-8, on Windows the ANSI code page. A byte that belongs to no UTF-8 character stands
-/// as the character U+0080 to U+00FF of its value.
+/// A text from the seam: UTF-8, on Windows the ANSI code page. A byte that is not part of a UTF-8
+/// character becomes the character U+0080 to U+00FF of its value.
 void appendJson(std::string& json, std::string_view text);
 void appendJson(std::string& json, const char* text); ///< null for a null pointer
 void appendJson(std::string& json, std::span<const TarnDouble> values);
 /// All five fields in order.
 void appendJson(std::string& json, const TarnBufferDesc& descriptor);
-/// A nested array, for records.
+/// Writes a record as a nested array.
 template <class... Values> void appendJson(std::string& json, const std::tuple<Values...>& record);
 
 /// Appends [first,second,...].

@@ -1,6 +1,5 @@
 #pragma once
-// Watches over the loading of the host's libraries, which a library or a dead network drive can hold for
-// ever.
+// Watches the loading of the host's libraries, which a library or a dead network drive can block forever.
 
 #include "hostlink/CallMark.h"
 
@@ -13,16 +12,16 @@
 
 namespace ocuva {
 
-/// Says once, in a thread of its own, that what is marked has not come to its end within a bound. The watched
-/// thread cannot answer then, so the receiver must need nothing of it.
+/// Reports once, on a thread of its own, that the marked call has not ended within a limit. The watched
+/// thread is blocked then, so the receiver must not depend on it.
 class LoadWatch {
 public:
-    /// Called with the words of the mark.
+    /// Receives the words of the mark.
     using Late = std::function<void(const std::string& running)>;
 
-    /// Begins to watch; the mark outlives it.
+    /// Starts watching; the mark outlives this object.
     LoadWatch(const CallMark& mark, std::chrono::milliseconds bound, Late late);
-    /// Ends the watch. A receiver that is still at work is waited for.
+    /// Stops watching. Waits for a receiver that is still running.
     ~LoadWatch();
     LoadWatch(const LoadWatch&) = delete;
     LoadWatch& operator=(const LoadWatch&) = delete;

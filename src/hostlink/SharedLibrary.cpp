@@ -20,8 +20,8 @@ const char* const SharedLibrary::suffix = ".dll";
 
 SharedLibrary::SharedLibrary(const std::filesystem::path& file)
     : m_file(file) {
-    // A library beside the one that is loaded is found too; the working folder is never searched. The system
-    // must not put up a box of its own meanwhile.
+    // Libraries next to the loaded one are found too; the working folder is never searched. The system
+    // must not show a message box of its own.
     const DWORD where =
         file.has_parent_path() ? LOAD_WITH_ALTERED_SEARCH_PATH : LOAD_LIBRARY_SEARCH_DEFAULT_DIRS;
     DWORD mode = 0;
@@ -51,9 +51,8 @@ const char* const SharedLibrary::suffix = ".so";
 
 namespace {
 
-// The system maps a library without looking whether the file is long enough for what it announces, and the
-// process dies at the first byte that is missing. Files that are no libraries of this machine are left to the
-// system.
+// The system maps a library without checking whether the file is as long as it claims, and the process
+// dies at the first missing byte. Files that are not libraries for this machine are left to the system.
 bool isCutOff(const std::filesystem::path& file) {
     std::error_code error;
     const std::uintmax_t size = std::filesystem::file_size(file, error);
@@ -83,7 +82,7 @@ SharedLibrary::SharedLibrary(const std::filesystem::path& file)
     std::error_code error;
     if (file.has_parent_path() && std::filesystem::exists(file, error) &&
         !std::filesystem::is_regular_file(file, error)) {
-        m_error = "it is not a file"; // a pipe would be waited for
+        m_error = "it is not a file"; // opening a pipe would block
         return;
     }
     if (file.has_parent_path() && isCutOff(file)) {

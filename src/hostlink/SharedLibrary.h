@@ -1,32 +1,32 @@
 #pragma once
-// One shared library of the system: loaded while the object lives.
+// One shared library, loaded for the life of the object.
 
 #include <filesystem>
 #include <string>
 
 namespace ocuva {
 
-/// Unloads at its end, so no function found in it may be called after that. One thread.
+/// The destructor unloads the library; its functions must not be called after that. For one thread.
 class SharedLibrary {
 public:
-    /// What the system puts behind a library's name: ".dll" or ".so".
+    /// The extension of library names: ".dll" or ".so".
     static const char* const suffix;
 
-    /// A path with a folder is taken as it is; a bare name is looked for as the system does it. Nothing is
-    /// loaded when it cannot be; error() then says why, in the system's words.
+    /// A path with a folder is used as it is; a bare name is searched for by the system. On failure
+    /// nothing is loaded, and error() has the system's reason.
     explicit SharedLibrary(const std::filesystem::path& file);
     ~SharedLibrary();
     SharedLibrary(const SharedLibrary&) = delete;
     SharedLibrary& operator=(const SharedLibrary&) = delete;
 
-    /// Settled by the constructor.
+    /// Set by the constructor.
     bool isLoaded() const { return m_handle != nullptr; }
-    /// Empty when it is loaded.
+    /// Empty if it is loaded.
     const std::string& error() const { return m_error; }
-    /// As it was given.
+    /// As passed to the constructor.
     const std::filesystem::path& file() const { return m_file; }
 
-    /// Address of an exported function; null when there is none of that name.
+    /// The address of an exported function, or null.
     void* find(const char* function) const;
 
 private:

@@ -1,5 +1,5 @@
 #pragma once
-// The file that a trace goes to.
+// The file of a trace.
 
 #include "base/LineFile.h"
 
@@ -7,17 +7,17 @@
 
 namespace ocuva {
 
-/// The size of a trace file, from a whole number of MiB, 1 to 1024, as a text; 8 MiB for a missing text
-/// (null), and with one line on stderr for any other.
+/// The size limit of a trace file from a text with a whole number of MiB, 1 to 1024; 8 MiB for null and,
+/// with one line on stderr, for any other text.
 FileLimit traceLimit(const char* mebibytes);
 
 /// The same from the environment's OCUVA_TRACE_MAX_MIB.
 FileLimit traceLimit();
 
-/// Trouble with the file is one line on stderr.
+/// Reports trouble with the file by one line on stderr.
 class TraceWriter : public LineFile {
 public:
-    /// Opens or makes the file; lines of an earlier run stay.
+    /// Opens or creates the file; lines of earlier runs stay.
     explicit TraceWriter(std::filesystem::path file, const FileLimit& limit = traceLimit());
 };
 

@@ -1,5 +1,5 @@
 #pragma once
-// How one crossing of the seam becomes one line of a trace; the form of the line stands in TracingHost.h.
+// Turns one call across the seam into one line of a trace. TracingHost.h describes the line.
 
 #include "hostlink/JsonText.h"
 #include "hostlink/TraceWriter.h"
@@ -12,17 +12,17 @@
 
 namespace ocuva {
 
-/// Numbers and dates the lines of one trace.
+/// Numbers the lines of one trace and adds the time.
 class Trace {
 public:
-    /// The dates count from here.
+    /// Times count from the construction.
     explicit Trace(const std::filesystem::path& file)
         : m_writer(file) {}
 
-    /// False where the lines go nowhere, and need not be made.
+    /// False if lines are not written and need not be composed.
     bool isOpen() const { return m_writer.isOpen(); }
 
-    /// Appends a line; `body` is the line from its "lib" on, without the closing brace.
+    /// Appends a line. `body` is the line from "lib" on, without the closing brace.
     void write(const std::string& body);
 
 private:
@@ -31,10 +31,10 @@ private:
     std::uint64_t m_lastNumber = 0;
 };
 
-/// One call: made before it with what is passed in, ended after it with what came back.
+/// One call: constructed before it with its inputs, ended after it with its outputs.
 class TracedCall {
 public:
-    /// The names are those of Host.h; the trace outlives the call.
+    /// The names are those in Host.h. The trace outlives this object.
     template <class... In>
     TracedCall(Trace& trace, std::string_view library, std::string_view function, const std::tuple<In...>& in)
         : m_trace(trace) {
@@ -49,7 +49,7 @@ public:
         }
     }
 
-    /// To be called when the host has returned; null is the result of a function that has none.
+    /// To be called after the host has returned; null is the result of a function without one.
     template <class Result, class... Out> void end(Result result, const std::tuple<Out...>& out = {}) {
         if (m_trace.isOpen()) {
             m_body += ",\"out\":";

@@ -1,5 +1,5 @@
 #pragma once
-// Keys by which objects are told apart.
+// Keys that identify objects.
 
 #include "hostlink/Host.h"
 
@@ -7,7 +7,7 @@
 
 namespace ocuva {
 
-/// A key that the host has never given before; empty when it gives none.
+/// A key that the host has never returned before; empty if it returns none.
 std::string uniqueObjectKey(TnLogKeys& keys);
 
 } // namespace ocuva

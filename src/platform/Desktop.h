@@ -1,6 +1,6 @@
 #pragma once
-// What the program asks the window system for beside Qt. Only Windows has these; elsewhere Qt alone does the
-// same, as far as it can be had.
+// Functions of the window system that Qt does not offer. Only Windows has them; elsewhere Qt does the same
+// as far as possible.
 
 #include <QtGlobal>
 
@@ -8,22 +8,22 @@ class QWidget;
 
 namespace ocuva {
 
-/// Brings a window that is shown in front of all others.
+/// Brings a visible window in front of all others.
 void bringWindowToTop(QWidget& window);
 
-/// Whether the program runs inside the environment that it is developed in: the top window of class
-/// "ThunderMain" belongs to the same module instance as `window`, the program's first one. Never where there
+/// Whether the program runs inside its development environment: the top window of class "ThunderMain"
+/// belongs to the same module instance as `window`, the program's first window. Always false where there
 /// are no window classes.
 bool runsInDevelopmentEnvironment(quintptr window);
 
-/// Whether any button of the mouse is held down, wherever the pointer is: also while the window system moves
-/// or sizes a window for the operator, of which the program hears nothing else.
+/// Whether any mouse button is held down, wherever the pointer is. This includes the time in which the
+/// window system moves or resizes a window for the operator, which the program cannot notice otherwise.
 bool anyMouseButtonIsDown();
 
-/// Freezes the drawing of a widget, for the time that it is filled.
+/// Suspends the drawing of a widget while it is filled.
 class FrozenDrawing {
 public:
-    /// For as long as it lives; the widget outlives it.
+    /// For the life of this object; the widget outlives it.
     explicit FrozenDrawing(QWidget& widget);
     ~FrozenDrawing();
     FrozenDrawing(const FrozenDrawing&) = delete;

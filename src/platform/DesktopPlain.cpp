@@ -14,7 +14,7 @@ void bringWindowToTop(QWidget& window) { window.raise(); }
 bool runsInDevelopmentEnvironment(quintptr /*window*/) { return false; }
 
 bool anyMouseButtonIsDown() {
-    // The offscreen platform has the interface too, but no connection behind it.
+    // The offscreen platform has this interface too, but no connection.
     const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
     if (xcb_connection_t* connection = x11 != nullptr ? x11->connection() : nullptr; connection != nullptr) {
         const xcb_window_t root = xcb_setup_roots_iterator(xcb_get_setup(connection)).data->root;

@@ -9,8 +9,8 @@ namespace ocuva {
 
 namespace {
 
-/// Null unless the system knows it for a window of this process: one that is not made yet, or on a platform
-/// without real windows, whose numbers can be those of another program's.
+/// Null unless it is a system window of this process. A window that has not been created yet, or is on a
+/// platform without real windows, may have the number of another program's window.
 HWND systemWindow(WId id) {
     const auto window = reinterpret_cast<HWND>(id);
     DWORD process = 0;
@@ -47,7 +47,7 @@ bool anyMouseButtonIsDown() {
 FrozenDrawing::FrozenDrawing(QWidget& widget)
     : m_widget(widget) {
     m_widget.setUpdatesEnabled(false);
-    // One window can be locked at a time; another program's lock is not waited for.
+    // Only one window can be locked at a time; another program's lock is not waited for.
     const HWND handle = systemWindow(m_widget.window()->internalWinId());
     m_systemIsLocked =
         handle != nullptr && IsWindowVisible(handle) != FALSE && LockWindowUpdate(handle) != FALSE;

@@ -1,16 +1,16 @@
 #pragma once
-// Words in a window of their own, for a program that is about to end and cannot show a window any more.
+// Shows a message in a second process, for a program that can no longer show a window.
 
 #include <string>
 
 namespace ocuva {
 
-/// Starts the program of that name once more, only to show the text (the program's own 8-bit text), and does
-/// not wait for it. May be called in any thread, whatever the other threads are held by. False when it could
-/// not be started.
+/// Starts the program again only to show the text (in the platform's 8-bit encoding), without waiting for
+/// it. May be called on any thread, even if the others are blocked. False if the program could not be
+/// started.
 bool showNotice(const std::string& program, const std::string& text);
 
-/// The variable of the environment in which the other process finds the text.
+/// The environment variable that passes the text to the second process.
 inline constexpr const char* noticeVariable = "OCUVA_NOTICE";
 
 } // namespace ocuva

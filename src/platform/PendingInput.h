@@ -1,5 +1,5 @@
 #pragma once
-// What the window system has queued for the program while the program did not look.
+// Input that the window system queued while the program was busy.
 
 #include <QtGlobal>
 
@@ -9,8 +9,8 @@ class QInputEvent;
 
 namespace ocuva {
 
-/// Tells input that was made before a moment from input made after it. Releases of buttons and keys are never
-/// lost: who has seen a press must see its end. User-interface thread.
+/// Distinguishes input made before a certain moment from later input. Releases of buttons and keys are
+/// never dropped: a widget that has seen a press must see the release. User-interface thread.
 class PendingInput {
 public:
     PendingInput();
@@ -18,13 +18,12 @@ public:
     PendingInput(const PendingInput&) = delete;
     PendingInput& operator=(const PendingInput&) = delete;
 
-    /// Whatever was pressed, moved or typed until now, and has not reached the program yet, is outdated. Runs
-    /// no event, timer or message of the program. On X the server's clock decides, which stamps each event;
-    /// on Windows the messages are taken out of the thread's queue here; on other platforms nothing is
-    /// outdated.
+    /// Marks all input up to now that has not reached the program as outdated. Runs no event, timer or
+    /// message of the program. On X the server's time stamps decide; on Windows the messages are removed
+    /// from the thread's queue; on other platforms nothing is outdated.
     void outdate();
 
-    /// Whether an event that arrives now was made before the last call of outdate.
+    /// Whether an event was made before the last call of outdate.
     bool isOutdated(const QInputEvent& event);
 
 private:

@@ -16,10 +16,11 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-// Should a server stamp its events with another clock than it tells, input comes back after this time.
+// If a server's event times come from another clock than its current time, input is accepted again after
+// this time.
 constexpr std::chrono::seconds longestDoubt{2};
 
-// The event loop of Qt reads Qt's own connection, so an answer that is waited for needs another one.
+// Qt's event loop reads Qt's connection, so waiting for an answer needs a second one.
 class ServerClock {
 public:
     ServerClock()
@@ -34,9 +35,9 @@ public:
                           XCB_WINDOW_CLASS_INPUT_ONLY, XCB_COPY_FROM_PARENT, XCB_CW_EVENT_MASK, &events);
     }
 
-    /// Milliseconds; nothing when the server does not answer any more.
+    /// In milliseconds; nothing if the server does not answer.
     std::optional<xcb_timestamp_t> now() {
-        // The server tells its time with the change of a property, be it by no byte.
+        // The server reports its time with a property change, even one of zero bytes.
         xcb_change_property(m_connection.get(), XCB_PROP_MODE_APPEND, m_window, XCB_ATOM_WM_NAME,
                             XCB_ATOM_STRING, 8, 0, nullptr);
         xcb_flush(m_connection.get());
@@ -75,10 +76,10 @@ public:
         if (!m_outdatedUntil || time == XCB_CURRENT_TIME) {
             return false;
         }
-        // The server's milliseconds begin again every 50 days, so only their difference counts.
+        // The server's milliseconds wrap every 50 days, so only differences count.
         const bool outdated = static_cast<std::int32_t>(time - *m_outdatedUntil) <= 0;
         if (!outdated || Clock::now() > m_doubtEnds) {
-            m_outdatedUntil.reset(); // events come in the order of their times
+            m_outdatedUntil.reset(); // events arrive in the order of their times
             return false;
         }
         return true;

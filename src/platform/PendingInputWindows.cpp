@@ -7,7 +7,8 @@ namespace ocuva {
 
 namespace {
 
-// All that begins something. WM_xBUTTONUP and WM_KEYUP stay: who has seen a press must see its end.
+// All messages that begin an action. WM_xBUTTONUP and WM_KEYUP stay: a press must be followed by its
+// release.
 struct Messages {
     UINT first;
     UINT last;
@@ -26,7 +27,7 @@ constexpr std::array<Messages, 12> beginnings{{
     {WM_POINTERWHEEL, WM_POINTERHWHEEL},
     {WM_TOUCH, WM_TOUCH},
 }};
-// The wheels lie between the buttons.
+// The wheel messages are numbered between those of the buttons.
 static_assert(WM_MOUSEWHEEL == WM_MBUTTONDBLCLK + 1 && WM_XBUTTONDOWN == WM_MOUSEWHEEL + 1 &&
               WM_MOUSEHWHEEL == WM_XBUTTONDBLCLK + 1);
 

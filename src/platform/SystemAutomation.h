@@ -1,5 +1,5 @@
 #pragma once
-// The automation objects of the system that the program runs on.
+// The automation objects of the operating system.
 
 #include "video/Automation.h"
 
@@ -7,7 +7,7 @@
 
 namespace ocuva {
 
-/// On Windows, objects of registered classes through COM, in a single-threaded apartment: made, used and
+/// On Windows, objects of registered classes through COM in a single-threaded apartment: created, used and
 /// destroyed on one thread. Elsewhere no class is registered.
 std::unique_ptr<Automation> systemAutomation();
 

@@ -48,7 +48,7 @@ private:
 
 class ComAutomation final : public Automation {
 public:
-    // A thread that is in an apartment already stays in it.
+    // A thread that is already in an apartment stays in it.
     ComAutomation()
         : m_entered(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
     ~ComAutomation() override {

@@ -1,20 +1,20 @@
 #pragma once
-// What the window system itself shows of a window. Qt's own idea of it runs late, and can be wrong for good
-// when requests cross.
+// Whether a window is really on the screen. Qt's own state is delayed, and can stay wrong when requests
+// cross.
 
 class QWidget;
 
 namespace ocuva {
 
-/// What is on the screen of a window.
+/// What the screen shows of a window.
 enum class WindowPresence {
     Shown,    ///< the window itself; others may cover it
     Iconic,   ///< minimised, or on another desktop
     Hidden,   ///< nothing, not even an icon
-    Changing, ///< the window system is still at work on it
+    Changing, ///< the window system has not finished with it
 };
 
-/// Asks the window system, and waits for its answer. Where that cannot be asked, what Qt believes; that is
+/// Asks the window system and waits for its answer. If that is not possible, returns Qt's state, which is
 /// never Changing.
 WindowPresence presenceOf(const QWidget& window);
 

@@ -34,7 +34,7 @@ bool isViewable(xcb_connection_t* display, xcb_window_t window) {
     return attributes != nullptr && attributes->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
-/// The state that a window manager has noted; nothing where there is no window manager.
+/// The state set by the window manager; nothing if there is none.
 std::optional<std::uint32_t> wmState(xcb_connection_t* display, xcb_window_t window) {
     constexpr std::string_view name = "WM_STATE";
     const Answer<xcb_intern_atom_reply_t> atom(
@@ -62,7 +62,7 @@ WindowPresence presenceOf(const QWidget& window) {
     }
     const auto id = static_cast<xcb_window_t>(window.internalWinId());
     if (id == 0) {
-        return WindowPresence::Hidden; // the window system has never heard of it
+        return WindowPresence::Hidden; // unknown to the window system
     }
     const bool viewable = isViewable(x11->connection(), id);
     const std::uint32_t state = wmState(x11->connection(), id).value_or(viewable ? normal : withdrawn);

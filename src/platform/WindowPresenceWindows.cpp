@@ -8,7 +8,7 @@ namespace ocuva {
 
 WindowPresence presenceOf(const QWidget& window) {
     const auto handle = reinterpret_cast<HWND>(window.internalWinId());
-    // A platform without real windows has numbers of its own.
+    // A platform without real windows uses numbers of its own.
     if (handle == nullptr || IsWindow(handle) == FALSE) {
         return window.isVisible() ? (window.isMinimized() ? WindowPresence::Iconic : WindowPresence::Shown)
                                   : WindowPresence::Hidden;

@@ -1,5 +1,5 @@
 #pragma once
-// The imaging library's automation objects, as far as the program touches them: it creates them by their
+// The imaging library's automation objects, as far as the program uses them: it creates them by their
 // program identifiers to prove that the library can be started on the board.
 
 #include <memory>
@@ -10,7 +10,7 @@ namespace ocuva {
 class AutomationObject {
 public:
     virtual ~AutomationObject() = default;
-    /// Sets a text property. False when the object refuses it.
+    /// Sets a text property. False if the object refuses it.
     virtual bool setProperty(const char* name, const char* value) = 0;
 };
 
@@ -18,7 +18,7 @@ public:
 class Automation {
 public:
     virtual ~Automation() = default;
-    /// Null when the class is not registered or cannot be started.
+    /// Null if the class is not registered or cannot be started.
     virtual std::unique_ptr<AutomationObject> create(const char* programIdentifier) = 0;
 };
 

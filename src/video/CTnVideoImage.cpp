@@ -25,7 +25,7 @@ void CTnVideoImage::DisplayInObject(const void* /*Parent*/) {
     struct Step {
         std::unique_ptr<AutomationObject>& object;
         const char* programIdentifier;
-        const char* systemType; ///< null for the objects that have none
+        const char* systemType; ///< null for objects without one
     };
     const std::array<Step, 4> steps{{
         {m_system, "MILSYSTEM.System", "Meteor2"},
@@ -49,7 +49,7 @@ void CTnVideoImage::DisplayInObject(const void* /*Parent*/) {
 }
 
 void CTnVideoImage::Refresh() {
-    // Buffer 0 is the frame on the board, and this region all of it, whatever identifier Buffer holds.
+    // Buffer 0 is the frame on the board, and this region all of it, whatever Buffer contains.
     Long buffer = 0;
     m_refreshed = m_vduti.TarnVideoBufferComputeStatistics(&buffer, 0, 0, -1, -1, &m_nPixelCount,
                                                            &m_nPixelSum, &m_dVariance) != 0;

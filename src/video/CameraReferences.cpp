@@ -73,10 +73,10 @@ void CameraReferences::show(CameraReference reference) {
     const std::optional<Double> value = readCameraReference(m_video, reference);
     const std::string text = value ? referenceText(*value) : std::string();
     m_view.setText(reference, text);
-    // The text's number and not the value's: 33.46 is shown as 33.5, and the slider goes with what is read.
+    // The number in the text, not the value: 33.46 is shown as 33.5, and the slider follows the text.
     if (const std::optional<Double> shown = leadingNumber(text)) {
-        const Long position = toLong(std::clamp<Double>(
-            *shown, lowestReference, highestReference)); // a slider ends where its scale does
+        const Long position = toLong(
+            std::clamp<Double>(*shown, lowestReference, highestReference)); // limited to the slider's scale
         if (m_view.slider(reference) != position) {
             m_view.setSlider(reference, position);
         }

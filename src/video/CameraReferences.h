@@ -13,17 +13,17 @@ namespace ocuva {
 
 enum class CameraReference { Contrast, Brightness, Hue, Saturation };
 
-/// The place of a value in the pair that the host keeps as one group.
+/// The position of a value in the pair that the host keeps as one group.
 enum class ReferenceSlot { First, Second };
 
-/// Where one reference is on the page and in the host.
+/// The place of one reference on the page and in the host.
 struct CameraReferenceRow {
-    CameraReference reference; ///< the one that the row is about
+    CameraReference reference; ///< the reference of this row
     const char* slider;        ///< name of the control
     const char* textBox;       ///< name of the control
-    Long group;                ///< 1 or 2, as the host counts its pairs
-    ReferenceSlot slot;        ///< its place in the group
-    const char* defaultKey;    ///< of the stored default, to be followed by the camera type
+    Long group;                ///< 1 or 2, the host's number of the pair
+    ReferenceSlot slot;        ///< its position in the group
+    const char* defaultKey;    ///< key of the stored default, without the camera type at its end
 };
 
 /// One row per CameraReference, in the order of the enumeration and of the page.
@@ -37,16 +37,16 @@ inline constexpr std::array<CameraReferenceRow, 4> cameraReferences{{
 }};
 const CameraReferenceRow& cameraReferenceRow(CameraReference reference);
 
-/// The ends of the references' scale, and of their sliders.
+/// The limits of the references' scale and of their sliders.
 inline constexpr Long lowestReference = 0;
 inline constexpr Long highestReference = 100;
 
-/// The controls of the references: sldContrast and txtContrast, and so on. The setters may report the change
-/// as if the operator had made it, as some sliders do, or keep quiet.
+/// The controls of the references: sldContrast and txtContrast, and so on. The setters may or may not
+/// report the change as if the operator had made it.
 class CameraReferencesView {
 public:
     virtual ~CameraReferencesView() = default;
-    /// The text box, as it stands.
+    /// The text in the text box.
     ///@{
     virtual std::string text(CameraReference reference) const = 0;
     virtual void setText(CameraReference reference, const std::string& text) = 0;
@@ -58,10 +58,10 @@ public:
     ///@}
 };
 
-/// What the host has for that reference now; nothing when it gives none.
+/// The host's value of the reference; nothing if it gives none.
 std::optional<Double> readCameraReference(TnVideo& video, CameraReference reference);
 
-/// Carries what the operator sets to the host, and shows what the host made of it.
+/// Sends the operator's changes to the host and shows the host's values.
 class CameraReferences {
 public:
     /// Both outlive it.
@@ -69,20 +69,20 @@ public:
         : m_video(video)
         , m_view(view) {}
 
-    /// The slider was moved: its position goes into the text box, and on from there as if that had been left.
+    /// The slider was moved: puts its position into the text box and continues as in textLeft.
     void sliderMoved(CameraReference reference);
 
-    /// The text box lost the focus: its number, as it stands, is set in the host, which brings it into 0 to
-    /// 100, and the other reference of the group stays. A text that is no number sets nothing. Either way the
+    /// The text box lost the focus: sends its number to the host, which limits it to 0 to 100; the other
+    /// reference of the group does not change. A text without a number sets nothing. In both cases the
     /// host's value is shown afterwards.
     void textLeft(CameraReference reference);
 
-    /// Text and slider show the host's value: the text with one decimal, the slider that text's nearest whole
-    /// number, set only where it differs. A value that the host does not give leaves the text empty and the
-    /// slider where it is. What the controls report meanwhile is not taken for the operator's doing, so the
-    /// decimal of a typed value survives the slider.
+    /// Shows the host's value: the text with one decimal, the slider with the nearest whole number of that
+    /// text, set only if it differs. If the host gives no value, the text is empty and the slider stays.
+    /// Changes that the controls report meanwhile do not count as the operator's, so the decimal of a
+    /// typed value is kept.
     void show(CameraReference reference);
-    /// The same for all four, in the order of the page.
+    /// Shows all four references, in the order of the page.
     void showAll();
 
 private:

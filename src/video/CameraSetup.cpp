@@ -24,7 +24,7 @@ void CameraSetup::refresh(bool checkCameraTypeToo) {
         checkCameraType();
     }
     if (m_board.BoardType() == boardWithDisplay) {
-        constexpr Long zoomDivisor = 2; // the mark of mnuZoom wins over it where the picture is not reduced
+        constexpr Long zoomDivisor = 2; // mnuZoom overrides it if the image is not reduced
         handDisplayToBoard(m_video, m_mainWindow.displayHandle(), zoomDivisor,
                            m_mainWindow.normalZoomIsChecked());
         if (m_references) {
@@ -65,7 +65,7 @@ void CameraSetup::txtReference_LostFocus(CameraReference reference) {
     }
 }
 
-// Held to the ranges, because a slider below 0 would ask for automatic gain.
+// Limited to the ranges, because a slider below 0 would request automatic gain.
 Long CameraSetup::chosenGainRange() const {
     return std::clamp<Long>(m_view->sldGain(), 0, gainRangeCount - 1);
 }

@@ -1,5 +1,5 @@
 #pragma once
-// The camera set-up: the type of the camera, the display that the board draws into, and the camera's signal
+// The camera set-up: camera type, the display that the board draws into, and the camera's signal
 // (references and gain).
 
 #include "base/Types.h"
@@ -11,18 +11,18 @@
 
 namespace ocuva {
 
-/// The gain ranges, from 0, each with its label lblGainRange.
+/// Number of gain ranges, counted from 0; each has a label lblGainRange.
 inline constexpr Long gainRangeCount = 5;
-/// What the host takes in place of a range for automatic gain.
+/// The host's value for automatic gain.
 inline constexpr Long automaticGain = -1;
 
-/// What the camera set-up needs of the main window and changes there.
+/// The parts of the main window that the camera set-up uses.
 class CameraMainWindow {
 public:
     virtual ~CameraMainWindow() = default;
-    /// The handle of milDisp as it crosses the seam.
+    /// The handle of milDisp.
     virtual Long displayHandle() const = 0;
-    /// The mark of the menu entry "&Normal (1:1)", mnuZoom.
+    /// Whether the menu entry "&Normal (1:1)", mnuZoom, is checked.
     virtual bool normalZoomIsChecked() const = 0;
     /// The toolbar button "Acq".
     virtual void enableAcq(bool on) = 0;
@@ -34,8 +34,8 @@ public:
     virtual void checkOptCam(Long index) = 0; ///< 0 to 3, camera type - 1
 
     virtual bool chkAutoGain() const = 0; ///< checked
-    virtual Long sldGain() const = 0;     ///< the gain range, from 0; a slider may stand beyond the ends
-    /// With automatic gain its label stands in the place of the slider.
+    virtual Long sldGain() const = 0;     ///< the gain range, from 0; may be outside the scale
+    /// With automatic gain its label replaces the slider.
     ///@{
     virtual void showSldGain(bool visible) = 0;
     virtual void showLblAutoGain(bool visible) = 0;
@@ -46,29 +46,28 @@ public:
 /// The handlers of the camera page.
 class CameraSetup {
 public:
-    /// Without a view, as long as no camera page is open, only the main window is kept right, by refresh; the
-    /// other operations are the page's own and do nothing.
+    /// Without a view, while no camera page is open, only refresh does anything, for the main window.
     CameraSetup(TnVideo& video, CTnVideoBoard& board, CameraMainWindow& mainWindow,
                 CameraSetupView* view = nullptr);
 
-    /// Brings page and main window to what board and host have: checks the camera's type when asked to (none
-    /// when the host has none), hands milDisp to the board and shows the references when the board draws
-    /// itself, and enables "Acq" for an initialised board.
+    /// Updates page and main window from board and host: checks the camera type's button if requested
+    /// (none if the host has no type), hands milDisp to a board that draws itself and shows the
+    /// references, and enables "Acq" for an initialised board.
     void refresh(bool checkCameraType);
 
-    /// Chooses the camera of optCam's index and refreshes the page, so that the page shows the camera that
-    /// the host took.
+    /// Chooses the camera of an optCam button and refreshes the page, so that it shows the camera that the
+    /// host accepted.
     void optCam_Click(Long index);
 
-    /// A slider was moved, a text box left: as CameraReferences does it.
+    /// A slider was moved, a text box left: see CameraReferences.
     ///@{
     void sldReference_Change(CameraReference reference);
     void txtReference_LostFocus(CameraReference reference);
     ///@}
 
-    /// sldGain was moved or chkAutoGain clicked: shows what belongs to the choice and sets the gain.
+    /// sldGain was moved or chkAutoGain clicked: shows the controls for the choice and sets the gain.
     void gainChanged();
-    /// Shows what belongs to the choice and leaves the gain alone.
+    /// Shows the controls for the choice without setting the gain.
     void showGain();
 
 private:
@@ -79,7 +78,7 @@ private:
     CTnVideoBoard& m_board;
     CameraMainWindow& m_mainWindow;
     CameraSetupView* m_view;
-    std::optional<CameraReferences> m_references; // there with the view
+    std::optional<CameraReferences> m_references; // exists if there is a view
     bool m_checking = false;
 };
 

@@ -1,5 +1,5 @@
 #pragma once
-// Tells the board which window live video is shown in, and how.
+// Tells the board in which window to show live video, and at which scale.
 
 #include "base/Types.h"
 #include "hostlink/Host.h"

@@ -1,5 +1,5 @@
 #pragma once
-// The video magnification and the size of the field, asked of the host each time.
+// The video magnification and the size of the field, read from the host each time.
 
 #include "base/Types.h"
 #include "hostlink/Host.h"
@@ -7,14 +7,14 @@
 
 namespace ocuva {
 
-/// What lengths on the image are told by. Any of it may be 0, and then no length can be told.
+/// The scale of the image. If any member is 0, there is no scale.
 struct Magnification {
     Long magnification = 0; ///< 400 means 400 times
     Single x100 = 0.0F;     ///< width of the whole field in stage units at magnification 100
     Single y100 = 0.0F;     ///< height of the whole field in stage units at magnification 100
 };
 
-/// Reads and writes it where the host keeps it.
+/// Reads and writes the magnification in the host's settings.
 class MagnificationStore {
 public:
     /// Both outlive it.
@@ -22,9 +22,9 @@ public:
         : m_settings(settings)
         , m_libProxy(libProxy) {}
 
-    /// First the magnification, then the factors. Factors that the host does not give are 0.
+    /// Reads first the magnification, then the factors. Factors that the host does not give are 0.
     Magnification read() const;
-    /// In the same order; the host checks nothing.
+    /// Writes in the same order; the host does not check the values.
     void write(const Magnification& magnification);
 
 private:

@@ -1,11 +1,11 @@
 #pragma once
-// Tells a change that the program makes to a control from one that the operator makes.
+// Distinguishes the program's changes to a control from the operator's.
 
 #include <utility>
 
 namespace ocuva {
 
-/// Holds the flag for as long as it lives, and gives it back as it was, so that it can be nested.
+/// Sets the flag for the life of the object and then restores its former value; can be nested.
 class OwnChange {
 public:
     /// Sets the flag, which outlives it.

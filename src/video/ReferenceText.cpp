@@ -9,7 +9,7 @@ namespace ocuva {
 std::string referenceText(Double value) {
     constexpr int decimals = 1;
     constexpr Double scale = 10.0;
-    constexpr Double positiveZero = 0.0; // added, it takes the sign off a zero
+    constexpr Double positiveZero = 0.0; // adding it removes the sign of a zero
     const Double tenths = std::round(value * scale);
     const Double shown = (std::isfinite(tenths) ? tenths / scale : value) + positiveZero;
     std::array<char, 320> text{}; // the largest Double has 309 digits before its point

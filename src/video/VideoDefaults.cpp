@@ -11,7 +11,7 @@ namespace ocuva {
 
 namespace {
 
-// The host reads the section by this very name, with one backslash in it.
+// The section's name has a single backslash.
 constexpr const char* referencesSection = "tn_video\\meteor2";
 
 Long hundredths(Double value) {
@@ -39,7 +39,7 @@ void VideoDefaults::save() {
     for (std::size_t i = 0; keepsReferences && i < values.size(); ++i) {
         values[i] = readCameraReference(m_video, cameraReferences[i].reference);
         if (values[i]) {
-            hundredths(*values[i]); // fails now rather than between two stored references
+            hundredths(*values[i]); // fails before the first reference is stored
         }
     }
 

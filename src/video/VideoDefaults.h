@@ -1,5 +1,5 @@
 #pragma once
-// What the host is to begin with next time: board, camera, and the camera's references.
+// The host's defaults at the next start: board, camera, and the camera's references.
 
 #include "base/Types.h"
 #include "hostlink/Host.h"
@@ -10,7 +10,7 @@
 
 namespace ocuva {
 
-/// Keeps what is in use as what the host begins with.
+/// Stores the settings in use as the host's defaults.
 class VideoDefaults {
 public:
     /// All outlive it.
@@ -21,14 +21,14 @@ public:
         , m_board(board) {}
 
     /// Stores the value (0 to 100) in hundredths under the reference's default key followed by the suffix,
-    /// for a board that draws itself; other boards have no default references. Throws ArithmeticError when
-    /// the hundredths leave 32 bits; nothing is stored then.
+    /// for a board that draws itself; other boards have no default references. Throws ArithmeticError if
+    /// the hundredths exceed 32 bits; nothing is stored then.
     void storeReference(CameraReference reference, const std::string& suffix, Double value);
 
-    /// Makes the board and the camera that are in use the host's defaults, and the camera's present
-    /// references the defaults of that camera type (the suffix is its number). Without a chosen camera only
-    /// the board's type is kept; a reference that the host does not give keeps its default. Throws as
-    /// storeReference does, before anything is changed.
+    /// Makes board and camera in use the host's defaults, and the camera's current references the defaults
+    /// for its type (the suffix is its number). Without a chosen camera only the board type is stored; a
+    /// reference that the host does not give keeps its default. Throws like storeReference, before
+    /// anything is changed.
     void save();
 
 private:
