@@ -1,6 +1,6 @@
 #pragma once
-// Access letters for controls whose captions are fixed to the character: the letter is underlined and works
-// with Alt, and text() stays the caption without "&".
+// Access letters for controls with fixed captions: the letter is underlined and works with Alt, while
+// text() stays the caption without "&".
 
 #include <QKeySequence>
 #include <QLabel>

@@ -8,7 +8,7 @@ namespace ocuva {
 
 namespace {
 
-constexpr int gapPixels = 6; // between a dialog and what it stays clear of
+constexpr int gapPixels = 6; // distance from areas to be kept clear
 
 int area(const QRect& rect) { return rect.isEmpty() ? 0 : rect.width() * rect.height(); }
 
@@ -25,7 +25,7 @@ bool touchesAny(const QRect& rect, const QList<QRect>& others) {
                        [&rect](const QRect& other) { return rect.intersects(other); });
 }
 
-// What is left of a rectangle at each side of another.
+// The parts of a rectangle on each side of another one.
 QList<QRect> sidesOf(const QRect& rect, const QRect& taken) {
     QRect right = rect;
     right.setLeft(taken.right() + 1);
@@ -73,7 +73,7 @@ struct Sizes {
     QSize smallest; ///< invalid: the dialog keeps its size
 };
 
-// The best place that touches nothing of what is taken.
+// The best place that does not overlap any occupied rectangle.
 std::optional<QRect> freePlace(const Surroundings& around, const QList<QRect>& taken, const Sizes& sizes) {
     const QRect anchor = around.mainWindow.isEmpty() ? around.screen : around.mainWindow;
     const auto cost = [&](const QRect& place) {
@@ -125,7 +125,7 @@ QList<int> ends(int screenStart, int screenLength, int length, const QList<std::
     return starts;
 }
 
-// Some overlap cannot be avoided. The least is where the dialog's edges meet those of the others or of the
+// If overlap cannot be avoided, it is least where the dialog's edges meet those of the others or of the
 // screen.
 QRect leastCovering(const Surroundings& around, QSize size) {
     QList<QRect> others = around.watched;

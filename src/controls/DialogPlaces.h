@@ -6,8 +6,8 @@
 
 namespace ocuva {
 
-/// Each time such a dialog opens while the main window is on the screen, it goes where dialogPlace says.
-/// Belongs to the main window. Dialogs that the system itself shows are not reached.
+/// Moves such a dialog to the place computed by dialogPlace each time it opens while the main window is on
+/// the screen. Belongs to the main window. Does not affect dialogs of the operating system.
 class DialogPlaces final : public QObject {
     Q_OBJECT
 

@@ -7,8 +7,8 @@
 
 namespace ocuva {
 
-/// One entry of the dialog's list: what it shows, with the pattern in parentheses, and the extension without
-/// its dot.
+/// One entry of the dialog's list: its text, with the pattern in parentheses, and the extension without
+/// dot.
 struct FileKind {
     QString shown;     ///< "TIFF (*.tif)"
     QString extension; ///< "tif"
@@ -16,12 +16,12 @@ struct FileKind {
     bool operator==(const FileKind&) const = default;
 };
 
-/// Reads "TIFF (*.tif):*.tif|BMP (*.bmp):*.bmp": entries between bars, each with what is shown, a colon, and
-/// its pattern. The text is the program's own and never wrong.
+/// Parses "TIFF (*.tif):*.tif|BMP (*.bmp):*.bmp": entries separated by bars, each with its text, a colon
+/// and its pattern. The text comes from the program and is always valid.
 QList<FileKind> fileKinds(const QString& filter);
 
-/// Lets the dialog offer the kinds of that text. A name typed without extension gets that of the kind
-/// chosen, the first one at the beginning.
+/// Lets the dialog offer these kinds of files. A name typed without extension gets that of the chosen
+/// kind, initially the first one.
 void offerKinds(QFileDialog& dialog, const QString& filter);
 
 /// Runs the dialog. Gives the full name in the system's notation, empty when the operator cancels.

@@ -44,8 +44,9 @@ bool mayRepeat(int key, Qt::KeyboardModifiers modifiers, bool somebodyTypes) {
 
 HeldKeys::HeldKeys() { QCoreApplication::instance()->installEventFilter(this); }
 
-// X repeats a held key as releases and presses in pairs of the same millisecond. Qt sees the pair only if
-// both have arrived when it looks at the release; no finger lets go and presses again in no time.
+// X repeats a held key as pairs of release and press with the same millisecond. Qt recognises the pair
+// only if both have arrived when it handles the release. No finger releases and presses a key within a
+// millisecond.
 bool HeldKeys::isRepetition(const QKeyEvent& press) const {
     return press.isAutoRepeat() ||
            (press.timestamp() != 0 && press.nativeScanCode() != 0 && press.timestamp() == m_releasedAtMs &&

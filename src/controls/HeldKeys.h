@@ -7,8 +7,8 @@ class QKeyEvent;
 
 namespace ocuva {
 
-/// Whether a key that is held may be pressed again and again: those that move a cursor, a choice or a value
-/// by steps, and in a field that one types in those that write and delete.
+/// Whether a held key may repeat: keys that move a cursor, a selection or a value by steps, and in a text
+/// field also those that write and delete.
 bool mayRepeat(int key, Qt::KeyboardModifiers modifiers, bool somebodyTypes);
 
 /// Drops the repetitions of all other held keys, in all windows of the program and as shortcuts too, for as

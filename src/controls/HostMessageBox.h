@@ -11,8 +11,8 @@ namespace ocuva {
 /// TARN_ANSWER_...; closing the box counts as the answer that changes least.
 TarnLong showMessageBox(const std::string& text, const std::string& title, TarnLong style);
 
-/// The same for a host, which may ask while no window of the program is on the screen: nobody would see the
-/// box then, so none opens, and the result is the answer that changes least.
+/// The same for a host. If no window of the program is on the screen, nobody would see the box: none
+/// opens, and the result is the answer that changes least.
 TarnLong showHostMessageBox(const std::string& text, const std::string& title, TarnLong style);
 
 } // namespace ocuva

@@ -52,7 +52,7 @@ void InputGate::begin() {
     m_inFront = widgetInFront();
     m_cancelled = m_pressed;
     if (auto* button = qobject_cast<QAbstractButton*>(QApplication::focusWidget()); button != nullptr) {
-        button->setDown(false); // by Space, whose release would be a click
+        button->setDown(false); // pressed with Space; the release would be a click
     }
 }
 
@@ -99,8 +99,8 @@ bool InputGate::eventFilter(QObject* watched, QEvent* event) {
     if (m_isSendingRelease) {
         return false;
     }
-    // What comes from the window system arrives at a window first, and at a widget from there. A widget alone
-    // gets what a program sends it, such as a host that runs events inside its call.
+    // Input from the window system arrives first at a window and then at a widget. Input sent by a
+    // program, for example by a host that runs events inside its call, arrives at a widget only.
     const bool atWindow = watched->isWindowType();
     if (!atWindow && !isHeld()) {
         return false;

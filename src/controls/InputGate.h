@@ -1,5 +1,5 @@
 #pragma once
-// What is pressed while the program cannot answer is not done afterwards.
+// Drops input made while the program cannot respond, instead of carrying it out afterwards.
 
 #include "platform/PendingInput.h"
 
@@ -14,25 +14,23 @@ class QWidget;
 
 namespace ocuva {
 
-/// Keeps pointer and keys away from all windows of the program while a call holds it. Each call of the host
-/// that may take long goes through it: a Hold lives around the call. One for the life of the main window.
-/// User-interface thread.
+/// Blocks pointer and keys in all windows of the program while a Hold exists. A Hold surrounds each host
+/// call that can take long. One gate for the life of the main window. User-interface thread.
 class InputGate final : public QObject {
     Q_OBJECT
 
 public:
-    /// Shows on the screen, before it returns, what the program is busy with; an empty text when it no longer
-    /// is.
+    /// Shows on the screen, before it returns, what the program is waiting for; an empty text ends this.
     using Say = std::function<void(const QString& what)>;
 
     /// Watches the application's events from now on.
     explicit InputGate(Say say);
     ~InputGate() override;
 
-    /// While one lives, presses, pointer moves and the wheel are dropped, in whatever window they arrive; a
-    /// window or menu that opens meanwhile and must be answered gets them all the same. At the end of the
-    /// outermost Hold what was made until then and is still queued is dropped too. A press that was made
-    /// before comes to nothing: its release arrives outside of everything. Holds may be nested.
+    /// While a Hold exists, presses, pointer moves and wheel steps are dropped in every window, except in
+    /// a window or menu that opens meanwhile and must be answered. At the end of the outermost Hold, input
+    /// made until then that is still queued is dropped too. A press from before the Hold has no effect:
+    /// its release arrives outside everything. Holds may be nested.
     class Hold {
     public:
         /// Begins to drop input; the gate outlives it.
@@ -41,7 +39,7 @@ public:
         Hold(const Hold&) = delete;
         Hold& operator=(const Hold&) = delete;
 
-        /// Shows what is going on, and the pointer of a busy program, as long as this Hold lives.
+        /// Shows what the program is waiting for, and the busy pointer, until this Hold ends.
         void say(const QString& what);
 
     private:
@@ -65,10 +63,10 @@ private:
     Say m_say;
     PendingInput m_pending;
     int m_holds = 0;
-    int m_saying = 0;             // Holds that have said something
-    QPointer<QWidget> m_inFront;  // the modal window or menu as the outermost Hold began
-    Qt::MouseButtons m_pressed;   // presses that a window has got, their release to come
-    Qt::MouseButtons m_cancelled; // of those: that a Hold came between
+    int m_saying = 0;             // number of Holds that show a text
+    QPointer<QWidget> m_inFront;  // the modal window or menu when the outermost Hold began
+    Qt::MouseButtons m_pressed;   // presses whose release is still to come
+    Qt::MouseButtons m_cancelled; // those of them that a Hold has cancelled
     bool m_isSendingRelease = false;
 };
 

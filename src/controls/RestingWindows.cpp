@@ -24,7 +24,7 @@ void refuseModalDialogs() {
         if (auto* dialog = qobject_cast<QDialog*>(modal)) {
             dialog->reject();
         }
-        modal->hide(); // also what does not let itself be refused
+        modal->hide(); // also a dialog that cannot be cancelled
     }
 }
 

@@ -1,5 +1,5 @@
 #pragma once
-// The windows beside the main window while that one is put to sleep.
+// The other windows of the program while the main window sleeps.
 
 #include <QPointer>
 #include <QWidget>
@@ -8,17 +8,17 @@
 
 namespace ocuva {
 
-/// A program that its host puts to sleep leaves nothing on the screen, and no dialog waits for an answer that
-/// nobody can give. User-interface thread.
+/// A sleeping program leaves nothing on the screen, and no dialog waits for an answer that nobody can
+/// give. User-interface thread.
 class RestingWindows {
 public:
-    /// Closes open menus, refuses every modal dialog as Escape does, the uppermost first, and hides all other
-    /// windows of the program but `main`. Whoever waits for a refused dialog gets its answer as soon as the
-    /// present event is over. What rests already goes on resting.
+    /// Closes open menus, cancels every modal dialog like Escape, the topmost first, and hides all other
+    /// windows of the program except `main`. The caller of a cancelled dialog gets its answer after the
+    /// current event. Windows hidden before stay hidden.
     void layDown(const QWidget& main);
 
-    /// Shows the windows again that were hidden, with what was in them. One that has been deleted meanwhile
-    /// stays away.
+    /// Shows the hidden windows again with their contents. A window that has been deleted meanwhile is
+    /// skipped.
     void bringBack();
 
 private:

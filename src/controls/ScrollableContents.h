@@ -1,14 +1,14 @@
 #pragma once
-// A dialog whose contents need more room than the screen has.
+// Scroll bars for dialogs whose contents need more room than the screen has.
 
 #include <QSize>
 #include <QWidget>
 
 namespace ocuva {
 
-/// Puts the contents of a window into an area with scroll bars when they cannot be made as small as `room`.
-/// Focus and order of the controls stay as they are. Does nothing for a window that fits, that has no layout,
-/// or whose contents have been put into such an area before.
+/// Puts the contents of a window into a scroll area if they cannot be made as small as `room`. Focus and
+/// order of the controls do not change. Does nothing for a window that fits, has no layout, or has such an
+/// area already.
 void scrollWhatDoesNotFit(QWidget& window, QSize room);
 
 } // namespace ocuva

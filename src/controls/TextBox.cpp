@@ -27,7 +27,7 @@ QSize TextBox::sizeHint() const {
     if (m_digits == 0) {
         return usual;
     }
-    // What the usual hint has round its text, which it takes to be 17 letters wide, stays.
+    // Keeps the margins of the usual size hint, which assumes a text of 17 letters.
     constexpr int usualLetters = 17;
     const QFontMetrics metrics(font());
     const int aroundText = usual.width() - usualLetters * metrics.horizontalAdvance(u'x');

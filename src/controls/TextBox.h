@@ -5,8 +5,8 @@
 
 namespace ocuva {
 
-/// Selects its whole text when it gets the focus, so that typing replaces it. Escape puts back the text from
-/// before the typing; where nothing was typed it goes on to the dialog.
+/// Selects its whole text when it gets the focus, so that typing replaces it. Escape restores the text
+/// from before the typing; if nothing was typed, the dialog gets the key.
 class TextBox final : public QLineEdit {
     Q_OBJECT
 
@@ -14,10 +14,10 @@ public:
     /// Empty, as wide as a text box is.
     explicit TextBox(QWidget* parent = nullptr);
 
-    /// Makes the box as wide as it takes to show that many digits, rather than as wide as it can be.
+    /// Makes the box wide enough for that many digits, instead of as wide as possible.
     void setDigits(int count);
 
-    /// Room for the digits that setDigits tells.
+    /// Room for the digits set by setDigits.
     ///@{
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

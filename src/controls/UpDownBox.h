@@ -5,8 +5,7 @@
 
 namespace ocuva {
 
-/// Escape takes back what is typed and not taken over yet; where there is nothing of the kind it goes on to
-/// the dialog.
+/// Escape discards typed text that has not been applied yet; otherwise the dialog gets the key.
 class UpDownBox final : public QSpinBox {
     Q_OBJECT
 

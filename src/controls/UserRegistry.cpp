@@ -1,5 +1,5 @@
-// A file in place of a registry. QSettings itself is not used on it: it waits for its lock without an end,
-// opens whatever is there, and replaces what a link leads to.
+// A file in place of the registry. QSettings is not used for it: it waits for its lock forever, opens any
+// kind of file, and replaces the target of a link.
 
 #include "controls/UserRegistry.h"
 
@@ -18,7 +18,7 @@ namespace {
 
 constexpr std::size_t largestFile = 1024 * 1024;
 
-/// QSettings knows where the user's files are, and tests tell it; it looks at no file of ours for it.
+/// QSettings knows the folder of the user's files, also in tests; it does not open the file for this.
 std::filesystem::path fileOf(const QString& title) {
     const QString none = QStringLiteral("no such organisation");
     const QString some = QSettings(QSettings::NativeFormat, QSettings::UserScope, none, none).fileName();

@@ -16,7 +16,7 @@ struct Key {
     std::string name;
 };
 
-/// What is not under a section has "General" for one, as QSettings has it.
+/// A key without a section belongs to "General", as in QSettings.
 Key splitKey(const QString& key) {
     const qsizetype slash = key.indexOf(u'/');
     return {slash < 0 ? "General" : key.left(slash).toStdString(), key.mid(slash + 1).toStdString()};
@@ -29,7 +29,7 @@ std::string_view trimmed(std::string_view text) {
                                            : text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
-/// A line with its section and, where it is an entry, its name and value.
+/// A line with its section and, if it is an entry, its name and value.
 struct Line {
     std::string_view whole; ///< with its line feed
     std::string_view section;

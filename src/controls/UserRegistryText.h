@@ -9,8 +9,8 @@
 
 namespace ocuva {
 
-/// The value under "Section/Name" in such a text, UTF-8; invalid when there is none. More than one item is a
-/// list of texts.
+/// The value of "Section/Name" in such a text, UTF-8; invalid if there is none. Several items are a list
+/// of texts.
 QVariant registryValue(std::string_view text, const QString& key);
 
 /// The text with that value in it, in place of the one before; with an invalid value without it. Every other

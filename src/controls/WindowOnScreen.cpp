@@ -68,8 +68,8 @@ void WindowOnScreen::repeat(std::int64_t now) {
         carryOut();
         return;
     }
-    // To ask twice for the same is no request to a toolkit that believes it done. The opposite is one; the
-    // next look sees its effect and carries out what is wanted.
+    // Qt ignores a repeated request that it believes done, so the opposite is requested; the next look
+    // sees its effect and carries out the wanted state.
     m_carriedOut = !m_wanted;
     m_carriedOutMs = now;
     m_hands.setMapped(!m_wanted);

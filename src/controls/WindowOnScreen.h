@@ -12,38 +12,38 @@ namespace ocuva {
 class WindowHands {
 public:
     virtual ~WindowHands() = default;
-    /// What the window system shows now.
+    /// The state that the window system shows.
     virtual WindowPresence look() const = 0;
     /// Shows the window in its normal state, in front of the others, with all that belongs to it.
     virtual void show() = 0;
     /// Takes the window off the screen, with all that belongs to it.
     virtual void hide() = 0;
-    /// Maps or unmaps the window alone, and nothing else: a way out when show() or hide() had no effect.
+    /// Only maps or unmaps the window: used if show() or hide() had no effect.
     virtual void setMapped(bool mapped) = 0;
     /// While on, WindowOnScreen::tick is called once in WindowOnScreen::tickMs.
     virtual void enableTimer(bool on) = 0;
     /// A clock that never goes back.
     virtual std::int64_t nowMs() const = 0;
-    /// The window system has not done what was asked for within WindowOnScreen::patienceMs.
+    /// The window system has not carried out the request within WindowOnScreen::patienceMs.
     virtual void givenUp() = 0;
 };
 
-/// Shows and hides a window for somebody who may change his mind faster than the window system works.
+/// Shows and hides a window for a caller whose requests may be faster than the window system.
 ///
-/// A request is carried out at once when the one before has taken effect. Otherwise it waits for that, and
-/// only the newest request counts: a window that is mapped while its unmapping is still in progress can be
-/// lost. The window system is then looked at until it has shown what was requested for quietMs, because what
-/// its user did just before may still be on its way; what it undoes meanwhile is repeated. After patienceMs
-/// the request is given up. Later changes are the user's own and are left alone. In a flood, from the request
-/// of number floodAfter on, the newest request waits for the next look.
+/// A request is carried out at once if the previous one has taken effect. Otherwise it waits, and only the
+/// latest request counts: a window that is mapped while it is being unmapped can be lost. The window is
+/// then observed until it has had the requested state for quietMs, because an earlier action of the user
+/// may still take effect; the request is repeated if it is undone meanwhile. After patienceMs it is given
+/// up. Later changes are the user's and are left alone. In a flood of requests, from request number
+/// floodAfter on, the latest one waits for the next look.
 class WindowOnScreen {
 public:
     static constexpr int tickMs = 20;       ///< between two looks
-    static constexpr int quietMs = 400;     ///< what is right for so long stays right
+    static constexpr int quietMs = 400;     ///< a state that lasts this long is considered stable
     static constexpr int changeMs = 500;    ///< a request without effect delays the next one for at most this
     static constexpr int repeatMs = 100;    ///< from a request to its first repetition; the next take longer
     static constexpr int patienceMs = 5000; ///< from the newest request to the end of the looks
-    static constexpr int floodAfter = 100;  ///< requests that are carried out at once, from the first look on
+    static constexpr int floodAfter = 100;  ///< requests carried out at once before they wait for looks
 
     /// The hands outlive it.
     explicit WindowOnScreen(WindowHands& hands)
@@ -63,7 +63,7 @@ private:
 
     WindowHands& m_hands;
     bool m_wanted = false;
-    std::optional<bool> m_carriedOut; // while looks go on
+    std::optional<bool> m_carriedOut; // while the window is observed
     std::int64_t m_requestedMs = 0;
     std::int64_t m_carriedOutMs = 0;
     std::optional<std::int64_t> m_rightSinceMs;

@@ -17,8 +17,7 @@ namespace ocuva {
 
 namespace {
 
-constexpr int usersChangeMs =
-    150; // long enough for the window system to tell that it has maximised the window
+constexpr int usersChangeMs = 150; // long enough for the window system to report a maximised window
 
 int areaOf(const QRect& rect) { return rect.isEmpty() ? 0 : rect.width() * rect.height(); }
 
@@ -107,10 +106,10 @@ void placeFrame(QWidget& window, const QRect& frame, bool resize) {
     }
     window.move(frame.topLeft());
     if (QWindow* handle = window.windowHandle(); handle != nullptr) {
-        // The widget alone does not do. Until the window system has told the frame, it takes its contents'
-        // corner for the frame's; and a place that it has already it does not pass on, so that a window that
-        // is shown again goes where the window system puts it. A size that the handle has not heard of yet
-        // would bring the corner back.
+        // Moving the widget is not enough. Until the window system has reported the frame, the widget
+        // takes the corner of its contents for that of the frame. It does not pass on a place that it
+        // already has, so a window that is shown again would go where the window system puts it. A size
+        // that the handle does not know yet would restore the old corner.
         handle->resize(window.size());
         handle->setFramePosition(frame.topLeft());
     }
@@ -132,7 +131,7 @@ WindowPlace::WindowPlace(QWidget& window, FirstPlace firstPlace)
     m_usersChange.setInterval(usersChangeMs);
     connect(&m_settling, &QTimer::timeout, this, &WindowPlace::settled);
     connect(&m_usersChange, &QTimer::timeout, this, &WindowPlace::takeUsersChange);
-    // A window system that loses or gains a screen moves windows of its own accord.
+    // When a screen is added or removed, the window system moves windows by itself.
     connect(qApp, &QGuiApplication::screenAdded, this, &WindowPlace::settle);
     connect(qApp, &QGuiApplication::screenRemoved, this, &WindowPlace::settle);
     window.installEventFilter(this);

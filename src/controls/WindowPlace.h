@@ -1,6 +1,6 @@
 #pragma once
-// Where the windows of the program are: kept from one opening to the next once the user has moved or sized
-// them, and brought on to a screen that is there.
+// The places of the program's windows: remembered once the user has moved or resized them, and moved onto
+// a present screen.
 
 #include <QList>
 #include <QObject>
@@ -15,25 +15,25 @@
 
 namespace ocuva {
 
-/// The rectangle moved by the least distance so that all of it lies on one of the screens: the one that it
-/// shares the most area with, or else the nearest. What is larger than that screen loses the surplus at its
-/// right and lower edge. Unchanged when there is no screen.
+/// The rectangle moved by the shortest distance so that all of it is on one screen: the one with the
+/// largest common area, otherwise the nearest. A rectangle larger than that screen is cut at its right and
+/// lower edge. Unchanged if there is no screen.
 QRect broughtOnScreen(const QRect& rect, const QList<QRect>& screens);
 
-/// What the user chose for a window.
+/// The user's choice for a window.
 struct RememberedPlace {
     QPoint corner;             ///< upper left, of the frame
     std::optional<QSize> size; ///< without the frame; nothing when the user has only moved the window
 };
 
-/// The places of the windows by their object names, in the user's registry beside the toolbar's layout:
-/// sub-key "WindowPlaces", a rectangle, or a point where the size was not the user's; a window that was
-/// maximised has one more value, its name followed by "Maximised".
+/// The places of windows by their object names, stored with the toolbar layout in the user's registry:
+/// sub-key "WindowPlaces", a rectangle, or a point if the user did not set the size. A maximised window
+/// has one more value, its name followed by "Maximised".
 class WindowPlaceStore {
 public:
     /// Nothing when none is stored, or a value that is neither rectangle nor point.
     std::optional<RememberedPlace> load(const QString& window) const;
-    /// Replaces the one before; written at once.
+    /// Replaces the stored place; written at once.
     void save(const QString& window, const RememberedPlace& place) const;
 
     /// Whether the window was maximised; false when nothing is stored.
@@ -47,14 +47,14 @@ public:
 /// it has had in this session, if any, which is kept when it is still a good one.
 using FirstPlace = std::function<QRect(QSize frameSize, const std::optional<QRect>& present)>;
 
-/// Keeps one window's place. It opens where the user left it, in this session or an earlier one; a window
-/// that the user has neither moved nor sized opens where `firstPlace` says, or else where it was in this
-/// session, or else where the window system puts it. Where it is this class that decides, the window is
-/// wholly on a screen and no larger than that; contents that need more room get scroll bars.
+/// Keeps one window's place. The window opens where the user left it, in this session or an earlier one. A
+/// window that the user has neither moved nor resized opens at `firstPlace`, otherwise where it was in
+/// this session, otherwise where the window system puts it. A place chosen by this class is entirely on a
+/// screen; contents that need more room get scroll bars.
 ///
-/// A change of the place counts as the user's when the window system reports it while the program has left
-/// the window alone for settleMs: what comes earlier is the window system's answer. Nothing else is
-/// remembered. Belongs to the window, which has its object name already.
+/// A change of place counts as the user's if the window system reports it while the program has not
+/// touched the window for settleMs: earlier reports are the window system's answers. Nothing else is
+/// remembered. Belongs to the window, whose object name is set already.
 class WindowPlace final : public QObject {
     Q_OBJECT
 

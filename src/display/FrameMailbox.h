@@ -1,6 +1,6 @@
 #pragma once
-// The one hop by which frames come from a host's grab thread to the user-interface thread. It holds the
-// latest frame and never more: a frame that nobody fetched in time is dropped, not shown late.
+// The only path of frames from a host's grab thread to the user-interface thread. It holds just the latest
+// frame: a frame that was not fetched in time is dropped, not shown late.
 
 #include "hostlink/DisplayWindow.h"
 
@@ -11,14 +11,14 @@
 
 namespace ocuva {
 
-/// Frames may be presented by any thread; all else is for the owner's thread.
+/// present may be called on any thread, everything else only on the owner's thread.
 class FrameMailbox final : public FrameSink {
 public:
-    /// `wake` is called on the presenting thread when a frame has come into the empty box; it must make the
+    /// `wake` is called on the presenting thread when a frame arrives in the empty box, and must make the
     /// owner's thread call take soon. It is called again only after take.
     explicit FrameMailbox(std::function<void()> wake);
 
-    /// Any thread. Puts the frame in the place of one that nobody has taken.
+    /// Any thread. Replaces a frame that has not been taken.
     void present(FramePtr frame) override;
     /// Any thread. As set last; 1 before that.
     double devicePixelRatio() const override { return m_devicePixelRatio; }
@@ -26,10 +26,10 @@ public:
     /// Empties the box; null when nothing new has come.
     FramePtr take();
 
-    /// Tells hosts how dense the screen is.
+    /// Sets the screen density that hosts see.
     void setDevicePixelRatio(double ratio) { m_devicePixelRatio = ratio; }
 
-    /// Frames that were replaced before anybody took them.
+    /// Number of frames that were replaced before they were taken.
     std::uint64_t droppedFrames() const { return m_dropped; }
 
 private:

@@ -26,10 +26,10 @@ struct GridBars {
     bool roomForOutline = false; ///< the pitches are at least smallestOutlinedPitchPixels
 };
 
-/// The bars from edge to edge of the display, vertical ones first, from left to right, then horizontal ones
-/// from top to bottom. They lie half a pitch to either side of the centre and whole pitches on from there, so
-/// the centre is the middle of a cell. A bar is at most as wide as half its pitch on the display. Empty when
-/// a pitch is too small to be shown.
+/// The bars from edge to edge of the display, first the vertical ones from left to right, then the
+/// horizontal ones from top to bottom. They are half a pitch to either side of the centre, then one pitch
+/// apart, so the centre is the middle of a cell. A bar is at most half its pitch wide. Empty if a pitch is
+/// too small to be shown.
 GridBars gridBars(ImagePoint centre, const GridShape& shape, const OverlayMapping& mapping,
                   ScreenMetrics screen);
 

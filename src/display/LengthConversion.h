@@ -7,7 +7,7 @@
 
 namespace ocuva {
 
-/// A length measured on the displayed image, in any unit, beside the whole field's length in the same unit.
+/// A length on the displayed image, in any unit, and the length of the whole field in the same unit.
 struct FrameLength {
     /// In one and the same unit.
     ///@{
@@ -27,7 +27,7 @@ public:
 
     /// Stage units that the length spans. fieldFactor: stage units across the field at magnification 100.
     Long frameToStage(Long magnification, Single fieldFactor, FrameLength frame) const;
-    /// The length on the image, in the unit of fullFrameLength, that stands for so many stage units.
+    /// The length on the image, in the unit of fullFrameLength, of this many stage units.
     Long stageToFrame(Long magnification, Single fieldFactor, Long stageLength, Long fullFrameLength) const;
 
 private:
@@ -36,7 +36,7 @@ private:
 
 /// Lengths on the two axes of the image.
 struct FramePair {
-    /// In the unit of whoever made it.
+    /// In a unit that the user of the struct chooses.
     ///@{
     Long x = 0;
     Long y = 0;

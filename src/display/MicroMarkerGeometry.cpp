@@ -8,7 +8,7 @@ namespace ocuva {
 namespace {
 
 constexpr double targetFraction = 1.0 / 4.0;
-// The bar's ends and its label need some room beside it.
+// The ends of the bar and its label need some room.
 constexpr double largestFraction = 0.9;
 
 MicroMarker markerOver(Long fieldWidth, Long frameWidth) {

@@ -10,7 +10,7 @@
 
 namespace ocuva {
 
-/// A label in the two colours of what lies on the picture. The text is drawn once, not with every frame.
+/// A label in the two colours of overlays. The text is drawn once, not with every frame.
 class OutlinedLabel final : public QLabel {
     Q_OBJECT
 
@@ -35,7 +35,7 @@ private:
     QString m_drawnText;
 };
 
-/// Shown or hidden by whoever knows whether the scale can be told.
+/// Shown or hidden by its owner, which knows whether there is a scale.
 class MicroMarkerPanel final : public OverlayWidget {
     Q_OBJECT
 
@@ -51,13 +51,13 @@ public:
         ///@}
     };
 
-    /// Lies on the display.
+    /// A child of the display.
     explicit MicroMarkerPanel(QWidget* display);
 
     /// Puts the panel across the bottom of a display of that size, with a bar of that length in pixels.
     void place(QSize display, double barPixels, const QString& text);
 
-    /// The bar, then the ticks at its left and right end. The points lie on the lines' middle.
+    /// The bar, then the ticks at its left and right end. The points are on the middle of the lines.
     const std::array<Line, 3>& LineMicroMarker() const { return m_lines; }
 
     /// The value, above the bar.

@@ -43,7 +43,7 @@ MilDisplay::MilDisplay(DisplayWindows& windows, QWidget* parent)
     setMouseTracking(true);
     setFocusPolicy(Qt::StrongFocus); // it does nothing with keys, and so the focus is safe here
     setCursor(Qt::CrossCursor);
-    QAccessible::installFactory(accessibleOf); // once, however often it is asked
+    QAccessible::installFactory(accessibleOf); // effective only once
     setAccessibleName(tr("Live image"));
     setAccessibleDescription(tr("Click a point to bring it to the centre"));
     m_hWnd = static_cast<Long>(winId());
@@ -86,14 +86,16 @@ void MilDisplay::showFrames() { showInPlace({}, tr("Live image")); }
 void MilDisplay::showInPlace(const QImage& picture, const QString& accessibleName) {
     m_picture = picture;
     m_pictureAtSize = {};
-    // A host that draws has halted; a stored picture is drawn here, whoever draws the frames.
+    // The program draws stored pictures, even if the host draws the frames; the host's grab is halted
+    // then.
     setAttribute(Qt::WA_PaintOnScreen, hostDraws());
     setAccessibleName(accessibleName);
     update();
 }
 
 void MilDisplay::paintPicture(QPainter& painter) {
-    // Kept between paints: a picture of many megapixels is not stretched anew for each change of an overlay.
+    // Kept between paints, so that a picture of many megapixels is not scaled again for each change of an
+    // overlay.
     const QSize wanted = size() * devicePixelRatioF();
     if (m_pictureAtSize.size() != wanted) {
         m_pictureAtSize = m_picture.scaled(wanted, Qt::IgnoreAspectRatio, Qt::SmoothTransformation)
@@ -106,7 +108,7 @@ void MilDisplay::paintPrompt(QPainter& painter) {
     constexpr int margin = 12;
     painter.fillRect(rect(), Qt::black);
     painter.setPen(QColor(190, 190, 190));
-    // Above the middle, where the cross would lie on it.
+    // Above the middle, where the cross would cover it.
     const QRect upperHalf(margin, margin, width() - 2 * margin, height() / 2 - 2 * margin);
     painter.drawText(upperHalf, Qt::AlignCenter | Qt::TextWordWrap, m_prompt);
 }

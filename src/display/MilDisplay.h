@@ -1,6 +1,5 @@
 #pragma once
-// The display control milDisp: shows the frames that the board delivers, and tells where the mouse is on them
-// in twips.
+// The display control milDisp: shows the board's frames and reports mouse positions on them in twips.
 
 #include "display/FrameMailbox.h"
 #include "hostlink/DisplayWindow.h"
@@ -34,8 +33,8 @@ public:
     std::uint64_t framesDropped() const { return m_mailbox.droppedFrames(); }
     ///@}
 
-    /// Shows a stored picture in place of the frames; frames that come go on being taken, and are not drawn.
-    /// It fills the control as they do.
+    /// Shows a stored picture in place of the frames; incoming frames are still taken but not drawn. The
+    /// picture fills the control like a frame.
     void showPicture(const QImage& picture);
     /// Shows the frames again.
     void showFrames();
@@ -45,19 +44,19 @@ public:
     /// The latest frame, on the screen unless a stored picture is; null before the first.
     const FramePtr& shownFrame() const { return m_frame; }
 
-    /// What stands on the black display until the first frame: what the operator can do to get one.
+    /// The text on the black display until the first frame: how to get one.
     void setPrompt(const QString& prompt);
     /// As set last; empty before that.
     const QString& prompt() const { return m_prompt; }
 
-    /// What a screen reader tells of the picture: where the stage is and whether the picture is live.
+    /// The text for screen readers: the stage position and whether the image is live.
     void setSpokenState(const QString& text);
     /// As set last; empty before that.
     const QString& spokenState() const { return m_spokenState; }
 
 Q_SIGNALS:
-    /// x, y in twips from the control's top left corner. A double click is one click: only its first release
-    /// is told.
+    /// x, y in twips from the control's top left corner. A double-click is one click: only its first
+    /// release is reported.
     ///@{
     void mouseMoved(Qt::MouseButton button, int shift, float x, float y);
     void mouseUp(Qt::MouseButton button, int shift, float x, float y);

@@ -25,18 +25,18 @@ std::optional<ShownScale> shownScale(PixelSize picture, PixelSize display);
 /// "1:2" for 2, "1.5:1" for a picture enlarged by 1.5; at most two decimals.
 std::string scaleText(double pixelsOfThePicture);
 
-/// The divisor by which the board may reduce the picture without losing detail that the display shows: that
-/// of the zoom, or 1 where the picture is shown larger than that.
+/// The divisor by which the board may reduce the image without losing visible detail: that of the zoom, or
+/// 1 if the image is shown larger than that.
 Integer neededReduction(PixelSize picture, PixelSize display, Integer zoomDivisor);
 
-/// What the board says of its picture can be a picture: both lengths from 1 to 32767 pixels.
+/// Whether this can be the size of an image: both lengths from 1 to 32767 pixels.
 bool isPlausiblePicture(PixelSize picture);
 
 /// A window and what its size depends on; all in pixels of the screen, but the picture.
 struct WindowToFit {
     PixelSize picture; ///< of the camera, in its own pixels
     PixelSize window;  ///< as it is
-    PixelSize around;  ///< what the window has around the display
+    PixelSize around;  ///< the window's parts around the display
     PixelSize largest; ///< the largest window that the screen has room for
     PixelSize before;  ///< the display before the operator resized the window
 };

@@ -21,7 +21,7 @@ constexpr Long monitorInset = 360;
 constexpr Long aroundImageWidth = 2 * imageInsetLeft + 2 * monitorInset;
 constexpr Long aroundImageHeight = 2 * monitorInset;
 static_assert(aroundImageWidth == 810);
-// Room between the toolbar and what stands below it.
+// Distance between the toolbar and the controls below it.
 constexpr Long belowToolbar = 135;
 
 } // namespace

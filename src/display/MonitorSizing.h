@@ -1,9 +1,9 @@
 #pragma once
-// How large the image is drawn, and where every frame round it goes.
+// Computes the size of the image and the place of every frame around it.
 //
-//   frMonitor > frImage > milDisp: the frame that takes the window's free room, the sunken frame, the
-//   display. Beside them frUpDown, and frMicroMarker on the display. All lengths in twips, rounded half to
-//   even, but where pixels are named.
+// frMonitor > frImage > milDisp: the frame that takes the window's free room, the sunken frame, the
+// display. Next to them frUpDown, and frMicroMarker on the display. All lengths are in twips, rounded half
+// to even, unless pixels are named.
 
 #include "base/Types.h"
 #include "display/MonitorView.h"
@@ -34,32 +34,32 @@ struct MonitorFields {
     ///@}
 };
 
-/// Computes the sizes and lets the window take them. Whatever fails is one line in the host's log, never a
-/// box.
+/// Computes the sizes and applies them to the window. A failure is a line in the host's log, never a
+/// message box.
 class MonitorSizing {
 public:
     /// The smallest image in either direction, twips.
     static constexpr Long smallestImage = 360;
 
-    /// All outlive it. Nothing is asked of the host yet.
+    /// All arguments outlive it. Calls no host function yet.
     MonitorSizing(TnVideo& video, TnLog& log, const Settings& settings, MonitorView& view)
         : m_video(video)
         , m_log(log)
         , m_settings(settings)
         , m_view(view) {}
 
-    /// Takes from the window as designed what it has around the monitor frame, then sizes the image for
-    /// divisor 2. Once, before the window is shown.
+    /// Takes the margins around the monitor frame from the window's initial layout, then sizes the image
+    /// for divisor 2. Called once, before the window is shown.
     void ComputeInitialSize();
 
-    /// With bInit: sizes the image from the video buffer and the zoom divisor, and tells the board. Without:
-    /// from the window as the user made it. Does nothing while the busy flag is set. An error ends it with a
-    /// line in the host's log; what was already set stays.
+    /// With bInit: sizes the image from the video buffer and the zoom divisor, and informs the board.
+    /// Without: from the window as the user has sized it. Does nothing while the busy flag is set. An
+    /// error ends it with a line in the host's log; what has been set already stays.
     void ComputeImageSize(bool bInit, Integer nZoom);
 
-    /// Places every frame for the present image size, with bResizeForm fits the window round them, and
-    /// redraws what lies on the image. An error ends this with a line in the host's log. The state of stage
-    /// and video is refreshed in any case.
+    /// Places every frame for the current image size, fits the window around them if bResizeForm is set,
+    /// and redraws the overlays. An error ends this with a line in the host's log. The state of stage and
+    /// video is refreshed in any case.
     void ResizeAll(bool bResizeForm);
 
     /// While busy, ComputeImageSize does nothing: the window changes because this object changes it.
@@ -75,14 +75,14 @@ public:
     void setGridLengths(const GridLengths& grid);
     ///@}
 
-    /// What the window has around the image, twips: constant while the frames are.
+    /// The window's width and height around the image, twips; constant as long as the frames do not
+    /// change.
     ///@{
     Long aroundImageX() const;
     Long aroundImageY() const;
     ///@}
 
-    /// Asks the board whether its picture has another size than the one last computed with. A board that has
-    /// none to tell changes nothing.
+    /// Whether the board's image has another size than the one used last. False if the board reports none.
     bool bufferHasChanged();
 
     /// As the last computation left them.

@@ -45,7 +45,7 @@ public:
     /// Of the screen that the window is on.
     virtual ScreenMetrics screen() const = 0;
 
-    /// Where a part is in the part that contains it.
+    /// The rectangle of a part, relative to the part that contains it.
     ///@{
     virtual TwipsRect rect(MonitorPart part) const = 0;
     virtual void setRect(MonitorPart part, const TwipsRect& rect) = 0;

@@ -33,15 +33,16 @@ OverlayWidget::OverlayWidget(QWidget* display)
     setAttribute(Qt::WA_TransparentForMouseEvents);
     setFocusPolicy(Qt::NoFocus);
     if (display->testAttribute(Qt::WA_PaintOnScreen)) {
-        // Only a window of its own stays above what somebody else draws into the window below.
+        // Only a native window stays above what the host draws into the window below.
         setAttribute(Qt::WA_DontCreateNativeAncestors);
         setAttribute(Qt::WA_NativeWindow);
         windowHandle()->setFlag(Qt::WindowTransparentForInput);
     }
 }
 
-// On a screen whose scale is no whole number a control also touches the screen pixels that it covers only in
-// part, and what takes its place is not drawn there: a still would keep a thin edge of it.
+// If the scale of the screen is not a whole number, a control also touches screen pixels that it covers
+// only in part. The replacing contents are not drawn there, so a still image would keep a thin edge of the
+// control.
 bool OverlayWidget::event(QEvent* event) {
     switch (event->type()) {
     case QEvent::Hide:
@@ -208,7 +209,7 @@ BarFrame* OverlayFigure::add(const QString& name) {
     auto* bar = new BarFrame(m_display);
     bar->setObjectName(name);
     bar->setProperty("figure", m_name);
-    // Below what was there before: a figure that grows must not cover the others.
+    // Below the existing controls: a growing figure must not cover the others.
     bar->lower();
     bar->hide();
     return bar;

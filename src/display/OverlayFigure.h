@@ -1,6 +1,6 @@
 #pragma once
-// Bars that lie on the display: each a small control of its own that is moved when the picture is resized and
-// never touches the picture.
+// Bars over the display: each is a small control that is moved when the image is resized and never changes
+// the image.
 
 #include "display/OverlayMapping.h"
 
@@ -15,12 +15,11 @@
 
 namespace ocuva {
 
-/// The style sheet of everything that lies on the display: the one place of its colours. It belongs on the
-/// display itself.
+/// The style sheet of all overlays, which defines their colours. It is set on the display.
 QString overlayStyleSheet();
 
-/// Anything that lies on the picture. It is transparent to the mouse, and readable on any ground because it
-/// is drawn in two colours: a light core in a dark outline. The style sheet gives both.
+/// Base of everything drawn over the image. It is transparent to the mouse and visible on any sample,
+/// because it is drawn in two colours of the style sheet: a light core with a dark outline.
 class OverlayWidget : public QWidget {
     Q_OBJECT
     /// Set by the style sheet.
@@ -30,15 +29,14 @@ class OverlayWidget : public QWidget {
     ///@}
 
 public:
-    /// Lies on the display, over what was there before.
+    /// A child of the display, above the existing ones.
     explicit OverlayWidget(QWidget* display);
 
-    /// Whether the control has a window of its own, because the host draws the picture.
+    /// Whether the control is a native window, because the host draws the image.
     bool isWindowOfItsOwn() const { return testAttribute(Qt::WA_NativeWindow); }
 
-    /// Cuts a control that has a window of its own down to these pixels, which leaves the host's picture free
-    /// around them. Where the program draws the picture itself nothing is cut: what is transparent is so
-    /// anyway.
+    /// Limits a native control to these pixels, so that the host's image is visible around them. Has no
+    /// effect if the program draws the image: the rest is transparent anyway.
     void cutDownTo(const QRegion& pixels);
 
     QColor coreColour = Qt::white;
@@ -48,12 +46,12 @@ protected:
     bool event(QEvent* event) override;
 
 private:
-    QRect m_covered; // what it covered on the display last
+    QRect m_covered; // the part of the display that it covered last
 };
 
 /// The pixels of a figure made of bars.
 struct FigureRegions {
-    QRegion core;    ///< lies wholly inside the bars
+    QRegion core;    ///< inside the bars
     QRegion outline; ///< one pixel round the core, also outside the bars
 
     /// Outline first, then core, in the colours of the overlay.
@@ -70,13 +68,13 @@ struct ManyBars {
     std::vector<QRect> bars; ///< in pixels of the display
     bool outlined = false;   ///< drawn with an outline
 
-    /// As figureRegions() would have it. With seeThrough, what a hollow bar leaves free becomes transparent,
-    /// else it is painted in the outline's colour.
+    /// Paints like figureRegions(). With seeThrough the inside of hollow bars becomes transparent,
+    /// otherwise it gets the outline's colour.
     void paint(QPainter& painter, const OverlayWidget& colours, bool seeThrough) const;
 };
 
-/// One bar of a figure, or a sheet with many of them. It is drawn once and then laid over every frame:
-/// filling thin bars anew each time is slow, above all upright ones.
+/// One bar of a figure, or a sheet with many of them. It is drawn once and then copied over every frame,
+/// because filling thin bars, especially vertical ones, is slow.
 class BarFrame final : public OverlayWidget {
     Q_OBJECT
 
@@ -87,8 +85,8 @@ public:
 
     /// Takes its part of the figure; bar in pixels of the display.
     void place(const QRect& bar, const FigureRegions& figure);
-    /// Takes many bars; area is what they cover without their outlines, and pixels what a window of its own
-    /// is cut down to.
+    /// Takes many bars. area is what they cover without outlines, pixels what a native window is limited
+    /// to.
     void placeMany(const QRect& area, std::shared_ptr<const ManyBars> bars, const QRegion& pixels);
     /// As placed last, without its outline.
     const QRect& bar() const { return m_bar; }
@@ -105,8 +103,8 @@ private:
     QImage m_drawn;                         // null: to be drawn
 };
 
-/// An array of bars that are shown and hidden together. Its controls are named after it and numbered from 0,
-/// and lie below everything that was on the display when they were made.
+/// An array of bars that are shown and hidden together. Its controls are named after it, numbered from 0,
+/// and below everything that was on the display when they were created.
 class OverlayFigure {
 public:
     /// The display outlives it. No bar is there yet.
@@ -123,9 +121,9 @@ public:
     /// All controls ever made for single bars, those left over too; at most mostSeparateBars.
     const std::vector<BarFrame*>& bars() const { return m_bars; }
 
-    /// Figures of more bars are shown as one control across them: laying one large picture over each frame
-    /// then costs less than many small ones. Where the host draws the picture they are two, one of the
-    /// upright and one of the level bars, so that each is cut to as many pieces as it has bars.
+    /// Figures with more bars are shown as one control across them: one large image per frame costs less
+    /// than many small ones. If the host draws the image there are two, for the vertical and the
+    /// horizontal bars, so that each is limited to as many rectangles as it has bars.
     static constexpr std::size_t mostSeparateBars = 24;
 
 private:

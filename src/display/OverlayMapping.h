@@ -46,7 +46,7 @@ struct PixelSize {
 /// The one owner of the stretch between the initial image and the display.
 class OverlayMapping {
 public:
-    /// An initial size below 1 stands for a picture that has not been sized yet; it is not stretched.
+    /// An initial size below 1 means an image that has not been sized yet; it is not stretched.
     OverlayMapping(Long initialWidthTwips, Long initialHeightTwips, PixelSize display, ScreenMetrics screen);
 
     /// A length on the initial image in pixels of the display, not rounded.
@@ -55,11 +55,11 @@ public:
     double pixelsY(double twips) const { return twips * m_pixelsPerTwipY; }
     ///@}
 
-    /// The bar on the display, cut off at the display's edges; nothing when no part of it lies on the display
-    /// or it has no length. Its width is at least one pixel.
+    /// The bar on the display, clipped at its edges; nothing if no part of it is on the display or it has
+    /// no length. Its width is at least one pixel.
     std::optional<PixelRect> toDisplay(const OverlayBar& bar) const;
 
-    /// As given at its making.
+    /// As passed to the constructor.
     PixelSize display() const { return m_display; }
 
 private:

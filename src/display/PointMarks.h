@@ -29,8 +29,8 @@ public:
     /// Hidden until place().
     explicit PointMark(QWidget* display);
 
-    /// Puts it on the display and shows it, or hides it when the point is not on the picture. The number is
-    /// on the side of the ring where there is room for it.
+    /// Shows the mark at its place, or hides it if the point is not on the image. The number is on a side
+    /// of the ring with enough room.
     void place(const NumberedPoint& point);
 
     /// Its point, in pixels of the display.

@@ -1,6 +1,6 @@
 #pragma once
-// From a click on the image to the stage move that brings the clicked point to the reference point. Pure
-// arithmetic; the main window makes the moves.
+// Converts a click on the image to the stage move that brings the clicked point to the reference point.
+// Pure arithmetic; the main window makes the moves.
 
 #include "base/Types.h"
 #include "display/LengthConversion.h"
@@ -16,7 +16,7 @@ struct ClickOnImage {
     Single x = 0.0F;
     Single y = 0.0F;
     ///@}
-    FramePair reference; ///< where the clicked point shall come to: the centre of the display
+    FramePair reference; ///< where the clicked point should arrive: the centre of the display
     FramePair fullFrame; ///< width and height of the whole display
 };
 

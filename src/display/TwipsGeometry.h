@@ -12,7 +12,7 @@ namespace ocuva {
 /// The screen's twips per pixel. Qt's pixels are device-independent, 96 to the inch on every screen.
 ScreenMetrics screenMetrics();
 
-/// Rounded half to even to whole pixels, as controls stand on whole pixels.
+/// Rounded half to even, because controls are placed on whole pixels.
 int pixelsX(Long twips);
 int pixelsY(Long twips);
 QRect toPixels(const TwipsRect& rect);

@@ -50,7 +50,7 @@ constexpr quint32 bitFields = 3;
 // What a BMP says about itself, whichever of the headers it has.
 struct BmpHeader {
     quint32 dataAt = 0;
-    quint32 bytes = 0; // of the header; it tells the kind
+    quint32 bytes = 0; // size of the header, which identifies its kind
     qint64 width = 0;
     qint64 height = 0; // the sign, which means that the first row is the top one, is dropped
     quint32 bits = 0;
@@ -85,7 +85,8 @@ BmpHeader headerOf(QFile& file) {
     return header;
 }
 
-// Qt reads what is not a picture as one, or fills the rest of a picture that is cut off with black.
+// Qt accepts some files that are no pictures, and fills the missing part of a truncated picture with
+// black.
 QString refusal(const BmpHeader& header, qint64 fileBytes) {
     constexpr std::array<quint32, 5> knownHeaders{os2Header, windowsHeader, os2SecondHeader, 108, 124};
     constexpr qint64 maskBytes = 12;

@@ -13,9 +13,9 @@ namespace ocuva {
 /// there. Throws PictureFileError.
 void writeBmp(const RegularFile& target, const Picture& picture);
 
-/// Reads a BMP of Windows or OS/2, whichever row comes first. It does not say whether its resolution is a
-/// microscope's or a printer's, so its scale is not known. Throws PictureFileError for what is none, damaged,
-/// cut off or too large.
+/// Reads a BMP of Windows or OS/2, with either row order. A BMP does not say whether its resolution is a
+/// microscope's or a printer's, so its scale is unknown. Throws PictureFileError if the file is not a BMP,
+/// damaged, truncated or too large.
 Picture readBmp(const RegularFile& source, const std::filesystem::path& name);
 
 } // namespace ocuva

@@ -14,7 +14,7 @@ namespace ocuva {
 struct CalibrationPoint {
     Integer XI = 0; ///< picture coordinate: 1/10000 of the image's width from its left edge
     Integer YI = 0; ///< 1/10000 of the image's height from its top edge
-    /// Where the stage stands when the point is under the image's centre, stage units.
+    /// The stage position, in stage units, that brings the point to the image's centre.
     ///@{
     Long XS = 0;
     Long YS = 0;
@@ -46,9 +46,9 @@ struct PicturePlan {
     ///@}
 };
 
-/// The plane on which the stage's Z lies: Z = a * X + b * Y + c.
+/// The plane of the stage's Z: Z = a * X + b * Y + c.
 struct StagePlan {
-    /// All 0 where there is no plane.
+    /// All 0 if there is no plane.
     ///@{
     double a = 0.0;
     double b = 0.0;
@@ -70,23 +70,23 @@ struct StagePoint {
     bool operator==(const StagePoint&) const = default;
 };
 
-/// On each axis the pair of points whose image coordinates differ most (of equal ones the first of 1-2, 1-3,
-/// 2-3) gives scale and offset. Throws ArithmeticError when a difference leaves 16 bits, a stage difference
-/// 32 bits, or when all points in use have the same coordinate on an axis.
+/// On each axis, scale and offset come from the pair of points whose image coordinates differ most (of
+/// equal ones the first of 1-2, 1-3, 2-3). Throws ArithmeticError if an image difference exceeds 16 bits
+/// or a stage difference 32 bits, or if all points in use have the same coordinate on an axis.
 PicturePlan picturePlanThrough(const CalibrationPoints& points);
 
-/// Points, and the plans computed from them. Changing the points leaves the plans as they are until they are
-/// computed anew.
+/// Points, and the plans computed from them. After a change of the points the plans stay until they are
+/// computed again.
 class Calibration {
 public:
     /// Without points; all plans are 0. The library outlives it.
     explicit Calibration(TnLibProxy& libProxy)
         : m_libProxy(libProxy) {}
 
-    /// What the next computation takes.
+    /// The input of the next computation.
     CalibrationPoints points;
 
-    /// The view that the points were picked on; nothing while nobody has said so.
+    /// The view on which the points were picked, if it is known.
     std::optional<CalibrationView> view;
 
     /// Whether there are points at all: all zeros is what a program that was never calibrated has.
@@ -95,16 +95,16 @@ public:
     /// The plan through the points. Throws as picturePlanThrough does; the plan stays as it was then.
     void ComputePicturePlan();
 
-    /// Lets the host lay the plane through the stage points. With two points the plane is level across the
-    /// line through them. Where the host finds no plane it is the flat one at Z 0.
+    /// Lets the host compute the plane through the stage points. With two points the plane is level across
+    /// their line. If the host finds no plane, it is the flat one at Z 0.
     void ComputeStagePlan();
 
     /// Stage position of a picture point; Z is taken on the plane at the rounded X and Y. Throws
     /// ArithmeticError when a result leaves 32 bits.
     StagePoint ComputeStagePosition(Single XPic, Single YPic) const;
 
-    /// The same for a picture that was taken so many stage units away: X and Y are moved, and Z is taken on
-    /// the plane there. Throws ArithmeticError when a result leaves 32 bits.
+    /// The same for a picture that was taken dx, dy stage units away: X and Y are shifted, and Z is taken
+    /// on the plane there. Throws ArithmeticError if a result exceeds 32 bits.
     StagePoint movedPosition(Single XPic, Single YPic, std::int64_t dx, std::int64_t dy) const;
 
     /// Takes points, view and plans of another calibration, all or, when computing them failed before, none.

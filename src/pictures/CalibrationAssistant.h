@@ -1,5 +1,6 @@
 #pragma once
-// The assistant of the calibration dialog: joins the walk to the stage, and says what it waits for.
+// The assistant of the calibration dialog: connects CalibrationWalk to the stage and describes the next
+// step.
 
 #include "pictures/CalibrationWalk.h"
 #include "stage/StageMover.h"
@@ -10,7 +11,7 @@
 
 namespace ocuva {
 
-/// What it needs; everything outlives it.
+/// The surroundings of the assistant; everything outlives it.
 struct CalibrationAssistantContext {
     StageMover& fOcuva;                                      ///< moves the stage
     std::function<StagePoint(const PicturePoint&)> offsetTo; ///< by the set-up's scale; Z is 0
@@ -30,7 +31,7 @@ public:
     void start(std::size_t count);
     /// The next point was picked.
     void pick(const PicturePoint& at);
-    /// The operator's deed that goes on; nothing happens where it is not waited for.
+    /// The operator continues; ignored if the assistant does not wait for it.
     void enter();
     /// The operator ends the walk; the stage stays.
     void leave();
@@ -39,9 +40,9 @@ public:
 
     /// The walk itself.
     const CalibrationWalk& walk() const { return m_walk; }
-    /// What it waits for or has done; empty before the first start.
+    /// Describes what it waits for or has done; empty before the first start.
     QString hint() const;
-    /// Whether the focus is searched: nothing else is drawn or heard until that has ended.
+    /// Whether a focus search is running: nothing else is drawn or handled until it has ended.
     bool isFocusing() const { return m_focusing; }
     /// What enter() does next, or start while nothing is under way.
     QString buttonText() const;
@@ -60,7 +61,7 @@ private:
 
     CalibrationAssistantContext m_context;
     CalibrationWalk m_walk;
-    QString m_refusal; // why the last deed did nothing
+    QString m_refusal; // why the last action had no effect
     bool m_hasWalked = false;
     bool m_leftOnTheWay = false; // ended while the stage was moving
     bool m_focusing = false;

@@ -160,7 +160,7 @@ private:
         const Place u{(s1.x * p2.y - s2.x * p1.y) / determinant, (s1.y * p2.y - s2.y * p1.y) / determinant};
         const Place v{(s2.x * p1.x - s1.x * p2.x) / determinant, (s2.y * p1.x - s1.y * p2.x) / determinant};
         m_quality.axesAngleDegrees = degrees(std::atan2(std::abs(cross(u, v)), u.x * v.x + u.y * v.y));
-        // A picture whose X runs against the stage's is mirrored, not turned by half a circle.
+        // A picture whose X runs opposite to the stage's is mirrored, not rotated by 180 degrees.
         const double mirror = u.x < 0.0 ? -1.0 : 1.0;
         m_quality.turnDegrees = degrees(std::atan2(mirror * u.y, mirror * u.x));
     }

@@ -1,5 +1,5 @@
 #pragma once
-// How good a calibration is, told before it is accepted.
+// Judges how good a calibration is, before it is accepted.
 
 #include "pictures/Calibration.h"
 
@@ -9,7 +9,7 @@
 
 namespace ocuva {
 
-/// What is wrong with the points, or may be.
+/// A problem, or a possible one, with the points.
 struct CalibrationRemark {
     /// Up to NoYScale no plan can be computed.
     enum class Kind {
@@ -27,8 +27,8 @@ struct CalibrationRemark {
         NearLineOnPicture,
         NearLineOnStage,
     };
-    Kind kind = Kind::OutOfRange; ///< what is remarked
-    /// Point numbers from 0, where the kind names two points.
+    Kind kind = Kind::OutOfRange; ///< the problem
+    /// Numbers of the points, from 0, if the kind concerns two points.
     ///@{
     std::size_t first = 0;
     std::size_t second = 0;
@@ -40,7 +40,7 @@ struct CalibrationRemark {
 /// Whether the stage points of the remark span no plane: every Z that they give is 0.
 bool leavesNoPlane(const CalibrationRemark& remark);
 
-/// Where the map of each axis by itself puts a picked point, less where it was found on the stage.
+/// The position of a picked point computed from the maps of the single axes, minus its measured position.
 struct CalibrationResidual {
     /// Stage units.
     ///@{
@@ -52,18 +52,18 @@ struct CalibrationResidual {
     double length() const;
 };
 
-/// What the dialog tells about a calibration.
+/// The dialog's information about a calibration.
 struct CalibrationQuality {
-    /// Stage units across the whole picture, with the sign of the direction. Nothing where no plan can be
+    /// Stage units across the whole picture, with the sign of the direction. Nothing if no plan can be
     /// computed.
     ///@{
     std::optional<double> unitsPerWidth;
     std::optional<double> unitsPerHeight;
     ///@}
 
-    /// From the one map of three points that takes both axes together: the angle on the stage between the
-    /// picture's two axes, 0 to 180 degrees, and by how much the picture is turned against the stage, -90 to
-    /// 90 degrees. Nothing with two points or when they lie on a line.
+    /// From the common map of both axes through three points: the angle on the stage between the picture's
+    /// axes, 0 to 180 degrees, and the rotation of the picture against the stage, -90 to 90 degrees.
+    /// Nothing with two points or points on a line.
     ///@{
     std::optional<double> axesAngleDegrees;
     std::optional<double> turnDegrees;
@@ -71,7 +71,7 @@ struct CalibrationQuality {
 
     /// Per point; with three points that have a plan only.
     std::optional<std::array<CalibrationResidual, 3>> residuals;
-    /// The point with the longest residual; nothing where none is as long as half a stage unit.
+    /// The point with the longest residual; nothing if all are shorter than half a stage unit.
     std::optional<std::size_t> worst;
 
     std::vector<CalibrationRemark> remarks; ///< the gravest first
@@ -80,7 +80,7 @@ struct CalibrationQuality {
     bool isComputable() const { return unitsPerWidth.has_value(); }
 };
 
-/// A triangle whose height is less than this part of its longest side is nearly a line.
+/// A triangle counts as nearly a line if its height is less than this fraction of its longest side.
 inline constexpr double nearLineRatio = 0.05;
 
 /// Judges the points in use; what cannot be computed is a remark.

@@ -1,5 +1,5 @@
 #pragma once
-// What is to be done next for a calibration, by what is in the boxes.
+// The next step of a calibration, determined from the boxes.
 
 #include "pictures/TypedPoints.h"
 

@@ -16,7 +16,7 @@ constexpr std::string_view viewMark = " @";
 
 const char* store() { return storeName(SettingsStore::Program).c_str(); }
 
-// Takes numbers and what stands between them from the front of a text.
+// Reads numbers and separators from the beginning of a text.
 class Scanner {
 public:
     explicit Scanner(std::string_view text)

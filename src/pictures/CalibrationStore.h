@@ -17,10 +17,9 @@ struct KeptCalibration {
     bool operator==(const KeptCalibration&) const = default;
 };
 
-/// Keeps the points in the program's own settings, section "Calibration", key "Points", as one text: per
-/// point in use XI,YI,XS,YS,ZS in decimal, a blank between points; then, where it is known, a blank and
-/// \@X,Y,Z,MAGNIFICATION of the view. Two points mean two, three mean three. One write of one value, so that
-/// there is never a mixture of two calibrations.
+/// Stores the points in the program's own settings, section "Calibration", key "Points", as one text: for
+/// each point in use XI,YI,XS,YS,ZS in decimal, points separated by a blank; then, if it is known, a blank
+/// and \@X,Y,Z,MAGNIFICATION of the view. One write of one value, so that two calibrations never mix.
 class CalibrationStore {
 public:
     /// The library outlives it.
@@ -30,7 +29,7 @@ public:
     /// False when the host could not keep it.
     bool save(const KeptCalibration& calibration);
 
-    /// Nothing when there is none, or the text is not one that save writes. Earlier versions wrote no view.
+    /// Nothing if there is none or the text is invalid. A text without a view is valid too.
     std::optional<KeptCalibration> load() const;
 
 private:
@@ -42,7 +41,7 @@ std::string storedText(const KeptCalibration& calibration);
 /// Nothing when the text is no calibration of two or three points.
 std::optional<KeptCalibration> parseStoredText(std::string_view text);
 
-/// X,Y,Z,MAGNIFICATION in decimal, and back; nothing when the text is anything else.
+/// Convert to X,Y,Z,MAGNIFICATION in decimal and back; nothing if the text is anything else.
 ///@{
 std::string placeText(const ViewPlace& place);
 std::optional<ViewPlace> parsePlaceText(std::string_view text);

@@ -16,10 +16,10 @@ class CalibrationVerdict final : public QFrame {
     Q_OBJECT
 
 public:
-    /// Says nothing until asked to.
+    /// Empty until showQuality or another function is called.
     explicit CalibrationVerdict(QWidget* parent);
 
-    /// Scale, axes, and the remarks as sentences, after a first one of somebody else's.
+    /// Shows scale, axes and the remarks as sentences, after the sentence `first`, if any.
     void showQuality(const CalibrationQuality& quality, const QString& first = {});
     /// There is nothing to judge yet, and why.
     void showReason(const QString& reason);

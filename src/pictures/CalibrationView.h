@@ -1,5 +1,5 @@
 #pragma once
-// The view that a calibration belongs to: what the picture showed when its points were picked.
+// The view that a calibration belongs to: what was visible when its points were picked.
 
 #include "base/Types.h"
 
@@ -10,7 +10,7 @@
 
 namespace ocuva {
 
-/// Where the stage was and how much was magnified when a picture was taken.
+/// Stage position and magnification of a picture.
 struct ViewPlace {
     /// Stage units.
     ///@{
@@ -23,7 +23,7 @@ struct ViewPlace {
     bool operator==(const ViewPlace&) const = default;
 };
 
-/// What is seen on the monitor: the live image at some place, or a stored picture.
+/// The contents of the monitor: the live image at some place, or a stored picture.
 struct CalibrationView {
     std::string picture;            ///< full name of the stored picture; empty for the live image
     std::optional<ViewPlace> place; ///< nothing when it is not known
@@ -49,7 +49,7 @@ struct ViewRelation {
     bool operator==(const ViewRelation&) const = default;
 };
 
-/// A stage that came back to within so many units shows the same view: it is less than a pixel.
+/// A stage that has returned to within this many units shows the same view; this is less than a pixel.
 inline constexpr std::int64_t sameViewUnits = 1;
 
 /// The relation of a view to the one of the points. A stored picture is the same view as itself, wherever it
@@ -59,7 +59,7 @@ ViewRelation relationTo(const CalibrationView& ofPoints, const CalibrationView& 
 /// The views on which the points of a calibration in the making were picked, one by one.
 class PickedViews {
 public:
-    /// The point, from 0, has got its place on this view; nothing when nobody knows on which.
+    /// Records that the point, counted from 0, was picked on this view; nothing if the view is unknown.
     void pick(std::size_t point, const std::optional<CalibrationView>& view) { m_views.at(point) = view; }
     /// All points have been taken from one calibration with that view.
     void takeOver(const std::optional<CalibrationView>& view) { m_views.fill(view); }
@@ -67,11 +67,11 @@ public:
     /// Of that point.
     const std::optional<CalibrationView>& of(std::size_t point) const { return m_views.at(point); }
 
-    /// Whether the first points, as many as are in use, were picked on one view. Points of which nobody knows
-    /// the view disagree with nothing.
+    /// Whether the first `count` points were picked on one view. Points with an unknown view agree with
+    /// every other.
     bool agree(std::size_t count) const;
 
-    /// The view of the first points. One without a place where they do not agree, and nothing where none of
+    /// The view of the first `count` points: without a place if they do not agree, and nothing if none of
     /// them has a view.
     std::optional<CalibrationView> common(std::size_t count) const;
 

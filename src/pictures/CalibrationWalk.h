@@ -18,14 +18,14 @@
 
 namespace ocuva {
 
-/// What the walk does to the instrument; only enter() and an arrival that follows it call these.
+/// The walk's actions on the instrument; called only by enter() and by the arrival after it.
 class CalibrationWalkActions {
 public:
     virtual ~CalibrationWalkActions() = default;
-    /// Where the stage is now, stage units.
+    /// The current stage position, stage units.
     virtual StagePoint position() = 0;
-    /// From where the stage is to where that point of the picture is at the image's centre, by the scale of
-    /// the set-up. Z is 0.
+    /// The distance from the current position to the one that brings the point to the image's centre, by
+    /// the scale of the set-up. Z is 0.
     virtual StagePoint offsetTo(const PicturePoint& point) = 0;
     /// Starts a move by so much and watches it; its end is reported by arrived().
     virtual void driveBy(const StagePoint& distance) = 0;
@@ -33,7 +33,7 @@ public:
     virtual void focus() = 0;
 };
 
-/// One walk at a time. It drives nothing by itself: each drive follows from enter(), the operator's deed.
+/// One walk at a time. Each move follows from enter(), an action of the operator.
 class CalibrationWalk {
 public:
     /// As drawn above.
@@ -43,16 +43,16 @@ public:
     explicit CalibrationWalk(CalibrationWalkActions& actions)
         : m_actions(actions) {}
 
-    /// Begins with a walk of two or three points from where the stage is.
+    /// Begins a walk over two or three points; it starts and ends at the current position.
     void start(std::size_t count);
     /// The next point was picked.
     void pick(const PicturePoint& at);
-    /// The operator says go on. In Ready a stage that is no longer where the walk began means that the points
-    /// have to be picked again. At a point that was missed, and left so, the drive is tried again.
+    /// The operator continues. In Ready, if the stage is no longer where the walk began, the points have
+    /// to be picked again. At a point that the stage has not reached, the move is repeated.
     void enter();
     /// The watched move has ended. Focuses at a point that was reached; of no account in other states.
     void arrived();
-    /// The operator ends the walk. A move that runs goes on to its end; none is started.
+    /// The operator ends the walk. A running move continues to its end; none is started.
     void leave();
 
     /// The state, and whether it is one in which enter() has something to do.
@@ -66,11 +66,11 @@ public:
     std::size_t point() const { return m_point; }
     /// How many the walk has.
     std::size_t count() const { return m_count; }
-    /// Where the walk began and ends.
+    /// Start and end position of the walk.
     const StagePoint& home() const { return m_home; }
-    /// Where the stage was at the last arrival.
+    /// The stage position at the last arrival.
     const StagePoint& place() const { return m_place; }
-    /// Whether the last drive did not end where it was sent.
+    /// Whether the last move did not reach its target.
     bool hasMissed() const { return m_missed; }
     /// Whether the points had to be picked again because the stage was moved.
     bool wasMoved() const { return m_wasMoved; }

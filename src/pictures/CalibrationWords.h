@@ -1,5 +1,5 @@
 #pragma once
-// What the operator reads about a calibration and the view that it belongs to.
+// The texts for the operator about a calibration and its view.
 
 #include "pictures/ViewedCalibration.h"
 
@@ -9,17 +9,17 @@ namespace ocuva {
 
 /// For the panel about the image.
 struct CalibrationWords {
-    QString panel; ///< a few words; empty where there is nothing to say
+    QString panel; ///< a few words, or empty
     QString tip;   ///< sentences, one a line
 
     bool operator==(const CalibrationWords&) const = default;
 };
 
-/// described: the calibration was read beside the stored picture, even if it does not belong to it.
+/// described: the calibration was read with the stored picture, even if it does not belong to it.
 CalibrationWords calibrationWords(const ViewedCalibration& viewed, bool described);
 
-/// What the question before a move adds: that there is no calibration, or where it was made and where the
-/// stage is. Empty when the place asked about is the one that was clicked.
+/// The note in the question before a move: that there is no calibration, or where it was made and where
+/// the stage is. Empty if the position is that of the clicked place.
 QString moveQuestionNote(const Calibration& calibration, const ViewedCalibration& viewed);
 
 /// Why a description written with this view would be wrong.

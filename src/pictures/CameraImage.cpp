@@ -13,8 +13,8 @@ namespace ocuva {
 
 namespace {
 
-// Why the folder takes no image, empty when it takes one: the host does not say why it has written none or
-// only a piece. Only writing tells; the free space does not count quotas.
+// Why the folder cannot take an image; empty if it can. The host does not say why it has written no file
+// or only part of one, and free space does not account for quotas, so this writes a trial file.
 QString roomTrouble(const QTemporaryDir& folder) {
     constexpr qint64 wanted = qint64{64} * 1024 * 1024; // a camera's image of 20 million pixels in colour
     const QByteArray piece(1024 * 1024, '.');

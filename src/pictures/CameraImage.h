@@ -1,6 +1,5 @@
 #pragma once
-// The camera's present image as a picture: what the board holds, at its full size and without what lies on
-// the screen.
+// The camera's current image as a picture: the board's frame at full size, without overlays.
 
 #include "pictures/Picture.h"
 #include "stage/CTnStage.h"
@@ -9,9 +8,9 @@
 
 namespace ocuva {
 
-/// Lets the host write its current image to a temporary file and reads that back; right after it the stage is
-/// asked where it stands. Throws PictureFileError when the host gives no image, as before the first frame;
-/// its text ends with the advice, a sentence.
+/// Lets the host write its current image to a temporary file and reads that file; right after it the stage
+/// position is read. Throws PictureFileError if the host gives no image, as before the first frame; its
+/// text ends with `advice`, a sentence.
 Picture cameraImage(CTnVideoImage& image, const CTnStage& stage, const Magnification& magnification,
                     const QString& advice);
 

@@ -1,5 +1,5 @@
 #pragma once
-// A picture with what is known about it beside its pixels.
+// A picture with its pixels and everything known about it.
 
 #include <QDateTime>
 #include <QImage>
@@ -11,7 +11,7 @@
 
 namespace ocuva {
 
-/// How finely the picture samples the field. 0: not known, and then nobody is told a scale.
+/// The scale of a picture. 0 means unknown, and then no scale is shown or written.
 struct PictureScale {
     /// Pixels of the picture per centimetre of the sample.
     ///@{
@@ -23,8 +23,8 @@ struct PictureScale {
     bool isKnown() const { return pixelsPerCmX > 0.0 && pixelsPerCmY > 0.0; }
 };
 
-/// One further fact, such as "stageX" and "1250". The key is letters and digits, the value one line without
-/// control characters.
+/// One further piece of information, for example "stageX" and "1250". The key consists of letters and
+/// digits, the value is one line without control characters.
 struct PictureNote {
     /// As they stand in the file.
     ///@{
@@ -35,12 +35,11 @@ struct PictureNote {
     bool operator==(const PictureNote&) const = default;
 };
 
-/// What the file of a picture holds beyond what is read of it, and what saving the picture would therefore
-/// lose.
+/// The contents of a picture's file that are not read, and that saving the picture would therefore lose.
 struct FileSurplus {
     bool furtherPages = false; ///< only the first is read
     int bitsPerChannel = 8;    ///< more than 8 are reduced to 8
-    int furtherChannels = 0;   ///< beside those of the colours, such as transparency; they are not read
+    int furtherChannels = 0;   ///< channels besides the colours, for example transparency; not read
 
     bool operator==(const FileSurplus&) const = default;
 };
@@ -48,7 +47,7 @@ struct FileSurplus {
 /// One picture, of the camera or from a file.
 struct Picture {
     QImage image; ///< Format_Grayscale8 or Format_RGB888, as files hold them; others are converted when saved
-    PictureScale scale;             ///< of this image, whatever its zoom on the screen
+    PictureScale scale;             ///< of this image, independent of the zoom
     std::vector<PictureNote> notes; ///< in the order in which they are written
     QDateTime taken;                ///< local time; invalid when not known
     FileSurplus surplus = {};       ///< of the file that it was read from
@@ -60,7 +59,7 @@ inline constexpr int largestSide = 32767;
 inline constexpr qint64 mostPixels = 100'000'000;
 ///@}
 
-/// The name as sentences about a file show it, whatever letters it has.
+/// The name as shown in sentences about a file.
 inline QString nameOf(const std::filesystem::path& file) {
     return QString::fromStdU16String(file.u16string());
 }

@@ -10,8 +10,8 @@ namespace {
 
 constexpr std::size_t extensionLength = 3;
 constexpr std::string_view fileVersion = "1.0";
-constexpr Integer zoomLine = 1; // whatever the display's zoom was
-// A description has 14 short lines; whatever is longer than this is some other file.
+constexpr Integer zoomLine = 1; // independent of the display's zoom
+// A description has 14 short lines; a longer file is something else.
 constexpr std::size_t largestFile = 64 * 1024;
 
 constexpr std::string_view versionLabel = "#Pic File Version";

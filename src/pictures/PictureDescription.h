@@ -1,5 +1,5 @@
 #pragma once
-// The text file beside a saved picture that ties its points to stage positions.
+// The text file next to a saved picture that relates its points to stage positions.
 
 #include "base/AsideFile.h"
 #include "pictures/Calibration.h"
@@ -25,15 +25,15 @@ std::filesystem::path descriptionName(const std::filesystem::path& pictureName);
 /// separated by commas, lines ended by CR LF. 12 lines for two points, 14 for three.
 std::string descriptionText(const CalibrationPoints& points);
 
-/// Reads such a text back. Lines may end with LF alone and blanks may surround an item; everything else that
-/// the lines do not allow is refused with the number of the line, also a last line without its end: the file
-/// may have been cut off inside a number.
+/// Parses such a text. Lines may end with LF alone, and blanks may surround an item. Anything else that
+/// the format does not allow is refused with the line's number, including a last line without its end: the
+/// file may have been cut off inside a number.
 CalibrationPoints parseDescription(std::string_view text);
 
 /// Writes the text of a description into an empty file; the error names the file that it is going to be.
 void writeDescriptionFile(const AsideFile& file, const CalibrationPoints& points);
 
-/// Writes the description of a picture aside and renames it, so that no half-written one ever stands there.
+/// Writes the description of a picture to a temporary file and renames it, so that it is never incomplete.
 /// An empty picture name writes nothing.
 void writeDescription(const std::filesystem::path& pictureName, const CalibrationPoints& points);
 

@@ -98,8 +98,8 @@ void save(const std::filesystem::path& name, const Picture& picture, const Calib
     } catch (const std::exception& error) {
         fail(name, text(error));
     }
-    // The former description would give the stage positions of another picture: it goes first, so that
-    // whatever happens between the steps never leaves it beside the new one.
+    // The old description would give the stage positions of another picture. It is moved away first, so
+    // that it is never next to the new picture, whatever happens between the steps.
     FormerFile former(description.target());
     if (const std::error_code error = former.moveAway()) {
         fail(name, text(error));

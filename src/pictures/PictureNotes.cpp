@@ -30,7 +30,7 @@ double fieldUm(Single factor, Long magnification) {
     return std::isfinite(field) && field > 0.0 ? field : 0.0;
 }
 
-// One line of plain characters; whatever else stands there becomes "?".
+// One line of printable ASCII; everything else becomes "?".
 QByteArray plain(QByteArray text) {
     for (char& c : text) {
         c = c >= ' ' && c <= '~' ? c : '?';

@@ -14,7 +14,7 @@ namespace ocuva {
 /// in each direction. Not known when magnification or a factor is not above 0.
 PictureScale fieldScale(const Magnification& magnification, QSize pixels);
 
-/// Where the stage stood when a picture was taken.
+/// The stage position of a picture.
 struct StageStand {
     /// Stage units.
     ///@{
@@ -24,15 +24,16 @@ struct StageStand {
     ///@}
 };
 
-/// The notes that every picture of the camera carries: where the stage stood (stage units), the magnification
-/// and, where it is known, the field in micrometres.
+/// The notes of every camera picture: stage position (stage units), magnification and, if it is known, the
+/// field in micrometres.
 std::vector<PictureNote> cameraNotes(const StageStand& stage, const Magnification& magnification);
 
 /// The image description: with a known scale it has "unit=um", which turns a resolution in centimetres into
 /// micrometres per pixel (10000 / pixels per centimetre). ASCII; other characters become "?".
 QByteArray imageDescription(const Picture& picture);
 
-/// What such a description says besides scale and version. Empty for a description of any other kind.
+/// The contents of such a description besides scale and version. Empty for a description of any other
+/// kind.
 struct ReadNotes {
     bool inMicrometres = false;     ///< the resolution of the file is a scale
     std::vector<PictureNote> notes; ///< in their order
@@ -40,9 +41,9 @@ struct ReadNotes {
 /// Lines that are no KEY=VALUE are passed over.
 ReadNotes readImageDescription(const QByteArray& text);
 
-/// The notes that stay true of one page with 8 bits a channel. Those that describe a stack of pages
-/// ("images", "hyperstack" ...) are left out, and, when the values were not 8-bit ones, those that speak of
-/// values ("min", "max" ...).
+/// The notes that remain valid for one page with 8 bits per channel. Those about a stack of pages
+/// ("images", "hyperstack" ...) are left out and, if the values did not have 8 bits, those about values
+/// ("min", "max" ...).
 std::vector<PictureNote> notesOfOnePage(const std::vector<PictureNote>& notes, int bitsPerChannel);
 
 /// Whether the notes speak of more than one page; some files of several pages say it only there.

@@ -1,5 +1,5 @@
 #pragma once
-// Places on the picture, whatever its size or zoom.
+// Places on the picture, independent of its size and zoom.
 
 #include "base/Types.h"
 
@@ -16,7 +16,7 @@ struct PicturePoint {
     bool operator==(const PicturePoint&) const = default;
 };
 
-/// What the picture's width and height are divided into.
+/// Number of units across the picture's width and height.
 inline constexpr double pictureUnits = 10000.0;
 
 /// The place x, y of a picture of that width and height, all four in one unit, from the top left corner. A

@@ -40,7 +40,7 @@ public:
     TextBox* box(std::size_t point, PointField field) const;
     ///@}
 
-    /// What stands in the boxes, those of unused rows too.
+    /// The texts in all boxes, including unused rows.
     std::array<PointTexts, 3> texts() const;
     /// Whether a box of a row in use is empty.
     bool hasEmptyBoxes() const;
@@ -58,11 +58,11 @@ public:
     void setBusy(bool busy);
     /// Keeps the Pick button of that point down, and no other.
     void showSelected(std::optional<std::size_t> point);
-    /// How far each point is off; empty where the quality has no residuals.
+    /// Shows the residual of each point; empty if the quality has none.
     void showResiduals(const CalibrationQuality& quality);
 
 Q_SIGNALS:
-    /// A box of that point has another text, whoever wrote it.
+    /// The text in a box of that point has changed, by the operator or the program.
     void edited(int point, ocuva::PointField field);
     /// A button of that point was pressed.
     ///@{

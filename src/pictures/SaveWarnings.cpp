@@ -26,7 +26,7 @@ QStringList losses(const FileSurplus& surplus) {
     return lost;
 }
 
-// Other pictures than the target whose description has the same name.
+// Pictures other than the target that share its description file.
 QStringList sharers(const std::filesystem::path& target) {
     const std::filesystem::path description = descriptionName(target).filename();
     QStringList names;

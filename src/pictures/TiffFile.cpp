@@ -32,11 +32,11 @@ constexpr const char* timeForm = "yyyy:MM:dd HH:mm:ss";
 // Strips of about this size: few calls, and a strip that had to be repacked is still in the cache when
 // written.
 constexpr qsizetype stripBytes = 512 * 1024;
-// What libtiff may allocate at once; a damaged file asks for anything.
+// Limit of a single allocation by libtiff; a damaged file can request any size.
 constexpr tmsize_t mostMemory = tmsize_t{1} << 29;
 
 struct Trouble {
-    QString text; // the first that libtiff told; what follows are consequences
+    QString text; // libtiff's first message; later ones are consequences
 };
 
 int noteError(TIFF* /*file*/, void* trouble, const char* /*module*/, const char* format, va_list arguments) {
@@ -84,8 +84,8 @@ TiffHandle open(const RegularFile& file, const char* mode, Trouble& trouble) {
     return tiff;
 }
 
-// A file in memory, for the tiles that libtiff 4.5 reads only from a file that it may map: mapped from the
-// disk, somebody who cuts the file off meanwhile would end the program.
+// A file in memory, for tiles that libtiff 4.5 reads only from a mapped file. If the file on the disk were
+// mapped, the program would crash when somebody truncates it.
 class FileInMemory {
 public:
     explicit FileInMemory(const RegularFile& source) {
@@ -217,7 +217,7 @@ Layout layoutOf(TIFF* file) {
     return layout;
 }
 
-// 0: not one of the plain layouts whose bytes are the picture's.
+// The number of samples; 0 if the layout's bytes are not those of the picture.
 int plainSamples(TIFF* file, const Layout& layout) {
     const bool plain = layout.bitsPerSample == 8 && layout.planar == PLANARCONFIG_CONTIG &&
                        layout.sampleFormat == SAMPLEFORMAT_UINT && TIFFIsTiled(file) == 0;
@@ -259,7 +259,7 @@ bool readAnyLayout(TIFF* file, const Layout& layout, QImage& image, Trouble& tro
         return false;
     }
     constexpr int stopOnError = 1;
-    // As it lies in the file: libtiff turns no picture on its side.
+    // The orientation in the file is read without change: libtiff does not rotate pictures by 90 degrees.
     TIFFSetField(file, TIFFTAG_ORIENTATION, ORIENTATION_TOPLEFT);
     if (TIFFReadRGBAImageOriented(file, layout.width, layout.height,
                                   reinterpret_cast<std::uint32_t*>(image.bits()), ORIENTATION_TOPLEFT,
@@ -281,7 +281,7 @@ QByteArray descriptionStart(const char* text) {
     const std::size_t length = strnlen(text, longestDescription + 1);
     QByteArray start(text, static_cast<qsizetype>(std::min(length, longestDescription)));
     if (length > longestDescription) {
-        start.truncate(start.lastIndexOf('\n') + 1); // a line that was cut would say something else
+        start.truncate(start.lastIndexOf('\n') + 1); // a truncated line could have another meaning
     }
     return start;
 }
@@ -334,8 +334,8 @@ QString unknownColours(const Layout& layout) {
     return {};
 }
 
-// Tiles without compression whose size is no multiple of 1 KiB: libtiff 4.5 takes them for damaged unless the
-// file is mapped.
+// libtiff 4.5 takes uncompressed tiles whose size is not a multiple of 1 KiB for damaged unless the file
+// is mapped.
 bool wantsMappedFile(TIFF* file, const Layout& layout) {
     constexpr tmsize_t readAtOnce = 1024;
     return TIFFIsTiled(file) != 0 && layout.compression == COMPRESSION_NONE &&
@@ -368,7 +368,7 @@ QImage upright(const QImage& stored, std::uint16_t orientation) {
     return turned.mirrored(turn->mirrored, false).convertToFormat(stored.format());
 }
 
-// Before memory is taken for it: what cannot be a whole picture.
+// Checked before memory is allocated: the reason why the file cannot be a complete picture.
 QString refusal(const RegularFile& file, const Layout& layout, int samples) {
     if (layout.width < 1 || layout.height < 1) {
         return QStringLiteral("it holds no picture");
@@ -421,8 +421,8 @@ Picture readTiff(const RegularFile& source, const std::filesystem::path& name) {
     const auto troubleOr = [&trouble](const char* otherwise) {
         return trouble.text.isEmpty() ? QString::fromLatin1(otherwise) : trouble.text;
     };
-    std::optional<FileInMemory> memory; // outlives what is open on it
-    // Read, not mapped into memory: a file that somebody cuts off meanwhile is an error then and no crash.
+    std::optional<FileInMemory> memory; // outlives the file handle on it
+    // Read instead of mapped: a file that somebody truncates meanwhile causes an error, not a crash.
     TiffHandle file = open(source, "rm", trouble);
     if (!file) {
         fail(troubleOr("it is none"));

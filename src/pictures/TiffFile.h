@@ -14,10 +14,10 @@ namespace ocuva {
 /// an error leaves a piece there. Throws PictureFileError.
 void writeTiff(const RegularFile& target, const Picture& picture);
 
-/// Reads the first picture of any TIFF that libtiff can turn into colours. 8-bit grey stays grey; a palette,
-/// 16 bits or transparency become 24-bit colour. The scale counts only where the file says that it is one of
-/// micrometres: a print resolution is none. Throws PictureFileError for what is no TIFF, damaged, cut off or
-/// too large.
+/// Reads the first picture of any TIFF that libtiff can convert to colours. 8-bit grey stays grey;
+/// palette, 16 bits and transparency become 24-bit colour. The scale counts only if the file says that it
+/// is in micrometres: a print resolution is not a scale. Throws PictureFileError if the file is not a
+/// TIFF, damaged, truncated or too large.
 Picture readTiff(const RegularFile& source, const std::filesystem::path& name);
 
 } // namespace ocuva

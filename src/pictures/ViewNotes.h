@@ -12,18 +12,18 @@
 
 namespace ocuva {
 
-/// Where the picture was taken, as its notes say; nothing when they do not.
+/// The place of the picture according to its notes, if any.
 std::optional<ViewPlace> placeOf(const std::vector<PictureNote>& notes);
 
-/// Replaces what the notes say of a calibration. The view is that of the points, shown that of the picture;
-/// without points, or when nobody has said on which view they were picked, the notes say nothing of it. A
-/// stored picture that said nothing goes on so while the points are its own, which is what saying nothing
-/// means.
+/// Replaces the notes about a calibration. `view` is that of the points, `shown` that of the picture.
+/// Without points, or if their view is unknown, the notes contain nothing about a calibration. A stored
+/// picture without such notes stays without them as long as the points are its own, because this is what
+/// their absence means.
 void noteCalibration(std::vector<PictureNote>& notes, const std::optional<CalibrationPoints>& points,
                      const std::optional<CalibrationView>& view, const CalibrationView& shown);
 
-/// The view of the points that were read beside a picture: the picture's own unless its notes say otherwise.
-/// Points that are not those it was saved with belong to a view that nobody knows.
+/// The view of the points read with a picture: the picture's own unless its notes say otherwise. Points
+/// other than those it was saved with have an unknown view.
 CalibrationView viewOfPoints(const CalibrationPoints& read, const std::vector<PictureNote>& notes,
                              const CalibrationView& shown);
 

@@ -6,15 +6,14 @@
 
 namespace ocuva {
 
-/// Says whether the positions that a calibration gives are those of the view shown, and what they are. On the
-/// live image they are always computed as the calibration has them; on a stored picture they are true or
-/// there are none.
+/// Decides whether a calibration's positions hold for the view shown, and computes them. On the live image
+/// they are always computed from the calibration; on a stored picture they are correct or there are none.
 class ViewedCalibration {
 public:
     /// The calibration outlives it.
     ViewedCalibration(const Calibration& calibration, CalibrationView shown);
 
-    /// Nothing without a calibration, and where nobody has said on which view it was made.
+    /// Nothing without a calibration, or if its view is unknown.
     const std::optional<ViewRelation>& relation() const { return m_relation; }
 
     /// Whether it was made elsewhere, or perhaps was: a description with this view would be another one's.
@@ -27,7 +26,7 @@ public:
     /// Throws ArithmeticError when a result leaves 32 bits.
     StagePoint position(Single XPic, Single YPic) const;
 
-    /// As given at its making.
+    /// As passed to the constructor.
     const CalibrationView& shown() const { return m_shown; }
 
 private:

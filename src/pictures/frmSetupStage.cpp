@@ -233,7 +233,7 @@ QString frmSetupStage::nextStep() const {
 }
 
 void frmSetupStage::ButI_Click(std::size_t point) {
-    if (m_selected == point) { // pressed once more: thought better of
+    if (m_selected == point) { // pressed again: cancel
         select({});
         return;
     }
@@ -363,7 +363,7 @@ void frmSetupStage::takePoint(const PicturePoint& at) {
     const Integer y = toInteger(at.YPic);
     FramePoint->box(*m_selected, PointField::XI)->setText(QString::number(x));
     FramePoint->box(*m_selected, PointField::YI)->setText(QString::number(y));
-    m_picked.pick(*m_selected, m_context.shownView()); // also where the texts are the same as before
+    m_picked.pick(*m_selected, m_context.shownView()); // even if the texts have not changed
     select({});
     if (m_assistant.walk().state() == CalibrationWalk::State::Picking) {
         m_assistant.pick(at);

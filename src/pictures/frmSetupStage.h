@@ -1,5 +1,5 @@
 #pragma once
-// The calibration dialog: ties two or three points of the picture to stage positions.
+// The calibration dialog: relates two or three points of the picture to stage positions.
 
 #include "controls/AccessLetter.h"
 #include "pictures/Calibration.h"
@@ -23,7 +23,7 @@
 
 namespace ocuva {
 
-/// What the assistant of the dialog needs of the program around it.
+/// The surroundings of the dialog's assistant.
 struct WalkSurroundings {
     /// As CalibrationAssistantContext says.
     ///@{
@@ -41,7 +41,7 @@ struct PickedPoint {
     std::optional<CalibrationView> view; ///< on which it was picked
 };
 
-/// What the dialog needs; everything outlives it.
+/// The surroundings of the dialog; everything outlives it.
 struct SetupStageContext {
     Calibration& calibration; ///< what OK replaces
     /// Of the host, and of the main window, which moves the stage.
@@ -53,9 +53,9 @@ struct SetupStageContext {
     ///@}
     std::function<void(const QString&)> report; ///< shows an error that leaves a handler
     std::function<void(const QString&)> note;   ///< writes a line to the log
-    /// What is on the monitor, as it was read last: no host is asked.
+    /// The view on the monitor, as read last; no host call is made.
     std::function<CalibrationView()> shownView;
-    /// The calibration was accepted or taken up.
+    /// The calibration was accepted or restored.
     std::function<void()> changed;
     WalkSurroundings walk = {}; ///< of the assistant
 };
@@ -77,13 +77,13 @@ public:
     /// Whether the next click on the image is the point that is being selected.
     bool isSelecting() const { return m_selected.has_value(); }
 
-    /// Takes a clicked place of the picture as the point being selected; nothing happens when there is none.
-    /// Throws ArithmeticError when a coordinate leaves 16 bits.
+    /// Takes a clicked place of the picture for the point being picked, if any. Throws ArithmeticError if
+    /// a coordinate exceeds 16 bits.
     void takePoint(const PicturePoint& at);
 
-    /// The picture-click operation: takes the point being selected, computes the stage position of the place
-    /// and asks whether the stage shall go there. Works whether or not the dialog is shown; while the stage
-    /// is under way to such a place it does not ask. Throws ArithmeticError when there is no such position.
+    /// The picture-click operation: takes the point being picked, computes the stage position of the place
+    /// and asks whether to move there. Works whether or not the dialog is shown; it does not ask while the
+    /// stage is moving to such a place. Throws ArithmeticError if there is no such position.
     void clickPicture(const PicturePoint& at);
 
     /// Takes up the calibration that was accepted last, in an earlier run or in this one. Does nothing but
@@ -112,8 +112,8 @@ public:
     LetteredButton* CmdPt = nullptr; ///< closes the point frame, and opens it again
     /// The controls, by their names.
     ///@{
-    LetteredButton* cmdWalk = nullptr; ///< starts the assistant and goes on with it
-    QCheckBox* chkTakeOver = nullptr;  ///< what the walk has found goes into the set-up with OK
+    LetteredButton* cmdWalk = nullptr; ///< starts the assistant and continues with it
+    QCheckBox* chkTakeOver = nullptr;  ///< OK puts the measured field and directions into the set-up
     QPushButton* cmdRestore = nullptr;
     QPushButton* OKPicture = nullptr;
     QPushButton* CancelPicture = nullptr;
@@ -155,8 +155,7 @@ private:
     bool askToMove(const StagePoint& target);
     void moveTo(const StagePoint& target);
     void showMoveEnd();
-    /// What is missing still, in the order in which points are gathered: picked while the stage stands, read
-    /// afterwards.
+    /// What is still missing, in the order of work: all points are picked first, then read.
     QString nextStep() const;
     void makeWalkControls();
     void showWalk();

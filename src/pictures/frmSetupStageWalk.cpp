@@ -52,7 +52,7 @@ void frmSetupStage::showWalk() {
         hint(text);
     }
     if (m_assistant.isFocusing()) {
-        LabelHint->repaint(); // nothing else is drawn until the search ends
+        LabelHint->repaint(); // nothing else is drawn during the search
         cmdWalk->repaint();
     }
     offerTakeOver();
@@ -110,7 +110,7 @@ void frmSetupStage::takeOver(const CalibrationPoints& points, const std::optiona
 
 void frmSetupStage::endWalk() {
     while (m_assistant.walk().isUnderWay()) {
-        m_assistant.leave(); // twice where the stage is on its way
+        m_assistant.leave(); // called twice if the stage is moving
     }
 }
 

@@ -1,5 +1,5 @@
 #pragma once
-// A lamp beside a button: its colour tells whether the button can be used.
+// A lamp next to a button: its colour shows whether the button can be used.
 
 #include "base/Types.h"
 
@@ -20,7 +20,7 @@ public:
     /// As set last; invalid before that.
     QColor colour() const { return m_colour; }
 
-    /// As large as the lamp, whatever the room.
+    /// The size of the lamp, independent of the available room.
     ///@{
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override { return sizeHint(); }

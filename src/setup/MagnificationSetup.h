@@ -8,14 +8,14 @@
 
 namespace ocuva {
 
-/// As they stand in the boxes.
+/// The texts in the boxes.
 struct MagnificationTexts {
     std::string magnification; ///< 400 means 400 times
     std::string x100;          ///< width of the field in stage units at magnification 100
     std::string y100;          ///< height of the field
 };
 
-/// What the stage page does with them.
+/// The operations of the stage page.
 class MagnificationSetup {
 public:
     /// Both outlive it.
@@ -23,13 +23,13 @@ public:
         : m_store(store)
         , m_mainWindow(mainWindow) {}
 
-    /// What the host has now. Texts that are read back give the very same numbers.
+    /// The host's current values. The texts read back give exactly the same numbers.
     MagnificationTexts texts() const;
 
-    /// Hands the numbers that the texts begin with (0 where there is none; the magnification rounded half to
-    /// even) to the host and redraws the micro marker. Throws std::runtime_error that names the field when a
-    /// number is too large to be kept, with nothing changed; and, after all is stored, when there is no scale
-    /// at such a magnification.
+    /// Passes the numbers at the beginning of the texts (0 if there is none; the magnification rounded
+    /// half to even) to the host and redraws the micro marker. Throws std::runtime_error that names the
+    /// field if a number is too large to be stored, with nothing changed; and, after all is stored, if
+    /// there is no scale at this magnification.
     void set(const MagnificationTexts& typed);
 
 private:

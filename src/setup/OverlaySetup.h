@@ -18,8 +18,8 @@ struct GridTexts {
     ///@}
 };
 
-/// The store has the grid in image pixels, the operator in micrometres on the sample; the present
-/// magnification lies between the two. A stage unit is a micrometre.
+/// The store has the grid in image pixels, the operator types micrometres on the sample; the current
+/// magnification converts between them. A stage unit is a micrometre.
 class OverlaySetup {
 public:
     /// All outlive it.
@@ -29,13 +29,13 @@ public:
         , m_conversion(magnification, conversion)
         , m_mainWindow(mainWindow) {}
 
-    /// The stored pitch in micrometres; 0 where the magnification tells none.
+    /// The stored pitch in micrometres; 0 if there is no scale.
     StagePair gridMicrometres() const;
 
-    /// Gives the main window the typed pitch, redraws the grid and stores it. A length that is typed as it
-    /// is shown stands for the stored one, which may be finer than whole micrometres. Throws
-    /// std::runtime_error that names the field when a text is no number, or a length that is not 0 has no
-    /// pixels on the image; nothing is changed then.
+    /// Passes the typed pitch to the main window, redraws the grid and stores it. A length typed as it is
+    /// shown means the stored one, which may be finer than whole micrometres. Throws std::runtime_error
+    /// that names the field if a text is not a number, or a length other than 0 has no pixels on the
+    /// image; nothing is changed then.
     void setGrid(const GridTexts& typed);
 
     /// The stored lengths, screen pixels at 1:1.

@@ -106,7 +106,7 @@ void SetupAutofocusPage::course_LostFocus() {
         m_settings.writeFine({textToLong(txtCourseHalf->text().toStdString()),
                               textToLong(txtCourseNbPoints->text().toStdString())});
     } catch (const std::exception&) {
-        // Passed over: the boxes show again what is in force.
+        // Ignored: the boxes show the values in use again.
     }
     showCourse();
 }

@@ -1,5 +1,5 @@
 #pragma once
-// The tab "Autofocus": what the host's focus search measures and how it steps.
+// The tab "Autofocus": area and steps of the host's focus search.
 
 #include "setup/SetupContext.h"
 #include "setup/SetupPage.h"

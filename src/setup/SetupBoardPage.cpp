@@ -8,7 +8,7 @@
 namespace ocuva {
 
 namespace {
-// Where a host that has more to say about its boards names them, in the order of their types.
+// The section in which a host may name its boards, in the order of their types.
 constexpr const char* boardsSection = "tn_video\\boards";
 } // namespace
 
@@ -34,7 +34,7 @@ public:
     void enableCmdUnlock(bool on) override { m_page.cmdUnlock->setEnabled(on); }
 
 private:
-    // In words too, for whoever cannot tell the colours.
+    // Also as a text, for operators who cannot distinguish the colours.
     static void show(IndicatorShape& shape, Long colour) {
         shape.setColour(colour);
         const QString meaning =
@@ -114,7 +114,7 @@ void SetupBoardPage::makeControls() {
     makeShutDownLine(*column);
 }
 
-// Hidden until it is true, in room of its own, so that nothing moves when it comes.
+// Hidden until the board is shut down; its room is reserved, so that nothing moves when it appears.
 void SetupBoardPage::makeShutDownLine(QVBoxLayout& column) {
     frShutDown = new QWidget;
     frShutDown->setObjectName(QStringLiteral("frShutDown"));

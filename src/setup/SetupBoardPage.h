@@ -1,5 +1,5 @@
 #pragma once
-// The tab "Board": which frame grabber there is, and putting it up and down.
+// The tab "Board": choosing the frame grabber, initialising it and shutting it down.
 
 #include "setup/IndicatorShape.h"
 #include "setup/SetupCameraPage.h"
@@ -15,8 +15,8 @@
 
 namespace ocuva {
 
-/// What it shows of the board is the board's own flag: after Shut down it still reads as initialised, and a
-/// line with a button leads on.
+/// Shows the board's own flag: after Shut down it still reads as initialised, and a line with a button
+/// explains how to continue.
 class SetupBoardPage final : public SetupPage {
     Q_OBJECT
 
@@ -42,7 +42,7 @@ public:
     ///@}
 
 Q_SIGNALS:
-    /// The board was put up or down.
+    /// The board was initialised or shut down.
     void boardChanged();
 
 private:

@@ -113,7 +113,7 @@ void SetupCameraPage::makeSignal() {
     sldGain->setPageStep(1);
     sldGain->setTickPosition(QSlider::TicksBelow);
     sldGain->setTickInterval(1);
-    // Slider and labels come and go; what stands round them stays in its place.
+    // Slider and labels appear and disappear without moving the other controls.
     QSizePolicy keepsItsPlace = sldGain->sizePolicy();
     keepsItsPlace.setRetainSizeWhenHidden(true);
     sldGain->setSizePolicy(keepsItsPlace);

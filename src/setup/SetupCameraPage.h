@@ -14,7 +14,7 @@
 
 namespace ocuva {
 
-/// It shows what the host took, not what was asked of it; only the gain cannot be asked for.
+/// Shows the host's values, not the requested ones; only the gain cannot be read.
 class SetupCameraPage final : public SetupPage {
     Q_OBJECT
 
@@ -37,7 +37,7 @@ public:
     std::array<QSlider*, cameraReferences.size()> sldReference{}; ///< by CameraReference
     std::array<TextBox*, cameraReferences.size()> txtReference{}; ///< by CameraReference
 
-    /// Automatic gain, or one of the ranges of the slider; only the label of the one in force is shown.
+    /// Automatic gain, or one of the slider's ranges; only the label of the current range is shown.
     ///@{
     QGroupBox* frSetupCameraSignal = nullptr;
     QCheckBox* chkAutoGain = nullptr;

@@ -1,5 +1,5 @@
 #pragma once
-// What the pages of the set-up dialog need of the world; everything outlives them.
+// The surroundings of the set-up pages; everything outlives them.
 
 #include "display/LengthConversion.h"
 #include "hostlink/Host.h"
@@ -16,8 +16,7 @@
 
 namespace ocuva {
 
-/// What was chosen in the dialog and can be read from nowhere: kept from one opening to the next, as long as
-/// the program runs.
+/// Choices in the dialog that no host call returns: kept until the program ends.
 struct SetupMemory {
     int courseType = 1; ///< index of cbCourseType; the parameters that the page shows are the fine ones
     bool courseIsFixed = false;  ///< chkCourseFix
@@ -27,7 +26,7 @@ struct SetupMemory {
 
 /// One for the dialog and all its pages.
 struct SetupContext {
-    /// Where the pages read and write.
+    /// The stores that the pages read and write.
     ///@{
     Host& host;
     Settings& settings;
@@ -39,7 +38,7 @@ struct SetupContext {
     SetupMemory& memory;
     StandardList& standards;
     ///@}
-    /// Lets the operator choose a standard and appends it to the list; false when he cancels.
+    /// Lets the operator choose a standard and appends it to the list; false if he cancels.
     std::function<bool()> addStandard;
     /// Brings the drop-down of standards up to the list.
     std::function<void()> fillStageMenu;

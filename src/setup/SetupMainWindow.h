@@ -1,5 +1,5 @@
 #pragma once
-// What the set-up dialog changes in the main window.
+// The parts of the main window that the set-up dialog changes.
 
 #include "display/MonitorSizing.h"
 #include "settings/Settings.h"
@@ -32,10 +32,10 @@ public:
     /// Throws ArithmeticError when there is no field to draw a scale for.
     virtual void DrawMicroMarker() = 0;
 
-    /// Where the status bar tells it.
+    /// Shows the magnification in the status bar.
     virtual void showMagnification(Long magnification) = 0;
-    /// Keeps pointer and keys away, and tells what is going on, for as long as what it returns lives: around
-    /// host calls that may take long. Null where there is no window to keep them from.
+    /// Blocks pointer and keys and shows the text for the life of the returned object, around host calls
+    /// that can take long. Null if there is no window.
     virtual std::shared_ptr<void> holdInput(const QString& /*what*/) { return nullptr; }
     /// The camera or the board is another one: its picture may have another size. The image is sized for it
     /// once the handler that called this has ended.

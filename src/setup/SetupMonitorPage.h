@@ -1,5 +1,5 @@
 #pragma once
-// The tab "Monitor": grid, cross, and what is shown at the next start.
+// The tab "Monitor": grid, cross, and the options for the next start.
 
 #include "setup/OverlaySetup.h"
 #include "setup/SetupContext.h"

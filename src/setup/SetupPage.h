@@ -1,5 +1,5 @@
 #pragma once
-// What the pages of the set-up dialog have in common.
+// The base class of the set-up pages.
 
 #include "controls/TextBox.h"
 
@@ -14,7 +14,8 @@
 
 namespace ocuva {
 
-/// A column of frames with named controls. An error that leaves a handler is reported, and the page goes on.
+/// A column of frames with named controls. An error that leaves a handler is reported, and the page stays
+/// usable.
 class SetupPage : public QWidget {
     Q_OBJECT
 
@@ -28,8 +29,8 @@ public:
 protected:
     SetupPage(const char* name, Report report, QWidget* parent);
 
-    /// Gives a control its name, and the help that its tool tip, its What's This text and, where it has no
-    /// text of its own, assistive tools tell.
+    /// Gives a control its name and its help text, which becomes its tool tip, its What's This text and,
+    /// if it has no text of its own, its accessible name.
     template <typename Control> Control* named(Control* control, const char* name, const QString& help) {
         describe(*control, name, help);
         return control;
@@ -49,7 +50,7 @@ protected:
     static void addRow(QGridLayout& grid, const QString& caption, QWidget* control,
                        const QString& unit = QString());
 
-    /// Captions, controls and units of these frames stand in the same columns.
+    /// Aligns captions, controls and units of these frames in common columns.
     static void lineUp(std::initializer_list<const QGroupBox*> frames);
 
     /// Runs the handler when the operator has changed the box's text and leaves it, or presses Enter. What he

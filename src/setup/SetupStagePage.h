@@ -12,7 +12,7 @@
 
 namespace ocuva {
 
-/// What is typed here decides how far a click on the image moves the stage.
+/// The values typed here determine how far a click on the image moves the stage.
 class SetupStagePage final : public SetupPage {
     Q_OBJECT
 

@@ -99,8 +99,8 @@ void frmSetup::cmdSaveDefault_Click() {
     }
 }
 
-// Not at once: a message box that opened while the focus goes from one control to the next would take it
-// away from both.
+// Queued: a message box that opened while the focus moves from one control to the next would take it from
+// both.
 void frmSetup::report(const QString& text) {
     QMetaObject::invokeMethod(
         this, [this, text] { m_context.report(text); }, Qt::QueuedConnection);
@@ -114,7 +114,7 @@ bool frmSetup::event(QEvent* event) {
 }
 
 void frmSetup::done(int result) {
-    // What is typed and not left yet is left now.
+    // Applies typed text whose box still has the focus.
     if (QWidget* box = focusWidget()) {
         box->clearFocus();
     }

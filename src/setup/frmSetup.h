@@ -19,7 +19,7 @@ namespace ocuva {
 /// The tabs, by their index in the strip.
 enum class SetupTab { Autofocus = 1, Monitor, Stage, Camera, Board };
 
-/// Modeless. A new one is made for each opening, so that it shows what is stored then. User-interface thread.
+/// Modeless. Created for each opening, so that it shows the stored values. User-interface thread.
 class frmSetup final : public QDialog {
     Q_OBJECT
 
@@ -39,8 +39,8 @@ public:
     SetupCameraPage* cameraPage = nullptr;
     SetupBoardPage* boardPage = nullptr;
     ///@}
-    QPushButton* cmdSaveDefault = nullptr; ///< disabled where it is not available
-    QPushButton* cmdClose = nullptr;       ///< leaves what is typed, as leaving its box would
+    QPushButton* cmdSaveDefault = nullptr; ///< disabled on pages without defaults
+    QPushButton* cmdClose = nullptr;       ///< applies typed text like leaving its box
 
 protected:
     bool event(QEvent* event) override;

@@ -10,7 +10,7 @@ namespace ocuva {
 
 namespace {
 
-// Up to here a Single, which is what the host takes, has every whole number.
+// Up to this number a Single, which the host takes, represents every whole number.
 constexpr Long farthest = 1 << 24;
 
 bool isFar(Long distance) { return distance > farthest || distance < -farthest; }

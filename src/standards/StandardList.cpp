@@ -20,7 +20,7 @@ std::string keyOf(Long index) { return "Standard" + std::to_string(index); }
 
 const char* programStore() { return storeName(SettingsStore::Program).c_str(); }
 
-// What a host wrote into a buffer of the program, bounded by the buffer whatever the host claims.
+// The text that a host wrote into a buffer, limited to the buffer whatever length the host reports.
 template <std::size_t capacity> std::string textOf(const std::array<char, capacity>& buffer, Long length) {
     const Long bounded = std::clamp<Long>(length, 0, static_cast<Long>(capacity));
     return {buffer.data(), static_cast<std::size_t>(bounded)};

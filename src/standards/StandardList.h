@@ -12,7 +12,7 @@
 
 namespace ocuva {
 
-/// Where the stage stands or shall go, in stage units.
+/// A current or wanted stage position, in stage units.
 struct StagePosition {
     /// One coordinate each.
     ///@{
@@ -24,9 +24,9 @@ struct StagePosition {
     bool operator==(const StagePosition&) const = default;
 };
 
-/// Section "StandardList": "StandardListSize", and "Standard1", "Standard2" ... holding one name each,
-/// normally the full path of a ".std" file of the host. An empty value is a hole that readers skip; keys
-/// beyond the size are never read. Nothing is cached, and every change is written at once.
+/// Section "StandardList": "StandardListSize", and "Standard1", "Standard2" ... with one name each,
+/// usually the full path of a ".std" file of the host. Readers skip empty values; keys beyond the size are
+/// never read. Nothing is cached, and every change is written at once.
 class StandardList {
 public:
     /// A name is read through a buffer of that many characters; a longer stored one comes back cut.
@@ -35,8 +35,8 @@ public:
     /// Whether a name comes back as it was stored.
     static bool fits(const std::string& name) { return name.size() <= std::size_t{nameLength}; }
 
-    /// Both outlive it. The file is the program's own and is there only while a list is being stored; with
-    /// an empty path a list whose storing is cut off is lost.
+    /// Both outlive it. The file exists only while a list is being stored. With an empty path, a list
+    /// whose storing is interrupted is lost.
     StandardList(TnReg& reg, TnLibProxy& libProxy, std::filesystem::path unfinished = {})
         : m_reg(reg)
         , m_libProxy(libProxy)
@@ -46,17 +46,18 @@ public:
     /// untouched arguments and false behind the last one. Indices are 16-bit, so a list ends at 32767.
     bool GetNextStandard(std::string& name, Integer& index) const;
 
-    /// Appends a name, the same one as often as it is asked. With clear the list begins anew with it; with
+    /// Appends a name, even if it is in the list already. With clear the list is replaced by it; with
     /// clear and an empty name the list becomes empty. An empty name without clear changes nothing. A name
-    /// that could not be written is not counted. False when something could not be written.
+    /// that could not be written is not counted. False if something could not be written.
     bool AppendStandard(const std::string& name, bool clear);
 
     /// Stores the names as the whole list: clears it with the first and appends the others. False when not
     /// all of it could be stored; the list is then kept for finishStoring.
     bool store(const std::vector<std::string>& names);
 
-    /// For the start: stores a list whose storing was cut off in an earlier run, unless another program is
-    /// storing one at this moment. Gives the number of its standards; nothing when there was none to store.
+    /// Called at the start: completes the storing of a list that was interrupted in an earlier run, unless
+    /// another program is storing one. Returns the number of its standards, or nothing if there was none
+    /// to store.
     std::optional<std::size_t> finishStoring();
 
     /// The host's standards directory.
@@ -79,7 +80,7 @@ private:
 /// An open object of the host's database for standards; frees its handle.
 class StandardObject {
 public:
-    /// Opens it; whether that went well is told by isOpen. The library outlives it.
+    /// Opens the object; isOpen reports success. The library outlives it.
     explicit StandardObject(TnLibProxy& libProxy);
     ~StandardObject();
     StandardObject(const StandardObject&) = delete;

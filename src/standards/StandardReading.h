@@ -1,5 +1,5 @@
 #pragma once
-// What came of reading the listed standards from the host's database.
+// The outcome of reading the listed standards from the host's database.
 
 #include <string>
 
@@ -9,7 +9,7 @@ namespace ocuva {
 struct StandardReading {
     bool databaseOpened = true;    ///< the host gave a handle
     int listed = 0;                ///< names on the list, holes not counted
-    int unreadable = 0;            ///< of them, those that the database could not read
+    int unreadable = 0;            ///< number of names that the database could not read
     std::string last;              ///< the last name on the list
     bool lastIsUnreadable = false; ///< the database could not read the last name
 

@@ -19,7 +19,7 @@ struct StandardRow {
     bool operator==(const StandardRow&) const = default;
 };
 
-/// Which rows MoveStdItems walks and what it does to them. Rows count from 1.
+/// The rows that MoveStdItems visits and what it does to them. Rows count from 1.
 struct RowWalk {
     /// The first and the last row walked, both included.
     ///@{
@@ -35,7 +35,7 @@ struct RowWalk {
 /// The rows in their order, counted from 1; no key twice. An index that is no row throws std::out_of_range.
 class StandardRows {
 public:
-    /// What is in the list; rows()[0] is row 1.
+    /// The rows of the list; rows()[0] is row 1.
     ///@{
     int count() const { return static_cast<int>(m_rows.size()); }
     const StandardRow& row(int index) const { return m_rows.at(static_cast<std::size_t>(index) - 1); }
@@ -50,12 +50,12 @@ public:
     bool add(StandardRow row);
     /// The selection is kept here, and is the same in the list view after each operation.
     void select(int index, bool selected) { at(index).selected = selected; }
-    /// The first selected row, 0 when there is none.
+    /// The first selected row, or 0.
     int firstSelected() const;
 
-    /// Refuses the whole move when the row at the boundary is selected. A row moved down stays selected; a
-    /// row moved up, and one moved by force, is left unselected. Where a row vanishes, the one that moves
-    /// into its place is selected.
+    /// Refuses the whole move if the row at the boundary is selected. A row moved down stays selected; a
+    /// row moved up or by force is deselected. If a row is removed, the one that takes its place is
+    /// selected.
     void MoveStdItems(const RowWalk& walk);
 
     /// The buttons: the selected rows go up or down by one, or off the list.

@@ -1,13 +1,12 @@
 #pragma once
-// How a standard is called on the screen.
+// The displayed name of a standard.
 
 #include <string>
 
 namespace ocuva {
 
-/// Below the standards directory (compared without regard to letter case, whatever the letters) its bare file
-/// name, whose last four characters (".std") are cut off unseen; elsewhere its full name. Texts in the
-/// platform's 8-bit code.
+/// For a file in the standards directory (compared in any letter case) its file name without the last four
+/// characters (".std"); otherwise its full name. Texts have the platform's 8-bit encoding.
 std::string standardText(const std::string& name, const std::string& directory);
 
 } // namespace ocuva

@@ -9,20 +9,20 @@
 
 namespace ocuva {
 
-/// A file of the program's own that holds the whole list until all of it is stored. One thread; the caller
-/// sees to it that no other program uses the file meanwhile.
+/// A file of the program that holds the whole list until all of it is stored. For one thread; the caller
+/// ensures that no other program uses the file meanwhile.
 class UnfinishedList {
 public:
     /// Touches nothing yet. An empty path keeps nothing.
     explicit UnfinishedList(std::filesystem::path file);
 
-    /// As given at its making.
+    /// As passed to the constructor.
     const std::filesystem::path& file() const { return m_file; }
 
-    /// Keeps these names in place of what was kept before. False when they could not be written or a name has
-    /// a line end in it; nothing is kept then.
+    /// Replaces the kept names. False if they could not be written or a name contains a line end; nothing
+    /// is kept then.
     bool keep(const std::vector<std::string>& names) const;
-    /// What is kept; nothing for a file that is not there or not whole.
+    /// The kept names; nothing if the file is missing or incomplete.
     std::optional<std::vector<std::string>> names() const;
     /// Keeps nothing from now on.
     void drop() const;

@@ -63,7 +63,7 @@ frmMove::frmMove(StageMover& fOcuva, std::function<void()> addStandard,
 void frmMove::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
     if (event->spontaneous()) {
-        return; // back from being minimised: what was typed stays
+        return; // restored from the minimised state: typed texts stay
     }
     CTnStage& stage = m_fOcuva.cxsStage();
     const Long x = stage.X();

@@ -13,13 +13,13 @@
 
 namespace ocuva {
 
-/// Modeless, opened beside the main window. Shown anew it has the position of the stage.
+/// Modeless, opened next to the main window. Each time it is opened it shows the stage position.
 class frmMove final : public QDialog {
     Q_OBJECT
 
 public:
-    /// addStandard lets the operator choose a standard and drives there; report shows an error that leaves a
-    /// handler.
+    /// addStandard lets the operator choose a standard and drives there; report shows an error that leaves
+    /// a handler.
     frmMove(StageMover& fOcuva, std::function<void()> addStandard, std::function<void(const QString&)> report,
             QWidget* parent);
 

@@ -59,7 +59,7 @@ void StdListView::dragLeaveEvent(QDragLeaveEvent* /*event*/) { setDropHighlight(
 
 void StdListView::dropEvent(QDropEvent* event) {
     setDropHighlight(nullptr);
-    // Nothing is taken: a move would make the source remove its rows.
+    // Nothing is accepted: a move would make the source remove its rows.
     event->setDropAction(Qt::IgnoreAction);
     event->accept();
 }
@@ -288,7 +288,8 @@ void frmStdList::showRows() {
     lvwStdEntries->verticalScrollBar()->setValue(scrolledTo);
     if (const int first = m_rows.firstSelected(); first > 0) {
         QTreeWidgetItem* const item = lvwStdEntries->topLevelItem(first - 1);
-        lvwStdEntries->setCurrentItem(item, 0, QItemSelectionModel::NoUpdate); // the keys go on from here
+        lvwStdEntries->setCurrentItem(item, 0,
+                                      QItemSelectionModel::NoUpdate); // the keyboard continues from here
         lvwStdEntries->scrollToItem(item);
     }
 }
@@ -307,7 +308,7 @@ void frmStdList::cmdDelete_Click() {
     if (m_rows.count() > 0) {
         edit(&StandardRows::removeSelected);
     } else if (m_reading.mayBeStored()) {
-        SaveStdList(); // an empty list, whatever is stored meanwhile
+        SaveStdList(); // an empty list, even if another one is stored meanwhile
     }
 }
 

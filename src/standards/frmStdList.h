@@ -24,9 +24,9 @@ class StdListView final : public QTreeWidget {
     Q_OBJECT
 
 public:
-    /// Without columns until somebody sets them.
+    /// Has no columns until they are set.
     explicit StdListView(QWidget* parent);
-    /// The row under what is dragged; null when nothing is.
+    /// The row under the dragged item; null if nothing is dragged.
     const QTreeWidgetItem* dropHighlight() const { return m_dropHighlight; }
 
 protected:
@@ -43,16 +43,16 @@ private:
     QTreeWidgetItem* m_dropHighlight = nullptr;
 };
 
-/// Modal. What the host's list has is read when it is shown, and written at each edit that changes it. While
-/// the host's database gives nothing, the list stays stored as it is.
+/// Modal. Reads the stored list when it is shown, and writes it with each change. While the host's
+/// database cannot be used, the stored list does not change.
 class frmStdList final : public QDialog {
     Q_OBJECT
 
 public:
-    /// addStandard lets the operator choose a file, appends it to the stored list and tells whether he did;
-    /// fillStageMenu runs when the dialog closes.
-    /// holdInput keeps pointer and keys away and says what is going on, for as long as what it returns lives:
-    /// the host may take long to read or to store thousands of standards.
+    /// addStandard lets the operator choose a file, appends it to the stored list and returns whether he
+    /// did; fillStageMenu runs when the dialog closes. holdInput blocks pointer and keys and shows a text
+    /// for the life of the returned object, because the host may need long to read or store thousands of
+    /// standards.
     frmStdList(StandardList& list, TnLibProxy& libProxy, std::function<bool()> addStandard,
                std::function<void()> fillStageMenu,
                std::function<std::shared_ptr<void>(const QString& what)> holdInput, QWidget* owner);
@@ -61,10 +61,11 @@ public:
     void SetupStdColumns();
     /// Standards that the host's database cannot read, and further ones of a name, get no row.
     void FillStdList();
-    /// Writes the rows as the list; without rows the list becomes empty. What could not be written is told.
+    /// Writes the rows as the list; without rows the list becomes empty. Reports what could not be
+    /// written.
     void SaveStdList();
 
-    /// What the list view shows.
+    /// The rows shown in the list view.
     const StandardRows& rows() const { return m_rows; }
 
     /// The controls, by their names.
