@@ -8,6 +8,10 @@ die() {
     exit 1
 }
 
+# windows_cache: the folder for what the Windows program is built with and runs under, which is made once and lies outside the
+# tree.
+windows_cache() { printf '%s\n' "${OCUVA_WINDOWS_CACHE:-${XDG_CACHE_HOME:-$HOME/.cache}/ocuva-windows}"; }
+
 # missing_packages GROUP...: names the packages of those groups that are not installed.
 missing_packages() {
     local group name rest wanted=" $* " names=()
