@@ -11,6 +11,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
+constexpr std::chrono::milliseconds movePatience{500};
+
 void removeLeftovers(const fs::path& target) {
     for (const AsideKind& kind : {asideKind, formerKind}) {
         forEachLeftover(target, kind, [](const fs::path& file, const std::string& /*digits*/) {
@@ -64,8 +66,7 @@ std::error_code AsideFile::moveIntoPlace() {
         return refusal;
     }
     closeToMove();
-    std::error_code error;
-    fs::rename(m_path, m_target, error);
+    const std::error_code error = moveFile(m_path, m_target, movePatience);
     if (!error) {
         m_file.close();
         m_path.clear();
@@ -84,8 +85,7 @@ FormerFile::FormerFile(fs::path target)
 
 FormerFile::~FormerFile() {
     if (!m_path.empty()) {
-        std::error_code ignored;
-        fs::rename(m_path, m_target, ignored);
+        moveFile(m_path, m_target, movePatience);
     }
 }
 
@@ -106,8 +106,7 @@ std::error_code FormerFile::moveAway() {
     }
 #endif
     const fs::path path = asideName(m_target, formerKind, randomDigits());
-    error.clear();
-    fs::rename(m_target, path, error);
+    error = moveFile(m_target, path, movePatience);
     if (!error) {
         m_path = path;
     }

@@ -32,11 +32,9 @@ int firstFree(const fs::path& file, int kept) {
 
 /// Whether it was moved; only a regular file is replaced.
 bool move(const fs::path& from, const fs::path& to) {
-    std::error_code error = replaceable(to);
-    if (!error) {
-        fs::rename(from, to, error);
-    }
-    return !error;
+    // Not waited for: a file that stays in use would hold up every line.
+    constexpr std::chrono::milliseconds patience{0};
+    return !replaceable(to) && !moveFile(from, to, patience);
 }
 
 void moveOn(const fs::path& file, int kept) {

@@ -3,6 +3,7 @@
 // without a writer, a device, a folder, or a planted link. Anything but a regular file is neither waited
 // for nor read nor written.
 
+#include <chrono>
 #include <cstddef>
 #include <cstdint>
 #include <filesystem>
@@ -108,6 +109,12 @@ std::error_code exchangeNames(const std::filesystem::path& one, const std::files
 
 /// Renames a file unless the new name is taken: std::errc::file_exists.
 std::error_code renameIfFree(const std::filesystem::path& from, const std::filesystem::path& to);
+
+/// Moves a file to a name in the same folder, also over a regular file that has it. On Windows a program that
+/// has one of the two open, such as a virus scanner, can be in the way; it is waited for, but not longer than
+/// `patience`. No other system lets it be in the way.
+std::error_code moveFile(const std::filesystem::path& from, const std::filesystem::path& to,
+                         std::chrono::milliseconds patience);
 
 } // namespace ocuva
 

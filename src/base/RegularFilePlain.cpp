@@ -241,4 +241,10 @@ std::error_code renameIfFree(const fs::path& from, const fs::path& to) {
     return error;
 }
 
+std::error_code moveFile(const fs::path& from, const fs::path& to, std::chrono::milliseconds /*patience*/) {
+    std::error_code error;
+    fs::rename(from, to, error);
+    return error;
+}
+
 } // namespace ocuva

@@ -183,7 +183,7 @@ bool Stores::moveDamagedAside(std::string_view store) {
     }
     error = ocuva::replaceable(pathOf(store));
     if (!error)
-        std::filesystem::rename(pathOf(store), target, error);
+        error = ocuva::moveFile(pathOf(store), target, std::chrono::milliseconds(0));
     if (error)
         return refuse(store, "it is damaged and cannot be moved aside: " + error.message());
     m_log.line("Store " + pathOf(store).string() + " is damaged; it was kept as " +
