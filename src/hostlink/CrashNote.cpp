@@ -1,20 +1,20 @@
 #include "hostlink/CrashNote.h"
 
+#include "base/RegularFile.h"
+
 #include <algorithm>
 #include <array>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <ctime>
-#include <fstream>
 #include <iterator>
 #include <sstream>
 #include <system_error>
-
 #ifdef _WIN32
 #include <windows.h>
 #else
-#include <csignal>
 #include <fcntl.h>
 #include <unistd.h>
 #endif
@@ -78,20 +78,49 @@ NoteText noteOf(unsigned long long fault) {
 
 #ifdef _WIN32
 
-LONG WINAPI writeNote(EXCEPTION_POINTERS* about) {
-    const NoteText text = noteOf(about->ExceptionRecord->ExceptionCode);
-    const HANDLE file = CreateFileW(armed.file.data(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS,
-                                    FILE_ATTRIBUTE_NORMAL, nullptr);
+// The system's number for a program that gives itself up. The C library's abort does not pass the filter.
+constexpr unsigned long abortFault = 0xC0000409;
+
+void writeNote(unsigned long fault) {
+    const NoteText text = noteOf(fault);
+    // A file that is made new never goes where a link leads.
+    DeleteFileW(armed.file.data());
+    const HANDLE file = CreateFileW(armed.file.data(), GENERIC_WRITE, 0, nullptr, CREATE_NEW,
+                                    FILE_ATTRIBUTE_NORMAL | FILE_FLAG_OPEN_REPARSE_POINT, nullptr);
     if (file != INVALID_HANDLE_VALUE) {
         DWORD written = 0;
         WriteFile(file, text.data(), static_cast<DWORD>(text.length()), &written, nullptr);
         CloseHandle(file);
     }
-    return EXCEPTION_CONTINUE_SEARCH;
 }
 
-void arm() { SetUnhandledExceptionFilter(writeNote); }
-void disarm() { SetUnhandledExceptionFilter(nullptr); }
+// The filter that was there before, mostly the C library's, ends the process as it would have.
+LPTOP_LEVEL_EXCEPTION_FILTER formerFilter =
+    nullptr; // NOLINT(cppcoreguidelines-avoid-non-const-global-variables)
+
+LONG WINAPI noteFault(EXCEPTION_POINTERS* about) {
+    writeNote(about->ExceptionRecord->ExceptionCode);
+    return formerFilter != nullptr ? formerFilter(about) : EXCEPTION_CONTINUE_SEARCH;
+}
+
+void noteAbort(int /*signal*/) { writeNote(abortFault); }
+
+void arm() {
+    // Room for the filter: the fault may be that the stack is used up.
+    ULONG room = 64 * 1024;
+    SetThreadStackGuarantee(&room);
+    formerFilter = SetUnhandledExceptionFilter(noteFault);
+    if (const auto former = std::signal(SIGABRT, noteAbort); former != SIG_DFL) {
+        std::signal(SIGABRT, former);
+    }
+}
+
+void disarm() {
+    SetUnhandledExceptionFilter(formerFilter);
+    if (const auto present = std::signal(SIGABRT, SIG_DFL); present != noteAbort) {
+        std::signal(SIGABRT, present);
+    }
+}
 
 #else
 
@@ -190,13 +219,10 @@ std::string CrashNote::take(const std::filesystem::path& file) {
     if (std::filesystem::symlink_status(file, error).type() != std::filesystem::file_type::regular) {
         return {};
     }
-    std::string text;
-    {
-        std::ifstream note(file, std::ios::binary);
-        text.resize(longestNote);
-        note.read(text.data(), static_cast<std::streamsize>(text.size()));
-        text.resize(static_cast<std::size_t>(note.gcount()));
-    }
+    std::string text(longestNote, '\0');
+    RegularFile note = RegularFile::openToRead(file, error);
+    text.resize(note.isOpen() ? note.read(text.data(), text.size(), error) : 0);
+    note.close();
     std::filesystem::remove(file, error);
     std::istringstream lines(text);
     const std::string when = whenText(plainLine(lines));

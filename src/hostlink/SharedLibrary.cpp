@@ -28,8 +28,10 @@ SharedLibrary::SharedLibrary(const std::filesystem::path& file)
     SetThreadErrorMode(SEM_FAILCRITICALERRORS | SEM_NOOPENFILEERRORBOX, &mode);
     const std::filesystem::path path = file.has_parent_path() ? std::filesystem::absolute(file) : file;
     m_handle = LoadLibraryExW(path.c_str(), nullptr, where);
-    if (m_handle == nullptr) {
-        m_error = std::system_category().message(static_cast<int>(GetLastError()));
+    if (const DWORD error = GetLastError(); m_handle == nullptr) {
+        // The system's own words have a gap for the file's name.
+        m_error = error == ERROR_BAD_EXE_FORMAT ? "it is no library for 64-bit Windows, or it is cut off"
+                                                : std::system_category().message(static_cast<int>(error));
     }
     SetThreadErrorMode(mode, nullptr);
 }

@@ -56,7 +56,7 @@ TEST(LoadWatch, SaysNothingWhenItEndsInTime) {
     EXPECT_FALSE(said);
 }
 
-#ifndef _WIN32
+#ifndef _WIN32 // CrashNoteWindowsTest.cpp tests the faults of Windows
 
 struct CrashNotes : testing::Test {
     TempFolder folder;

@@ -13,6 +13,7 @@
 namespace ocuva {
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
 
 std::unique_ptr<Notifier> noNotifier() { return nullptr; }
@@ -72,17 +73,16 @@ TEST(LibraryHost, AFileThatIsNoLibraryIsNamed) {
     EXPECT_THAT(folder.whyNot(), HasSubstr(fileOf("tn_video") + " cannot be loaded"));
 }
 
-#ifndef _WIN32
 TEST(LibraryHost, ALibraryThatIsCutOffIsNamedAndNotLoaded) {
     const HostFolder folder;
     const auto file = folder.path() / fileOf("tn_video");
     const std::string whole = folder.read(fileOf("tn_video"));
     for (std::size_t length = 64; length < whole.size() / 2; length += 512) {
         folder.write(fileOf("tn_video"), whole.substr(0, length));
-        EXPECT_THAT(folder.whyNot(), HasSubstr(file.string() + " cannot be loaded: the file is cut off"));
+        EXPECT_THAT(folder.whyNot(),
+                    AllOf(HasSubstr(file.string() + " cannot be loaded: "), HasSubstr("is cut off")));
     }
 }
-#endif
 
 #ifndef _WIN32
 TEST(LibraryHost, APipeInThePlaceOfALibraryIsNamedAndNotWaitedFor) {
