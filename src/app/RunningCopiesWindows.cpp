@@ -5,6 +5,7 @@
 #include <QCryptographicHash>
 #include <QDir>
 
+#include <string>
 #include <utility>
 #include <windows.h>
 
@@ -13,21 +14,23 @@ namespace ocuva {
 namespace {
 
 // The system keeps the names of a logon apart from those of others, and drops one with its last process.
-QString mutexName(const QString& scope) {
+std::wstring mutexName(const QString& scope) {
     const QByteArray hash =
         QCryptographicHash::hash(QDir::cleanPath(scope).toLower().toUtf8(), QCryptographicHash::Sha1);
-    return QStringLiteral("Local\\") + QString::fromLatin1(productTitle) + u'-' +
-           QString::fromLatin1(hash.toHex().left(16));
+    const QString name = QStringLiteral("Local\\") + QString::fromLatin1(productTitle) + u'-' +
+                         QString::fromLatin1(hash.toHex().left(16));
+    return name.toStdWString();
 }
 
 // Its mutex is there while a copy has not started up yet.
-QString startName(const QString& scope) { return mutexName(scope) + QStringLiteral("-starting"); }
+std::wstring startName(const QString& scope) { return mutexName(scope) + L"-starting"; }
 
 } // namespace
 
 struct RunningCopies::Entry {
-    explicit Entry(const QString& name)
-        : mutex(CreateMutexW(nullptr, FALSE, name.toStdWString().c_str()))
+    // Nothing may come between the call and the question for its error.
+    explicit Entry(const std::wstring& name)
+        : mutex(CreateMutexW(nullptr, FALSE, name.c_str()))
         , wasThere(GetLastError() == ERROR_ALREADY_EXISTS || GetLastError() == ERROR_ACCESS_DENIED) {}
     ~Entry() {
         if (mutex != nullptr) {
@@ -52,11 +55,12 @@ RunningCopies::Others RunningCopies::look(Enter enter) {
     auto start = std::make_unique<Entry>(startName(m_scope));
     auto entry = std::make_unique<Entry>(mutexName(m_scope));
     const Others others{entry->wasThere, start->wasThere};
+    const bool unknown = entry->mutex == nullptr && !others.run;
+    m_problem =
+        unknown
+            ? QCoreApplication::translate("main", "Ocuva cannot determine whether another copy is running.")
+            : QString();
     if (enter == Enter::Always || !others.run) {
-        if (entry->mutex == nullptr && !others.run) {
-            m_problem = QCoreApplication::translate(
-                "main", "Ocuva cannot determine whether another copy is running.");
-        }
         m_ownStart.push_back(std::move(start));
         m_ownEntry.push_back(std::move(entry));
     }

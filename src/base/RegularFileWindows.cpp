@@ -78,7 +78,7 @@ std::error_code whyNotRegular(HANDLE handle, DWORD links) {
     return regular ? std::error_code() : make_error_code(FileRefusal::notRegular);
 }
 
-/// A descriptor of the C library, which owns the system's handle; -1 with the reason.
+/// The C library's descriptor, which owns the system's handle; -1 with the reason.
 int open(const fs::path& file, const Way& way, std::error_code& error) {
     error.clear();
     // Asked first: with some devices the mere opening does something.
@@ -127,7 +127,7 @@ RegularFile RegularFile::openToLock(const fs::path& file, std::error_code& error
         ::ocuva::open(file, {GENERIC_READ | GENERIC_WRITE, OPEN_ALWAYS, notFollowed, _O_RDWR}, error));
 }
 
-/// The folder gives the rights here.
+/// On Windows the folder determines the rights.
 RegularFile RegularFile::createNew(const fs::path& file, bool /*forOwnerOnly*/, std::error_code& error) {
     return RegularFile(
         ::ocuva::open(file, {GENERIC_READ | GENERIC_WRITE, CREATE_NEW, notFollowed, _O_RDWR}, error));

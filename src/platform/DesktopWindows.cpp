@@ -1,22 +1,9 @@
 #include "platform/Desktop.h"
-
-#include <QGuiApplication>
-#include <QWidget>
-
-#include <windows.h>
+#include "platform/SystemWindow.h"
 
 namespace ocuva {
 
 namespace {
-
-/// Null unless it is a system window of this process. A window that has not been created yet, or is on a
-/// platform without real windows, may have the number of another program's window.
-HWND systemWindow(WId id) {
-    const auto window = reinterpret_cast<HWND>(id);
-    DWORD process = 0;
-    GetWindowThreadProcessId(window, &process);
-    return process == GetCurrentProcessId() ? window : nullptr;
-}
 
 LONG_PTR moduleInstance(HWND window) { return GetWindowLongPtrA(window, GWLP_HINSTANCE); }
 

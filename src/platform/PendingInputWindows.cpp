@@ -40,9 +40,12 @@ PendingInput::PendingInput() = default;
 PendingInput::~PendingInput() = default;
 
 void PendingInput::outdate() {
+    // Without naming kinds, the system would deliver what other threads and programs have sent.
+    constexpr UINT onlyInput = PM_QS_INPUT | PM_QS_POSTMESSAGE;
     for (const Messages& range : beginnings) {
         MSG message;
-        while (PeekMessageW(&message, nullptr, range.first, range.last, PM_REMOVE | PM_NOYIELD) != FALSE) {
+        while (PeekMessageW(&message, nullptr, range.first, range.last, PM_REMOVE | PM_NOYIELD | onlyInput) !=
+               FALSE) {
         }
     }
 }

@@ -1,15 +1,11 @@
+#include "platform/SystemWindow.h"
 #include "platform/WindowPresence.h"
-
-#include <QWidget>
-
-#include <windows.h>
 
 namespace ocuva {
 
 WindowPresence presenceOf(const QWidget& window) {
-    const auto handle = reinterpret_cast<HWND>(window.internalWinId());
-    // A platform without real windows uses numbers of its own.
-    if (handle == nullptr || IsWindow(handle) == FALSE) {
+    const HWND handle = systemWindow(window.internalWinId());
+    if (handle == nullptr) {
         return window.isVisible() ? (window.isMinimized() ? WindowPresence::Iconic : WindowPresence::Shown)
                                   : WindowPresence::Hidden;
     }
