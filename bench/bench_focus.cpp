@@ -20,7 +20,7 @@ void baselineExposingTheFrames(benchmark::State& state) {
     for (auto _ : state) {
         for (TarnLong z = begin.z - 9; z <= begin.z + 9; z += 3) {
             rig.go(3, z);
-            benchmark::DoNotOptimize(rig.host.board().expose());
+            benchmark::DoNotOptimize(rig.host.board().frameAfterNow());
         }
     }
 }

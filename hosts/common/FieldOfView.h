@@ -2,7 +2,6 @@
 // How much of the sample the camera sees, from the settings that the host keeps: store "TARN.INI", section
 // "tn_video", keys "VideoMag", "VideoMag100X" and "VideoMag100Y".
 
-#include "hosts/common/board/VideoBoard.h"
 #include "hosts/common/services/HostLog.h"
 #include "hosts/common/services/Stores.h"
 
@@ -11,6 +10,12 @@
 #include <string>
 
 namespace hosts {
+
+/// What the optics show: stage units across the whole picture, both > 0.
+struct FieldSize {
+    double width = 640.0;
+    double height = 480.0;
+};
 
 /// Any thread. A stored value that is no number above 0 counts as its default, with one log line for each
 /// such value.

@@ -7,24 +7,6 @@
 
 namespace hosts {
 
-using namespace simulated;
-
-namespace {
-
-// A frame for a measurement takes as long as any other of the camera: it begins once the stage stands.
-ocuva::FramePtr measuredFrame(HostParts& parts) {
-    if (!parts.board.isReady()) {
-        return nullptr;
-    }
-    const double periodMs = 1000.0 / cameraMode(parts.board.cameraType()).framesPerSecond;
-    const double endMs = parts.clock->nowMs() + periodMs;
-    ocuva::FramePtr frame = parts.board.expose();
-    parts.clock->spend(endMs - parts.clock->nowMs());
-    return frame;
-}
-
-} // namespace
-
 TarnLong MicroscopeLibrary::TarnStartStage(TarnLong axis) {
     return guardedCall(m_parts.log, "TarnStartStage", TarnLong{0}, [&] { return m_parts.stage.start(axis); });
 }
@@ -59,7 +41,9 @@ TarnLong MicroscopeLibrary::TarnAutoFocusExt(TarnLong /*flag*/) {
     return guardedCall(m_parts.log, "TarnAutoFocusExt", TarnLong{0}, [&] {
         const FocusPlan plan = readFocusPlan(m_parts.stores, m_parts.log);
         FocusSearch search(
-            m_parts.stage, *m_parts.clock, [this] { return measuredFrame(m_parts); }, m_parts.log);
+            m_parts.stage, *m_parts.devices.clock,
+            [this] { return m_parts.board.isReady() ? m_parts.board.frameAfterNow() : nullptr; },
+            m_parts.log);
         switch (search.run(plan)) {
         case FocusVerdict::found:
             return TARN_FOCUS_FOUND;

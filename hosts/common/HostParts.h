@@ -1,61 +1,51 @@
 #pragma once
-// The parts that the simulated host is made of, in the order in which they need each other.
+// The parts that the host functions work on.
 
-#include "hosts/common/FieldOfView.h"
-#include "hosts/common/bus/MessageBus.h"
-#include "hosts/common/faults/FaultPlan.h"
-#include "hosts/common/services/DataFolder.h"
-#include "hosts/common/services/Database.h"
-#include "hosts/common/services/HostLog.h"
-#include "hosts/common/services/Stores.h"
-#include "hosts/simulated/SimulatedHost.h"
-#include "hosts/simulated/config/MechanicsSettings.h"
-#include "hosts/simulated/config/SimConfig.h"
+#include "hosts/common/HostBasis.h"
+#include "hosts/common/board/VideoBoard.h"
+#include "hosts/common/clock/Clock.h"
+#include "hosts/common/devices/FrameSource.h"
+#include "hosts/common/devices/Stage.h"
+#include "hosts/common/faults/FunctionFault.h"
 
 #include <memory>
 
 namespace hosts {
 
-/// The limits, speeds and places of the stage as "simulator.ini" has them.
-simulated::StageSettings stageSettings(simulated::SimConfig& config);
-
-/// The camera over the world with the standards of that folder on its holder.
-std::unique_ptr<FrameSource> makeCamera(simulated::SimConfig& config, const simulated::SurfaceShape& surface,
-                                        const std::filesystem::path& standards, HostLog& log);
+/// The devices of a host, kept alive by it.
+struct HostDevices {
+    std::shared_ptr<Clock> clock; ///< the time in which the devices work
+    std::shared_ptr<Stage> stage;
+    std::shared_ptr<FrameSource> camera;
+    FunctionFaults faults = {}; ///< wanted of the host functions
+};
 
 struct HostParts {
-    /// Throws std::runtime_error when the data folder cannot be had.
-    explicit HostParts(simulated::SimulatedHostOptions hostOptions);
-
-    /// Made at first use, because it needs a QCoreApplication and not every user of the host has one.
-    MessageBus& bus();
+    /// The camera begins with the type and the references that the stores have.
+    HostParts(std::unique_ptr<HostBasis> hostBasis, HostDevices hostDevices);
 
     /// Keeps the camera type for the next start; false when there is no such type.
     bool chooseCamera(TarnLong cameraType);
 
-    /// What the camera really sees, which the settings only believe.
-    FieldSize trueField();
-
-    simulated::SimulatedHostOptions options;
-    DataFolder folder;
-    HostLog log;
-    Stores stores;
-    simulated::SimConfig config;
-    FaultPlan faults;
-    simulated::MechanicsSettings mechanics;
-    std::shared_ptr<Clock> clock;
-    simulated::SurfaceShape surface;
-    Database database;
-    FieldOfView field;
-    simulated::StageMechanics stage;
-    std::unique_ptr<FrameSource> camera;
+    std::unique_ptr<HostBasis> basis;
+    HostDevices devices;
     VideoBoard board;
+
+    /// Of the basis and of the devices.
+    ///@{
+    HostOptions& options;
+    DataFolder& folder;
+    HostLog& log;
+    Stores& stores;
+    Database& database;
+    FieldOfView& field;
+    Stage& stage;
+    MessageBus& bus() { return basis->bus(); }
+    ///@}
 
 private:
     /// The references that were saved as defaults of the camera type in use.
     void applyDefaultReferences();
-
-    std::unique_ptr<MessageBus> m_bus;
 };
 
 } // namespace hosts

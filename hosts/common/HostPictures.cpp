@@ -1,4 +1,4 @@
-// What the host makes of pictures: the camera over the world, files, and statistics.
+// What the host makes of pictures: files and statistics.
 
 #include "hosts/common/GuardedCall.h"
 #include "hosts/common/HostLibraries.h"
@@ -6,32 +6,12 @@
 #include "hosts/common/picture/GreyStatistics.h"
 #include "hosts/common/picture/ImageFile.h"
 #include "hosts/common/services/Numerals.h"
-#include "hosts/common/services/Standards.h"
-#include "hosts/simulated/world/CameraPicture.h"
 
 #include <algorithm>
 
 namespace hosts {
 
-using namespace simulated;
-
 namespace {
-
-class WorldCamera final : public FrameSource {
-public:
-    WorldCamera(World world, const SurfaceShape& surface, const OpticsSettings& optics)
-        : m_world(std::move(world))
-        , m_picture(m_world, surface, optics) {}
-
-    void render(const Exposure& exposure, const PictureControls& controls, std::uint32_t* pixels) override {
-        m_picture.setControls(controls);
-        m_picture.render(exposure, pixels);
-    }
-
-private:
-    World m_world;
-    CameraPicture m_picture;
-};
 
 /// Grey levels of a region; right and bottom are its last column and row, counted from the end where negative
 /// (-1 is the last). What lies outside the frame counts for nothing.
@@ -60,19 +40,6 @@ bool isBitmapName(std::string_view name) {
 
 } // namespace
 
-// The host numbers its standards in the order of their files, as its list shows them.
-std::unique_ptr<FrameSource> makeCamera(SimConfig& config, const SurfaceShape& surface,
-                                        const std::filesystem::path& standards, HostLog& log) {
-    std::vector<Mount> mounts;
-    for (const StandardMount& standard : readStandards(standards, log)) {
-        mounts.push_back({static_cast<double>(standard.x), static_cast<double>(standard.y),
-                          static_cast<int>(mounts.size()) + 1, standard.name});
-    }
-    const auto seed = static_cast<std::uint32_t>(config.getLong(settings::seed));
-    const OpticsSettings optics{config.getDouble(settings::depthOfField), config.getDouble(settings::noise)};
-    return std::make_unique<WorldCamera>(World(seed, std::move(mounts)), surface, optics);
-}
-
 bool VideoLibrary::save(const TarnSaveRequest& request) {
     const std::string_view name = textOf(request.fileName);
     const ocuva::FramePtr frame = m_parts.board.currentFrame();
@@ -82,7 +49,7 @@ bool VideoLibrary::save(const TarnSaveRequest& request) {
         return false;
     }
     const std::filesystem::path path(std::u8string(name.begin(), name.end()));
-    const bool colour = cameraMode(m_parts.board.cameraType()).colour;
+    const bool colour = m_parts.board.mode().colour;
     const auto write = isBitmapName(name) ? saveBmp : saveTiff;
     std::string problem;
     if (!write(path, frame->pixels.data(), frame->width, frame->height, colour, problem)) {

@@ -1,7 +1,7 @@
 #pragma once
 // What is really so, whatever the host reports: for tests, benches and trainers. No real host can tell it.
 
-#include "hosts/common/board/VideoBoard.h"
+#include "hosts/common/FieldOfView.h"
 #include "hosts/simulated/mechanics/StageMechanics.h"
 #include "hosts/simulated/world/SurfaceShape.h"
 

@@ -1,6 +1,6 @@
 // Disks that are full or cannot be written, and files that hold something else than they should.
-#include "hosts/common/services/DataFolder.h"
 #include "hosts/common/services/Stores.h"
+#include "hosts/simulated/config/SeedFiles.h"
 #include "tests/support/Processes.h"
 #include "tests/support/SmallDisk.h"
 #include "tests/support/TempFolder.h"
@@ -89,13 +89,14 @@ TEST(DiskTrouble, AFullDiskCostsTheLogNoLineAndTearsNone) {
 TEST(DiskTrouble, AFullDiskIsToldWhenTheDataFolderIsOpened) {
     runApart([](DiskRig& rig) {
         rig.disk.fill();
-        const auto opened = DataFolder::open(rig.folder.path());
+        const auto opened = DataFolder::open(rig.folder.path(), simulated::seedFiles);
         // Where files are only bounded in size, a small data folder has room.
         if (const std::string* const problem = std::get_if<std::string>(&opened)) {
             EXPECT_THAT(*problem, HasSubstr(rig.folder.path().string()));
         }
         rig.disk.makeRoom();
-        EXPECT_TRUE(std::holds_alternative<DataFolder>(DataFolder::open(rig.folder.path())));
+        EXPECT_TRUE(
+            std::holds_alternative<DataFolder>(DataFolder::open(rig.folder.path(), simulated::seedFiles)));
         EXPECT_TRUE(rig.folder.has("standards/Quartz.std"));
     });
 }
@@ -113,7 +114,8 @@ TEST(DiskTrouble, AReadOnlyFolderIsReadAndEveryWriteToldInTheLog) {
                                                 HasSubstr("New.INI could not be written")));
         EXPECT_EQ(rig.folder.read("S.INI"), wholeStore);
         EXPECT_EQ(rig.k(), 1);
-        EXPECT_FALSE(std::holds_alternative<DataFolder>(DataFolder::open(rig.folder.path())));
+        EXPECT_FALSE(
+            std::holds_alternative<DataFolder>(DataFolder::open(rig.folder.path(), simulated::seedFiles)));
     });
 }
 

@@ -2,9 +2,9 @@
 #include "Planted.h"
 #include "base/FileLock.h"
 #include "base/LineFile.h"
-#include "hosts/common/services/DataFolder.h"
 #include "hosts/common/services/HostLog.h"
 #include "hosts/common/services/Stores.h"
+#include "hosts/simulated/config/SeedFiles.h"
 #include "pictures/PictureDescription.h"
 #include "pictures/PictureFile.h"
 #include "report/Report.h"
@@ -78,7 +78,7 @@ TEST(NotAFile, ADataFolderOpensOrSaysWhyNot) {
     for (const char* name : {"tarn.log", "Ocuva.INI", "TARN", "simulator.ini", "first-start.lock",
                              "first-start.done", "standards/Quartz.std", "Ocuva.INI.aside"}) {
         withEachAt(name, [](const TempFolder& folder) {
-            const auto opened = hosts::DataFolder::open(folder.path());
+            const auto opened = hosts::DataFolder::open(folder.path(), hosts::simulated::seedFiles);
             if (const std::string* const problem = std::get_if<std::string>(&opened)) {
                 EXPECT_THAT(*problem, HasSubstr(folder.path().string()));
             }

@@ -1,55 +1,31 @@
 #pragma once
-// The simulated frame grabber: board states, grabbing, the display hand-over and the current frame.
+// The frame grabber: board states, grabbing, the display hand-over and the current frame.
 
 #include "hostlink/DisplayWindow.h"
 #include "hostlink/tarn_abi.h"
-#include "hosts/common/board/AutomaticGain.h"
 #include "hosts/common/board/CameraReferences.h"
 #include "hosts/common/board/FramePool.h"
-#include "hosts/common/board/FrameSource.h"
-#include "hosts/simulated/camera/GrabTimer.h"
-#include "hosts/simulated/camera/Shot.h"
-#include "hosts/simulated/mechanics/StageMechanics.h"
+#include "hosts/common/devices/FrameSource.h"
 
-#include <functional>
 #include <mutex>
-#include <optional>
 
 namespace hosts {
 
-/// What the optics show: stage units across the whole picture, both > 0.
-struct FieldSize {
-    double width = 640.0;
-    double height = 480.0;
-};
-
-/// What a board is joined to; all of it outlives the board.
-struct BoardConnections {
-    Clock& clock;
-    const simulated::StageMechanics& stage;
-    FrameSource& source;
-    const ocuva::DisplayWindows* windows = nullptr; ///< null: nobody sees live video
-    std::function<FieldSize()> fieldSeen = {};      ///< asked for each frame, on the grabbing thread
-    DeviceFaultsSource faults = {};                 ///< asked for each frame and each command
-    double noise = 0.0;                             ///< of the source, grey levels, root mean square
-};
-
-/// Commands come from one thread; frames are made and delivered on the board's own (on a virtual clock, on
-/// the thread that advances it). A sink must not command the board from inside present.
-///
-/// On a virtual clock nobody looks while time passes, so of all frames that are due in one advance only the
-/// last is made: at the end of the advance when a window shows it, else when somebody asks for it. Frames are
-/// numbered and placed as if all had been made.
+/// Commands come from one thread; frames are received and passed on, on the source's. A sink must not command
+/// the board from inside present.
 ///
 /// States: down -> init -> ready -> startGrab -> grabbing -> haltGrab -> ready -> shutdown -> down. Setting
 /// the board type leaves the board down, but a grab that runs goes on until it is halted.
-class VideoBoard {
+class VideoBoard final : private FrameReceiver {
 public:
-    explicit VideoBoard(BoardConnections connections);
-    ~VideoBoard();
+    /// Both outlive the board. windows: null when nobody sees live video.
+    VideoBoard(FrameSource& source, const ocuva::DisplayWindows* windows);
+    ~VideoBoard() override;
+    VideoBoard(const VideoBoard&) = delete;
+    VideoBoard& operator=(const VideoBoard&) = delete;
 
     /// Makes the board ready; a grab that runs ends, for a board that is set up afresh grabs nothing. False,
-    /// and not ready, when the board refuses.
+    /// and not ready, when the source refuses.
     bool init();
     /// Ends the grab, forgets the current frame.
     void shutdown();
@@ -71,6 +47,8 @@ public:
     /// Types 1 to 4; 0 until one is chosen. The next frame has the new format.
     bool setCameraType(TarnLong cameraType);
     TarnLong cameraType() const;
+    /// The format of the next frame.
+    CameraMode mode() const { return m_source.mode(); }
 
     void setDisplay(const TarnDisplayRequest& request);
 
@@ -90,53 +68,34 @@ public:
     /// The last frame grabbed, full size; null before the first.
     ocuva::FramePtr currentFrame();
 
-    /// Number of the last frame, whether it was made or not; a measuring exposure counts too.
-    std::int64_t lastFrameNumber() const;
-
-    /// Exposes one frame now, for a measurement: it is neither shown nor kept. Board and grab need not be
-    /// ready. Null from a frozen camera.
-    ocuva::FramePtr expose();
+    /// A frame whose exposure begins after this call, for a measurement: it is neither shown nor kept. Board
+    /// and grab need not be ready. Null when the source gives none.
+    ocuva::FramePtr frameAfterNow() { return m_source.frameAfterNow(); }
 
     /// The one buffer that there is: the current frame.
     static constexpr TarnLong currentBuffer = 0;
-    static constexpr TarnLong automaticGain = -1;
 
 private:
     struct State {
         bool ready = false;
         TarnLong boardType = 1;
         TarnLong cameraType = 0;
-        TarnLong gain = automaticGain;
+        TarnLong gain = PictureControls::automaticGain;
         TarnDisplayRequest display{0, -1, 0};
         CameraReferences references;
     };
     State state() const;
-    simulated::CameraMode mode() const;
-    DeviceFaults faults() const { return present(m_connections.faults); }
-    simulated::Shot shoot();
-    void capture();     ///< one frame of the grab
-    void warmUp();      ///< the wait for a grab's first frame begins
-    void settle();      ///< the end of an advance of a virtual clock
-    void makeWaiting(); ///< makes the frame that waits, if one does
-    void make(simulated::Shot shot, int following);
-    std::shared_ptr<ocuva::Frame> develop(simulated::Shot& shot, int following);
-    bool isWatched() const;
+    void applySettings();
+    void frameTaken(ocuva::FramePtr frame) override;
+    bool isWatched() const override;
     void show(const ocuva::FramePtr& frame);
 
-    BoardConnections m_connections;
-    FramePool m_pool;
+    FrameSource& m_source;
+    const ocuva::DisplayWindows* m_windows;
+    FramePool m_reduced;
     mutable std::mutex m_stateMutex;
     State m_state;
     ocuva::FramePtr m_currentFrame;
-    std::optional<simulated::Shot> m_waiting; ///< the newest shot of a virtual clock, not made yet
-    int m_passedOver = 0;                     ///< shots before it that were never made
-    AutomaticGain m_automaticGain;
-    simulated::CameraMemory m_memory;
-    std::int64_t m_frameNumber = 0;
-    int m_framesOfGrab = 0;
-    std::mutex m_exposureMutex; ///< one exposure at a time; taken before the state's
-    simulated::Darkroom m_darkroom;
-    simulated::GrabTimer m_timer; ///< last: its thread ends before anything that it uses
 };
 
 } // namespace hosts

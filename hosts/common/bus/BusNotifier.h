@@ -1,5 +1,5 @@
 #pragma once
-// The receiving end of the bus: one notifier of the simulated host.
+// The receiving end of the bus: one notifier of a host.
 
 #include "hostlink/Notifier.h"
 #include "hosts/common/bus/BusFrame.h"

@@ -1,5 +1,5 @@
 #pragma once
-// The simulated host's notifier and its messages by name, between all processes of one user that work with
+// The notifier of our hosts and their messages by name, between all processes of one user that work with
 // the same data folder. There is no process in the middle: each subscribed notifier listens on a local socket
 // of its own and says so in the folder "peers" of the data folder.
 

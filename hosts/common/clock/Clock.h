@@ -1,5 +1,5 @@
 #pragma once
-// The simulated host's one source of time. Everything that moves or waits in the simulated world asks it, so
+// A host's one source of time. Everything in it that moves or waits asks it, so
 // that a test can drive the world with a virtual clock and never sleeps.
 
 #include <functional>
@@ -13,17 +13,17 @@ class Clock {
 public:
     virtual ~Clock() = default;
 
-    /// Milliseconds of simulated time since the clock was made; never goes back. Any thread.
+    /// Milliseconds since the clock was made; never goes back. Any thread.
     virtual double nowMs() const = 0;
 
-    /// Lets simulated time pass while the caller waits for the hardware: a real clock sleeps, a virtual one
+    /// Lets time pass while the caller waits for the hardware: a real clock sleeps, a virtual one
     /// advances.
     virtual void spend(double ms) = 0;
 
     /// True when time passes only by advance and spend.
     virtual bool isVirtual() const = 0;
 
-    /// Milliseconds on the wall while ms of simulated time pass by themselves; 0 on a virtual clock.
+    /// Milliseconds on the wall while ms of this clock pass by themselves; 0 on a virtual clock.
     virtual double wallMs(double ms) const = 0;
 };
 

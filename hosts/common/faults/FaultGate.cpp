@@ -8,7 +8,7 @@ namespace hosts {
 // arrives.
 bool FaultGate::admits(const char* function) const noexcept {
     return guardedCall(m_log, function, true, [&] {
-        const FunctionFault fault = m_plan.function(function);
+        const FunctionFault fault = m_faults ? m_faults(function) : FunctionFault();
         if (fault.slowMs > 0.0) {
             m_clock.spend(fault.slowMs);
         }

@@ -1,10 +1,11 @@
 #pragma once
-// Where faults of host functions happen: each call first asks the plan whether its function fails or is slow.
+// Where faults of host functions happen: each call first asks whether its function fails or is slow.
 // A function that is well goes straight through.
 
 #include "hostlink/InterposedHost.h"
 #include "hosts/common/clock/Clock.h"
-#include "hosts/common/faults/FaultPlan.h"
+#include "hosts/common/faults/FunctionFault.h"
+#include "hosts/common/services/HostLog.h"
 
 namespace hosts {
 
@@ -12,8 +13,8 @@ namespace hosts {
 class FaultGate {
 public:
     /// All outlive the gate.
-    FaultGate(FaultPlan& plan, Clock& clock, HostLog& log)
-        : m_plan(plan)
+    FaultGate(const FunctionFaults& faults, Clock& clock, HostLog& log)
+        : m_faults(faults)
         , m_clock(clock)
         , m_log(log) {}
 
@@ -27,7 +28,7 @@ public:
 private:
     bool admits(const char* function) const noexcept;
 
-    FaultPlan& m_plan;
+    const FunctionFaults& m_faults;
     Clock& m_clock;
     HostLog& m_log;
 };

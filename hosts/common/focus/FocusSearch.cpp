@@ -9,8 +9,6 @@
 
 namespace hosts {
 
-using namespace simulated;
-
 using ocuva::axisX;
 using ocuva::axisY;
 using ocuva::axisZ;
@@ -24,8 +22,7 @@ std::string scoreText(double score) { return numberText(std::round(score * 10.0)
 
 } // namespace
 
-FocusSearch::FocusSearch(StageMechanics& stage, Clock& clock, std::function<ocuva::FramePtr()> expose,
-                         HostLog& log)
+FocusSearch::FocusSearch(Stage& stage, Clock& clock, std::function<ocuva::FramePtr()> expose, HostLog& log)
     : m_stage(stage)
     , m_clock(clock)
     , m_expose(std::move(expose))

@@ -4,10 +4,10 @@
 
 #include "hostlink/DisplayWindow.h"
 #include "hosts/common/clock/Clock.h"
+#include "hosts/common/devices/Stage.h"
 #include "hosts/common/focus/FocusPeak.h"
 #include "hosts/common/focus/FocusPlan.h"
 #include "hosts/common/services/HostLog.h"
-#include "hosts/simulated/mechanics/StageMechanics.h"
 
 #include <functional>
 #include <initializer_list>
@@ -28,8 +28,7 @@ class FocusSearch {
 public:
     /// expose takes a frame where the stage stands and returns when the frame is there; null when there is
     /// none to be had. All outlive the search.
-    FocusSearch(simulated::StageMechanics& stage, Clock& clock, std::function<ocuva::FramePtr()> expose,
-                HostLog& log);
+    FocusSearch(Stage& stage, Clock& clock, std::function<ocuva::FramePtr()> expose, HostLog& log);
 
     /// Waits for moves that are under way, and returns when Z stands. Heights are spread evenly over the
     /// range around where Z stands, or what the stage's limits leave of it; heights that fall on the same
@@ -52,7 +51,7 @@ private:
     bool awaitStanding(std::initializer_list<ocuva::Long> axes);
     bool isLimit(ocuva::Long z) const;
 
-    simulated::StageMechanics& m_stage;
+    Stage& m_stage;
     Clock& m_clock;
     std::function<ocuva::FramePtr()> m_expose;
     HostLog& m_log;

@@ -1,10 +1,11 @@
 #pragma once
-// The one simulated host of a process that loads it as shared libraries. It lives in a library of its own,
-// which the seven host libraries share.
+// The one host of a process that loads it as shared libraries. It lives in a library of its own, which the
+// seven host libraries share.
 
 #include "hostlink/Host.h"
 
-#include <utility>
+#include <functional>
+#include <memory>
 
 #ifdef _WIN32
 #define HOSTS_SHARED __declspec(dllexport)
@@ -14,6 +15,8 @@
 #define HOSTS_EXPORT extern "C" HOSTS_SHARED
 
 namespace hosts {
+
+struct HostOptions;
 
 /// Made at the first call, on the user's data folder; stays until the process ends. Null when the folder
 /// cannot be had, which standard error tells once.
@@ -26,6 +29,13 @@ template <class Call> auto withHost(const Call& call) {
     return host != nullptr ? call(*host) : Result();
 }
 
+/// Makes the host of these libraries; each set of libraries defines it once. May throw.
+std::unique_ptr<ocuva::Host> makeProcessHost(HostOptions options);
+
+/// Ends the host of the process, if there is one, and puts another in its place. What making it throws goes
+/// to standard error, and the process has no host then.
+void replaceProcessHost(const std::function<std::unique_ptr<ocuva::Host>()>& make);
+
 } // namespace hosts
 
 /// Exports the functions of a library: `TN_REG(HOSTS_EXPORT_FUNCTION)`.
@@ -34,8 +44,3 @@ template <class Call> auto withHost(const Call& call) {
         return hosts::withHost(                                                                              \
             [&](ocuva::Host& host) { return host.library().name(TARN_ARGUMENTS(__VA_ARGS__)); });            \
     }
-
-/// For tests: replaces the host by a new one on that folder, with a virtual clock.
-HOSTS_EXPORT void SimulatedHostRestart(const char* dataFolder);
-/// For tests: lets the time of that clock pass.
-HOSTS_EXPORT void SimulatedHostAdvance(double ms);

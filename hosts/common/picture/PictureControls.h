@@ -9,7 +9,9 @@ struct PictureControls {
     double brightness = 50.0; ///< 0 to 100: adds -100 to +100 grey levels
     double hue = 50.0;        ///< 0 to 100: turns colours by -60 to +60 degrees
     double saturation = 50.0; ///< 0 to 100: factor 0 to 2 on colours' distance from grey
-    int gain = -1; ///< 0 to 4: factor 1/2, 1/sqrt 2, 1, sqrt 2, 2; any other number: automatic, factor 1
+    int gain =
+        automaticGain; ///< 0 to 4: factor 1/2, 1/sqrt 2, 1, sqrt 2, 2; any other number: automatic, factor 1
+    static constexpr int automaticGain = -1;
     bool operator==(const PictureControls& other) const = default;
 };
 

@@ -1,15 +1,22 @@
 #pragma once
-// The folder in which the simulated host keeps everything: stores, standards, its configuration, its log.
+// The folder in which a host keeps everything: stores, standards, its configuration, its log.
 
 #include <filesystem>
 #include <functional>
 #include <optional>
 #include <string>
 #include <variant>
+#include <vector>
 
 namespace hosts {
 
-/// Where the files of one simulated host are.
+/// A file that a first start lays down.
+struct SeedFile {
+    std::filesystem::path name; ///< in the data folder
+    std::string text;
+};
+
+/// Where the files of one host are.
 class DataFolder {
 public:
     /// Looks a variable of the environment up; nothing when it is not set.
@@ -23,18 +30,21 @@ public:
     static std::filesystem::path locate(const Environment& environment);
     ///@}
 
-    /// Makes the folder where needed and seeds it at its first start. A seeding that was cut short is
-    /// completed by the next open; a completed one is never repeated, so what the user deletes stays deleted.
-    /// No existing file is ever overwritten. Several processes may open at once. On failure one sentence that
-    /// names path and reason.
-    static std::variant<DataFolder, std::string> open(const std::filesystem::path& path);
+    /// What a first start lays down in that folder.
+    using Seeds = std::function<std::vector<SeedFile>(const std::filesystem::path& folder)>;
+
+    /// Makes the folder where needed and seeds it at its first start; without seeds it is only made. A
+    /// seeding that was cut short is completed by the next open; a completed one is never repeated, so what
+    /// the user deletes stays deleted. No existing file is ever overwritten. Several processes may open at
+    /// once. On failure one sentence that names path and reason.
+    static std::variant<DataFolder, std::string> open(const std::filesystem::path& path,
+                                                      const Seeds& seeds = {});
 
     /// Absolute.
     const std::filesystem::path& path() const { return m_path; }
     /// In it; what they name may be gone.
     ///@{
     std::filesystem::path standards() const { return m_path / "standards"; }
-    std::filesystem::path simulatorConfig() const { return m_path / "simulator.ini"; }
     std::filesystem::path logFile() const { return m_path / "tarn.log"; }
     ///@}
 

@@ -1,10 +1,10 @@
 #pragma once
-// One picture that the board takes, before it is developed: everything that decides its pixels. A shot is
+// One picture that the camera takes, before it is developed: everything that decides its pixels. A shot is
 // cheap; a picture that nobody looks at need never be made.
 
 #include "hostlink/DisplayWindow.h"
-#include "hosts/common/board/FrameSource.h"
-#include "hosts/common/faults/DeviceFaults.h"
+#include "hosts/simulated/camera/PictureSource.h"
+#include "hosts/simulated/faults/DeviceFaults.h"
 
 #include <cstdint>
 #include <deque>
@@ -39,7 +39,7 @@ private:
 class Darkroom {
 public:
     /// noise: grey levels, root mean square, that the source adds of itself. The source outlives this.
-    Darkroom(FrameSource& source, double noise)
+    Darkroom(PictureSource& source, double noise)
         : m_source(source)
         , m_noise(noise) {}
 
@@ -52,7 +52,7 @@ public:
 private:
     void render(const Exposure& exposure, const Shot& shot, std::uint32_t* pixels);
 
-    FrameSource& m_source;
+    PictureSource& m_source;
     double m_noise;
     std::vector<std::uint32_t> m_lower;
 };

@@ -3,7 +3,8 @@
 
 #include "base/Types.h"
 #include "hosts/common/clock/Clock.h"
-#include "hosts/common/faults/DeviceFaults.h"
+#include "hosts/common/devices/Stage.h"
+#include "hosts/simulated/faults/DeviceFaults.h"
 #include "hosts/simulated/mechanics/MotionProfile.h"
 #include "hosts/simulated/mechanics/StageWear.h"
 
@@ -43,40 +44,30 @@ struct StagePoint {
     ///@}
 };
 
-/// Commands and readings of the stage by axis code: 1 = X, 2 = Y, 3 = Z, and 0 = all where an operation says
-/// so. Every operation answers false to any other axis and changes nothing then.
-///
-/// A move is loaded first and set going afterwards; of several loads before a start the last one counts. A
-/// relative load counts from where the axis is at that moment, also while it moves. A refused load leaves
-/// what was loaded before. Targets are whole units (half to even), so an axis always stands on one.
-///
-/// Any thread may call; where the axis is follows from the clock alone.
-class StageMechanics {
+/// Targets are whole units (half to even), so an axis always stands on one. Any thread may call; where the
+/// axis is follows from the clock alone.
+class StageMechanics final : public Stage {
 public:
     /// The clock must outlive the stage. Speeds and accelerations that are not above 0 become 1, limits the
     /// wrong way round are swapped.
     StageMechanics(Clock& clock, const StageSettings& settings, const StageWear& wear = {},
                    DeviceFaultsSource faults = {});
 
-    /// False for a target outside the limits, not finite, or beyond 32 bits.
-    bool loadAbsolute(ocuva::Long axis, double target);
-    /// False where the distance or the target it leads to is such.
-    bool loadRelative(ocuva::Long axis, double distance);
-    /// Loads the move that takes up the play, of one axis or of all with 0: down by the backlash distance (no
-    /// further than the limit) and back up, so that it ends where the axis was bound for.
-    bool loadBacklash(ocuva::Long axis);
-
-    /// Sets loaded moves going, of one axis or of all with 0; true when there was one. An axis that moves
-    /// turns to its new target from where it is, without a jump in place or speed.
-    bool start(ocuva::Long axis);
-
-    /// Whole units, rounded half to even while the axis moves.
-    bool position(ocuva::Long axis, ocuva::Long& position) const;
+    /// Stage.
+    ///@{
+    bool loadAbsolute(ocuva::Long axis, double target) override;
+    bool loadRelative(ocuva::Long axis, double distance) override;
+    /// Down by the backlash distance, no further than the limit, and back up.
+    bool loadBacklash(ocuva::Long axis) override;
+    /// An axis that moves turns to its new target from where it is, without a jump in place or speed.
+    bool start(ocuva::Long axis) override;
+    /// Rounded half to even while the axis moves.
+    bool position(ocuva::Long axis, ocuva::Long& position) const override;
     /// On a virtual clock each answer takes statusReadMs, so that a loop that does nothing but ask comes to
     /// its end, as it does on real hardware.
-    bool isMoving(ocuva::Long axis, bool& moving);
-    /// Both ends can be reached.
-    bool limits(ocuva::Long axis, ocuva::Long& lower, ocuva::Long& upper) const;
+    bool isMoving(ocuva::Long axis, bool& moving) override;
+    bool limits(ocuva::Long axis, ocuva::Long& lower, ocuva::Long& upper) const override;
+    ///@}
 
     /// All three axes at one instant, between whole units: where the motors are.
     StagePoint exactPosition() const;

@@ -1,36 +1,60 @@
 #include "hosts/common/board/VideoBoard.h"
 
-#include <algorithm>
-#include <atomic>
 #include <gmock/gmock.h>
-#include <stdexcept>
-#include <thread>
-#include <vector>
+#include <memory>
 
 namespace hosts {
-
-using namespace simulated;
 namespace {
 
 using testing::Each;
 
 constexpr ocuva::Long window = 7;
 
-// Paints every frame in one grey and remembers what it was asked for.
-class StubSource final : public FrameSource {
+// Delivers a grey frame when the test says so.
+class StubCamera final : public FrameSource {
 public:
-    void render(const Exposure& exposure, const PictureControls& controls, std::uint32_t* pixels) override {
-        if (failing) {
-            throw std::runtime_error("no light");
-        }
-        exposures.push_back(exposure);
-        lastControls = controls;
-        std::fill_n(pixels, exposure.mode.width * exposure.mode.height, pixel);
+    bool open() override {
+        grabbing = false;
+        return isThere;
     }
-    std::uint32_t pixel = 0xff808080U;
-    bool failing = false;
-    std::vector<Exposure> exposures;
-    PictureControls lastControls;
+    void close() override {
+        grabbing = false;
+        receiver = nullptr;
+    }
+    void apply(const CameraSettings& wanted) override { settings = wanted; }
+    CameraMode mode() const override { return cameraMode(settings.cameraType); }
+    bool start(bool continuous, FrameReceiver& frames) override {
+        grabbing = isThere;
+        endsAfterOne = !continuous;
+        receiver = &frames;
+        return isThere;
+    }
+    void stop() override { grabbing = false; }
+    ocuva::FramePtr frameAfterNow() override { return grey(); }
+    void catchUp() override { ++looks; }
+
+    ocuva::FramePtr grey() {
+        auto frame = std::make_shared<ocuva::Frame>();
+        frame->width = mode().width;
+        frame->height = mode().height;
+        frame->number = ++number;
+        frame->pixels.assign(static_cast<std::size_t>(frame->width) * frame->height, 0xff808080U);
+        return frame;
+    }
+    void deliver(int frames = 1) {
+        for (; frames > 0 && grabbing; --frames) {
+            grabbing = !endsAfterOne;
+            receiver->frameTaken(grey());
+        }
+    }
+
+    bool isThere = true;
+    CameraSettings settings;
+    bool grabbing = false;
+    bool endsAfterOne = false;
+    FrameReceiver* receiver = nullptr;
+    std::int64_t number = 0;
+    int looks = 0;
 };
 
 class StubSink final : public ocuva::FrameSink {
@@ -41,18 +65,15 @@ public:
     }
     double devicePixelRatio() const override { return ratio; }
     ocuva::FramePtr newest;
-    std::atomic_int count = 0;
+    int count = 0;
     double ratio = 1.0;
 };
 
 struct Rig {
-    VirtualClock clock;
-    StageMechanics stage{clock, StageSettings()};
-    StubSource source;
+    StubCamera camera;
     ocuva::DisplayWindows windows;
     StubSink sink;
-    FieldSize field{640.0, 480.0};
-    VideoBoard board{{clock, stage, source, &windows, [this] { return field; }}};
+    VideoBoard board{camera, &windows};
 
     Rig() {
         windows.attach(window, sink);
@@ -62,76 +83,87 @@ struct Rig {
         ASSERT_TRUE(board.init());
         ASSERT_TRUE(board.startGrab(true));
     }
-    // Lets time pass as a program does that looks at each frame.
-    void watch(double ms) {
-        for (double passed = 0.0; passed < ms; passed += 10.0) {
-            clock.advance(10.0);
-        }
-    }
 };
 
 TEST(VideoBoard, AGrabIsRefusedBeforeTheBoardIsReady) {
     Rig rig;
     EXPECT_FALSE(rig.board.startGrab(true));
-    rig.watch(1000.0);
-    EXPECT_EQ(rig.sink.count, 0);
+    EXPECT_FALSE(rig.camera.grabbing);
     EXPECT_TRUE(rig.board.init());
     EXPECT_TRUE(rig.board.startGrab(true));
+    EXPECT_TRUE(rig.camera.grabbing);
 }
 
-TEST(VideoBoard, FramesComeAtTheRateOfTheCamera) {
+TEST(VideoBoard, ABoardWithoutItsCameraIsNotReadyAndGrabsNothing) {
     Rig rig;
-    rig.grab();
-    rig.watch(1000.0);
-    EXPECT_EQ(rig.sink.count, 25);
-    rig.board.setCameraType(2);
-    rig.watch(1000.0);
-    EXPECT_NEAR(rig.sink.count, 25 + 30, 1);
+    rig.camera.isThere = false;
+    EXPECT_FALSE(rig.board.init());
+    EXPECT_FALSE(rig.board.isReady());
+    rig.camera.isThere = true;
+    rig.board.init();
+    rig.camera.isThere = false;
+    EXPECT_FALSE(rig.board.startGrab(true)) << "the camera went away";
 }
 
-TEST(VideoBoard, AHaltEndsTheFramesAndKeepsTheLast) {
+TEST(VideoBoard, AHaltEndsTheGrabAndKeepsTheLastFrame) {
     Rig rig;
     rig.grab();
-    rig.watch(100.0);
+    rig.camera.deliver(2);
     rig.board.haltGrab();
-    rig.watch(1000.0);
+    rig.camera.deliver();
     EXPECT_EQ(rig.sink.count, 2);
     ASSERT_NE(rig.board.currentFrame(), nullptr);
     EXPECT_EQ(rig.board.currentFrame()->number, 2);
-    EXPECT_EQ(rig.board.currentFrame()->capturedMs, 80.0);
-}
-
-TEST(VideoBoard, ASingleGrabDeliversOneFrame) {
-    Rig rig;
-    rig.board.init();
-    EXPECT_TRUE(rig.board.startGrab(false));
-    rig.watch(1000.0);
-    EXPECT_EQ(rig.sink.count, 1);
 }
 
 TEST(VideoBoard, AShutdownEndsTheGrabAndForgetsTheFrame) {
     Rig rig;
     rig.grab();
-    rig.watch(100.0);
+    rig.camera.deliver(2);
     rig.board.shutdown();
-    rig.watch(1000.0);
-    EXPECT_EQ(rig.sink.count, 2);
+    EXPECT_EQ(rig.camera.receiver, nullptr);
     EXPECT_EQ(rig.board.currentFrame(), nullptr);
     EXPECT_FALSE(rig.board.startGrab(true));
+}
+
+TEST(VideoBoard, TheEndOfABoardClosesItsCamera) {
+    Rig rig;
+    {
+        VideoBoard board(rig.camera, nullptr);
+        board.init();
+        board.startGrab(true);
+        ASSERT_NE(rig.camera.receiver, nullptr);
+    }
+    EXPECT_EQ(rig.camera.receiver, nullptr);
 }
 
 TEST(VideoBoard, SettingTheBoardTypeLeavesItNotReadyButARunningGrabGoesOn) {
     Rig rig;
     rig.grab();
     EXPECT_TRUE(rig.board.setBoardType(1));
-    rig.watch(1000.0);
-    EXPECT_EQ(rig.sink.count, 25);
+    rig.camera.deliver();
+    EXPECT_EQ(rig.sink.count, 1);
     EXPECT_FALSE(rig.board.startGrab(true));
-    rig.watch(1000.0);
-    EXPECT_EQ(rig.sink.count, 50);
-    rig.board.haltGrab();
-    rig.watch(1000.0);
-    EXPECT_EQ(rig.sink.count, 50);
+    rig.camera.deliver();
+    EXPECT_EQ(rig.sink.count, 2);
+}
+
+TEST(VideoBoard, ALookLetsTheCameraCatchUp) {
+    Rig rig;
+    rig.grab();
+    rig.board.currentFrame();
+    EXPECT_EQ(rig.camera.looks, 1);
+}
+
+TEST(VideoBoard, ItIsWatchedWhileALiveBoardHasAWindow) {
+    Rig rig;
+    rig.grab();
+    EXPECT_TRUE(rig.camera.receiver->isWatched());
+    rig.board.noteBoardType(0);
+    EXPECT_FALSE(rig.camera.receiver->isWatched());
+    rig.board.noteBoardType(1);
+    rig.board.setDisplay({0, -1, 0});
+    EXPECT_FALSE(rig.camera.receiver->isWatched());
 }
 
 TEST(VideoBoard, TheHostsNoteOfTheBoardTypeLeavesItReady) {
@@ -142,14 +174,6 @@ TEST(VideoBoard, TheHostsNoteOfTheBoardTypeLeavesItReady) {
     EXPECT_TRUE(rig.board.isReady());
 }
 
-TEST(VideoBoard, AnInitialisationEndsARunningGrab) {
-    Rig rig;
-    rig.grab();
-    rig.board.init();
-    rig.watch(1000.0);
-    EXPECT_EQ(rig.sink.count, 0);
-}
-
 TEST(VideoBoard, BoardTypesThatThereAreNotAreRefused) {
     Rig rig;
     rig.board.init();
@@ -158,15 +182,6 @@ TEST(VideoBoard, BoardTypesThatThereAreNotAreRefused) {
     }
     EXPECT_EQ(rig.board.boardType(), 1);
     EXPECT_TRUE(rig.board.isReady());
-}
-
-TEST(VideoBoard, BoardTypeNoughtGrabsButShowsNothing) {
-    Rig rig;
-    rig.board.setBoardType(0);
-    rig.grab();
-    rig.clock.advance(1000.0);
-    EXPECT_EQ(rig.sink.count, 0);
-    EXPECT_NE(rig.board.currentFrame(), nullptr);
 }
 
 TEST(VideoBoard, CameraTypesGiveTheBufferItsSizeAndBands) {
@@ -207,97 +222,6 @@ TEST(VideoBoard, ThereIsNoBufferBeforeTheBoardIsReady) {
     EXPECT_EQ(descriptor.bands, 4);
 }
 
-TEST(VideoBoard, AFrameIsExposedWhereTheStageIsAtThatMoment) {
-    Rig rig;
-    rig.grab();
-    rig.stage.loadAbsolute(1, 25000.0);
-    rig.stage.loadAbsolute(3, -100.0);
-    rig.stage.start(0);
-    rig.clock.advance(40.0);
-    ASSERT_EQ(rig.source.exposures.size(), 1U);
-    EXPECT_NEAR(rig.source.exposures[0].stageX, 40000.0 * 0.04 * 0.04 / 2.0, 1e-9);
-    EXPECT_NEAR(rig.source.exposures[0].stageZ, -2000.0 * 0.04 * 0.04 / 2.0, 1e-9);
-    EXPECT_EQ(rig.source.exposures[0].stageY, 0.0);
-}
-
-TEST(VideoBoard, TheFieldIsAskedForEachFrame) {
-    Rig rig;
-    rig.grab();
-    rig.clock.advance(40.0);
-    rig.field = {320.0, 240.0};
-    rig.clock.advance(40.0);
-    ASSERT_EQ(rig.source.exposures.size(), 2U);
-    EXPECT_EQ(rig.source.exposures[0].fieldWidth, 640.0);
-    EXPECT_EQ(rig.source.exposures[1].fieldWidth, 320.0);
-    EXPECT_EQ(rig.source.exposures[1].fieldHeight, 240.0);
-    EXPECT_NE(rig.source.exposures[0].frameNumber, rig.source.exposures[1].frameNumber);
-}
-
-TEST(VideoBoard, TheDisplayGetsAReducedPictureAndTheBoardKeepsTheFullOne) {
-    Rig rig;
-    rig.grab();
-    rig.clock.advance(40.0);
-    EXPECT_EQ(rig.sink.newest->width, 384);
-    EXPECT_EQ(rig.sink.newest->height, 288);
-    EXPECT_EQ(rig.sink.newest->number, 1);
-    EXPECT_THAT(rig.sink.newest->pixels, Each(0xff808080U));
-    EXPECT_EQ(rig.board.currentFrame()->width, 768);
-    rig.board.setDisplay({window, -2, -1});
-    rig.clock.advance(40.0);
-    EXPECT_EQ(rig.sink.newest->width, 768) << "full size";
-    rig.board.setDisplay({window, -2, 0});
-    rig.sink.ratio = 2.0;
-    rig.clock.advance(40.0);
-    EXPECT_EQ(rig.sink.newest->width, 768) << "a screen twice as dense";
-}
-
-TEST(VideoBoard, ADisplayWindowThatNobodyStandsBehindIsNoFault) {
-    Rig rig;
-    rig.board.setDisplay({999, -1, 0});
-    rig.grab();
-    rig.clock.advance(100.0);
-    EXPECT_EQ(rig.sink.count, 0);
-    EXPECT_NE(rig.board.currentFrame(), nullptr);
-}
-
-TEST(VideoBoard, AFrameInSomebodysHandsIsNotOverwritten) {
-    Rig rig;
-    rig.board.setDisplay({window, -1, 0});
-    rig.grab();
-    rig.clock.advance(40.0);
-    const ocuva::FramePtr held = rig.sink.newest;
-    rig.source.pixel = 0xff000000U;
-    rig.clock.advance(1000.0);
-    EXPECT_THAT(held->pixels, Each(0xff808080U));
-}
-
-TEST(VideoBoard, AFrameThatCannotBeMadeIsLostAndTheNextComes) {
-    Rig rig;
-    rig.grab();
-    rig.source.failing = true;
-    rig.clock.advance(80.0);
-    rig.source.failing = false;
-    rig.clock.advance(40.0);
-    EXPECT_EQ(rig.sink.count, 1);
-}
-
-TEST(VideoBoard, ReferencesAndGainReachTheCamera) {
-    Rig rig;
-    rig.grab();
-    rig.clock.advance(40.0);
-    EXPECT_TRUE(isNeutral(rig.source.lastControls));
-    EXPECT_TRUE(rig.board.setReferences(1, 20.0, 150.0));
-    EXPECT_TRUE(rig.board.setReferences(2, 30.0, 40.0));
-    rig.board.setGain(3);
-    rig.clock.advance(40.0);
-    EXPECT_EQ(rig.source.lastControls, (PictureControls{20.0, 100.0, 30.0, 40.0, 3}));
-    double contrast = 0.0;
-    double brightness = 0.0;
-    EXPECT_TRUE(rig.board.references(1, contrast, brightness));
-    EXPECT_EQ(contrast, 20.0);
-    EXPECT_EQ(brightness, 100.0);
-}
-
 TEST(VideoBoard, GainIsKeptWithinItsRange) {
     Rig rig;
     EXPECT_EQ(rig.board.gain(), -1);
@@ -307,111 +231,43 @@ TEST(VideoBoard, GainIsKeptWithinItsRange) {
     EXPECT_EQ(rig.board.gain(), 4);
 }
 
+TEST(VideoBoard, TheDisplayGetsAReducedPictureAndTheBoardKeepsTheFullOne) {
+    Rig rig;
+    rig.grab();
+    rig.camera.deliver();
+    EXPECT_EQ(rig.sink.newest->width, 384);
+    EXPECT_EQ(rig.sink.newest->height, 288);
+    EXPECT_EQ(rig.sink.newest->number, 1);
+    EXPECT_THAT(rig.sink.newest->pixels, Each(0xff808080U));
+    EXPECT_EQ(rig.board.currentFrame()->width, 768);
+    rig.board.setDisplay({window, -2, -1});
+    rig.camera.deliver();
+    EXPECT_EQ(rig.sink.newest->width, 768) << "full size";
+    rig.board.setDisplay({window, -2, 0});
+    rig.sink.ratio = 2.0;
+    rig.camera.deliver();
+    EXPECT_EQ(rig.sink.newest->width, 768) << "a screen twice as dense";
+}
+
+TEST(VideoBoard, ReferencesAndGainReachTheCameraAtOnce) {
+    Rig rig;
+    EXPECT_TRUE(isNeutral(rig.camera.settings.controls));
+    EXPECT_TRUE(rig.board.setReferences(1, 20.0, 150.0));
+    EXPECT_TRUE(rig.board.setReferences(2, 30.0, 40.0));
+    rig.board.setGain(3);
+    EXPECT_EQ(rig.camera.settings.controls, (PictureControls{20.0, 100.0, 30.0, 40.0, 3}));
+    EXPECT_EQ(rig.camera.settings.cameraType, 0);
+    rig.board.setCameraType(2);
+    EXPECT_EQ(rig.camera.settings.cameraType, 2);
+}
+
 TEST(VideoBoard, AMeasuringExposureIsNeitherShownNorKept) {
     Rig rig;
-    const ocuva::FramePtr frame = rig.board.expose();
+    const ocuva::FramePtr frame = rig.board.frameAfterNow();
     ASSERT_NE(frame, nullptr);
     EXPECT_EQ(frame->width, 768);
     EXPECT_EQ(rig.sink.count, 0);
     EXPECT_EQ(rig.board.currentFrame(), nullptr);
-}
-
-TEST(VideoBoard, TenMinutesThatNobodyWatchesCostNoPictureUntilSomebodyLooks) {
-    Rig rig;
-    rig.board.setDisplay({0, -1, 0});
-    rig.grab();
-    rig.stage.loadAbsolute(1, 100.0);
-    rig.stage.start(1);
-    rig.clock.advance(10.0 * 60.0 * 1000.0);
-    EXPECT_TRUE(rig.source.exposures.empty());
-    EXPECT_EQ(rig.board.lastFrameNumber(), 15000);
-    const ocuva::FramePtr frame = rig.board.currentFrame();
-    ASSERT_NE(frame, nullptr);
-    EXPECT_EQ(frame->number, 15000);
-    EXPECT_EQ(frame->capturedMs, 600000.0);
-    rig.board.currentFrame();
-    ASSERT_EQ(rig.source.exposures.size(), 1U);
-    EXPECT_EQ(rig.source.exposures[0].frameNumber, 15000U);
-    EXPECT_EQ(rig.source.exposures[0].stageX, 100.0);
-}
-
-TEST(VideoBoard, AWindowGetsOnePictureForEachTimeThatItCanLook) {
-    Rig rig;
-    rig.grab();
-    for (int second = 0; second < 600; ++second) {
-        rig.clock.advance(1000.0);
-    }
-    EXPECT_EQ(rig.source.exposures.size(), 600U);
-    EXPECT_EQ(rig.sink.count, 600);
-    EXPECT_EQ(rig.sink.newest->number, 15000);
-}
-
-TEST(VideoBoard, APictureThatWaitsIsOfItsMomentAndNotOfTheLook) {
-    Rig rig;
-    rig.board.setDisplay({0, -1, 0});
-    rig.grab();
-    rig.clock.advance(40.0);
-    rig.board.haltGrab();
-    rig.board.setReferences(1, 20.0, 20.0);
-    rig.stage.loadAbsolute(1, 100.0);
-    rig.stage.start(1);
-    rig.clock.advance(1000.0);
-    ASSERT_NE(rig.board.currentFrame(), nullptr);
-    EXPECT_EQ(rig.source.exposures.back().stageX, 0.0);
-    EXPECT_TRUE(isNeutral(rig.source.lastControls));
-}
-
-// The first picture of a place takes long: a start must not wait for it after the first frame is due.
-TEST(VideoBoard, OnARealClockTheGroundIsPaintedBeforeTheFirstFrameAndCountsAsNone) {
-    RealClock clock(50.0);
-    StageMechanics stage(clock, StageSettings());
-    StubSource source;
-    ocuva::DisplayWindows windows;
-    StubSink sink;
-    windows.attach(window, sink);
-    VideoBoard board({clock, stage, source, &windows, nullptr});
-    board.init();
-    board.setDisplay({window, -1, 0});
-    ASSERT_TRUE(board.startGrab(false));
-    while (sink.count < 1) {
-        std::this_thread::yield();
-    }
-    board.haltGrab();
-    EXPECT_EQ(sink.count, 1);
-    EXPECT_EQ(sink.newest->number, 1);
-    ASSERT_EQ(source.exposures.size(), 2U);
-    EXPECT_EQ(source.exposures[0].stageX, source.exposures[1].stageX);
-    EXPECT_EQ(source.exposures[0].mode.width, source.exposures[1].mode.width);
-    windows.detach(window);
-}
-
-TEST(VideoBoard, OnARealClockCommandsAndReadingsGoOnBesideTheGrab) {
-    RealClock clock(50.0);
-    StageMechanics stage(clock, StageSettings());
-    StubSource source;
-    ocuva::DisplayWindows windows;
-    StubSink sink;
-    windows.attach(window, sink);
-    VideoBoard board({clock, stage, source, &windows, nullptr});
-    board.init();
-    board.setDisplay({window, -2, 0});
-    ASSERT_TRUE(board.startGrab(true));
-    while (sink.count < 5) {
-        board.setReferences(1, 40.0, 60.0);
-        board.setDisplay({window, -1 - sink.count % 2, 0});
-        board.setCameraType(1 + sink.count % 4);
-        stage.loadRelative(1, 1.0);
-        stage.start(1);
-        if (const ocuva::FramePtr frame = board.currentFrame()) {
-            EXPECT_EQ(frame->pixels.size(), static_cast<std::size_t>(frame->width) * frame->height);
-        }
-        std::this_thread::yield();
-    }
-    board.haltGrab();
-    const int atHalt = sink.count;
-    clock.spend(500.0);
-    EXPECT_EQ(sink.count, atHalt);
-    windows.detach(window);
 }
 
 } // namespace

@@ -119,8 +119,16 @@ TEST(SeveralProcesses, LogLinesOfSeveralProcessesStayWhole) {
 
 TEST(SeveralProcesses, AFirstStartOfSeveralAtOnceSeedsOneWholeFolder) {
     const TempFolder folder;
-    EXPECT_TRUE(inProcesses(4, [&folder](int) {
-        const auto opened = DataFolder::open(folder / "data");
+    const auto seeds = [](const std::filesystem::path&) {
+        std::vector<SeedFile> files;
+        for (int n = 0; n < 8; ++n) {
+            const std::string name = "Standard" + std::to_string(n);
+            files.push_back({"standards/" + name + ".std", standardText(name, {n, n, n})});
+        }
+        return files;
+    };
+    EXPECT_TRUE(inProcesses(4, [&](int) {
+        const auto opened = DataFolder::open(folder / "data", seeds);
         if (!std::holds_alternative<DataFolder>(opened))
             return false;
         HostLog log(folder / "log");

@@ -6,7 +6,6 @@
 #include <gmock/gmock.h>
 
 using namespace hosts;
-using namespace hosts::simulated;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;

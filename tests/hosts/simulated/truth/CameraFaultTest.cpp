@@ -90,10 +90,10 @@ TEST(FaultyBoard, AGrabThatStopsByItselfStopsAfterThatManyFrames) {
     Video rig;
     rig.fault("GrabStopsByItself=7");
     rig.video().TarnVideoBoardHaltGrab();
-    const std::int64_t before = rig.host->board().lastFrameNumber();
+    const std::int64_t before = rig.host->camera().lastFrameNumber();
     rig.video().TarnVideoBoardStartGrab(1, 1);
     rig.clock->advance(60000.0);
-    EXPECT_EQ(rig.host->board().lastFrameNumber(), before + 7);
+    EXPECT_EQ(rig.host->camera().lastFrameNumber(), before + 7);
 }
 
 TEST(FaultyFocus, ThatFindsNothingLeavesZWhereItWas) {

@@ -149,7 +149,7 @@ TEST(CameraType, SizeRateAndColourChangeWhileTheVideoRuns) {
     for (const auto& row : rows) {
         rig.video().TarnVideoSetCurrentCameraType(row.type);
         rig.clock->advance(100.0);
-        const std::int64_t before = rig.host->board().lastFrameNumber();
+        const std::int64_t before = rig.host->camera().lastFrameNumber();
         const ocuva::FramePtr frame = rig.frameAfter(1000.0);
         EXPECT_EQ(frame->width, row.width);
         EXPECT_EQ(frame->height, row.height);

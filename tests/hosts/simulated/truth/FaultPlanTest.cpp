@@ -1,4 +1,4 @@
-#include "hosts/common/faults/FaultPlan.h"
+#include "hosts/simulated/faults/FaultPlan.h"
 
 #include "tests/hosts/simulated/truth/TruthRig.h"
 

@@ -1,20 +1,19 @@
 #pragma once
-// Where the board's pictures come from.
+// Where the simulated camera's pictures come from.
 
 #include "hosts/common/picture/PictureControls.h"
 #include "hosts/simulated/world/Exposure.h"
 
 #include <cstdint>
 
-namespace hosts {
+namespace hosts::simulated {
 
-class FrameSource {
+class PictureSource {
 public:
-    virtual ~FrameSource() = default;
+    virtual ~PictureSource() = default;
     /// Fills mode.width x mode.height pixels 0xffRRGGBB, row after row. Calls come one at a time, from the
     /// thread that grabs or the one that focuses.
-    virtual void render(const simulated::Exposure& exposure, const PictureControls& controls,
-                        std::uint32_t* pixels) = 0;
+    virtual void render(const Exposure& exposure, const PictureControls& controls, std::uint32_t* pixels) = 0;
 };
 
-} // namespace hosts
+} // namespace hosts::simulated

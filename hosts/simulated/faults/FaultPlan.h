@@ -2,9 +2,10 @@
 // The faults that somebody wants at this moment: section [Faults] of "simulator.ini", and the lamp of section
 // [Camera]. README.md in hosts/simulated/ lists the keys.
 
-#include "hosts/common/faults/DeviceFaults.h"
+#include "hosts/common/faults/FunctionFault.h"
 #include "hosts/common/services/HostLog.h"
 #include "hosts/common/services/Stores.h"
+#include "hosts/simulated/faults/DeviceFaults.h"
 
 #include <functional>
 #include <map>
@@ -13,13 +14,7 @@
 #include <string>
 #include <string_view>
 
-namespace hosts {
-
-/// What is wrong with one host function.
-struct FunctionFault {
-    bool fails = false;  ///< it gives its failure result and does nothing else
-    double slowMs = 0.0; ///< simulated time that it takes before it answers
-};
+namespace hosts::simulated {
 
 /// Looks at the file each time it is asked, so that faults come and go while the host runs; while the file
 /// does not change that costs a look at its stamp. A key that is unknown and a value that is unusable mean no
@@ -59,4 +54,4 @@ private:
     std::set<std::string> m_reported; ///< so that each complaint is told once
 };
 
-} // namespace hosts
+} // namespace hosts::simulated

@@ -3,7 +3,7 @@
 
 #include <functional>
 
-namespace hosts {
+namespace hosts::simulated {
 
 enum class CameraFault {
     none,
@@ -36,4 +36,4 @@ using DeviceFaultsSource = std::function<DeviceFaults()>;
 
 inline DeviceFaults present(const DeviceFaultsSource& source) { return source ? source() : DeviceFaults(); }
 
-} // namespace hosts
+} // namespace hosts::simulated

@@ -1,8 +1,8 @@
-#include "hosts/simulated/world/Exposure.h"
+#include "hosts/common/devices/CameraMode.h"
 
-namespace hosts::simulated {
+namespace hosts {
 
-CameraMode cameraMode(int cameraType) {
+CameraMode cameraMode(ocuva::Long cameraType) {
     // The two television standards of such cameras in square pixels: 625 lines at 25, 525 lines at 30
     // pictures a second.
     constexpr CameraMode europeanGrey{768, 576, 25.0, false};
@@ -21,4 +21,4 @@ CameraMode cameraMode(int cameraType) {
     }
 }
 
-} // namespace hosts::simulated
+} // namespace hosts

@@ -1,4 +1,4 @@
-#include "hosts/common/faults/FaultPlan.h"
+#include "hosts/simulated/faults/FaultPlan.h"
 
 #include "hostlink/Host.h"
 #include "hosts/common/services/Numerals.h"
@@ -7,7 +7,7 @@
 #include <optional>
 #include <utility>
 
-namespace hosts {
+namespace hosts::simulated {
 
 namespace {
 
@@ -217,4 +217,4 @@ void FaultPlan::complain(const std::string& sentence) {
     }
 }
 
-} // namespace hosts
+} // namespace hosts::simulated

@@ -1,13 +1,12 @@
 #include "hosts/common/focus/FocusSearch.h"
 
+#include "hosts/simulated/mechanics/StageMechanics.h"
 #include "tests/support/TempFolder.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
 
-namespace hosts {
-
-using namespace simulated;
+namespace hosts::simulated {
 namespace {
 
 using ocuva::axisX;
@@ -223,4 +222,4 @@ TEST(FocusSearch, TransmittedLightIsToldToBeMissing) {
 }
 
 } // namespace
-} // namespace hosts
+} // namespace hosts::simulated
