@@ -1,7 +1,7 @@
 // Somebody edits a store between the last look at it and its replacement, and the program is killed there.
-#include "Processes.h"
 #include "base/AsideFile.h"
 #include "hosts/common/services/Stores.h"
+#include "tests/support/Processes.h"
 #include "tests/support/TempFolder.h"
 
 #include <cerrno>
