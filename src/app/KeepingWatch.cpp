@@ -1,6 +1,7 @@
 #include "app/KeepingWatch.h"
 
 #include "base/AsideFile.h"
+#include "platform/PathOf.h"
 
 #include <QMetaObject>
 
@@ -34,7 +35,7 @@ void KeepingWatch::watchFolder() {
     }
     // A folder that is moved away says so only where it was.
     for (const std::filesystem::path& folder : {m_folder, m_folder.parent_path()}) {
-        m_watcher.addPath(QString::fromStdU16String(folder.u16string()));
+        m_watcher.addPath(nameOf(folder));
     }
 }
 
@@ -55,7 +56,7 @@ void KeepingWatch::lost() {
 
 void KeepingWatch::look() {
     const QString reason = QString::fromLocal8Bit(whyNotWritable(m_folder));
-    const QString folder = QString::fromStdU16String(m_folder.u16string());
+    const QString folder = nameOf(m_folder);
     if (!reason.isEmpty()) {
         m_show(
             tr("Settings are not kept: %1").arg(reason),

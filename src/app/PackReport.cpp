@@ -3,6 +3,7 @@
 #include "base/Product.h"
 #include "controls/FileFilter.h"
 #include "hostlink/UniqueKey.h"
+#include "platform/PathOf.h"
 #include "report/Report.h"
 
 #include <QApplication>
@@ -54,8 +55,6 @@ QString paletteText(const QWidget& window) {
         .arg(dark ? QStringLiteral("dark") : QStringLiteral("light"), QApplication::style()->name());
 }
 
-QString textOf(const std::filesystem::path& path) { return QString::fromStdU16String(path.u16string()); }
-
 } // namespace
 
 std::string versionsText(const QWidget& window, const ReportSurroundings& surroundings,
@@ -76,9 +75,9 @@ std::string versionsText(const QWidget& window, const ReportSurroundings& surrou
         {"host", surroundings.host},
         {"log and settings", hostKeeps ? QStringLiteral("kept by the host's libraries, not in this report")
                                        : QStringLiteral("in this report")},
-        {"data folder", textOf(surroundings.dataFolder)},
+        {"data folder", nameOf(surroundings.dataFolder)},
         {"trace",
-         surroundings.trace.empty() ? QStringLiteral("none is written") : textOf(surroundings.trace)},
+         surroundings.trace.empty() ? QStringLiteral("none is written") : nameOf(surroundings.trace)},
         {"window system", QGuiApplication::platformName()},
         {"palette", paletteText(window)},
         {"locale", QLocale().name()},
@@ -133,7 +132,7 @@ void PackReport::run() {
     for (ReportFile& file : traceFiles(surroundings.trace)) {
         contents.files.push_back(std::move(file));
     }
-    packReport(name.toStdU16String(), contents);
+    packReport(pathOf(name), contents);
     m_context.note(QObject::tr("Report saved: '%1'").arg(name));
 }
 

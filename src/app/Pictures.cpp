@@ -1,6 +1,5 @@
 #include "app/Pictures.h"
 
-#include "app/PathOf.h"
 #include "pictures/CalibrationQuality.h"
 #include "pictures/CalibrationVerdict.h"
 #include "pictures/CameraImage.h"
@@ -8,6 +7,7 @@
 #include "pictures/PictureFile.h"
 #include "pictures/SaveWarnings.h"
 #include "pictures/ViewNotes.h"
+#include "platform/PathOf.h"
 
 #include <QFileInfo>
 #include <QGuiApplication>

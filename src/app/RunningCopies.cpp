@@ -1,8 +1,8 @@
 #include "app/RunningCopies.h"
 
-#include "app/PathOf.h"
 #include "base/FileLock.h"
 #include "base/Product.h"
+#include "platform/PathOf.h"
 
 #include <QCoreApplication>
 #include <QCryptographicHash>

@@ -18,6 +18,7 @@
 #include "hosts/simulated/SimulatedHost.h"
 #include "journal/Journal.h"
 #include "platform/Notice.h"
+#include "platform/PathOf.h"
 #include "platform/SystemAutomation.h"
 
 #include <QApplication>
@@ -164,8 +165,7 @@ ChosenHost libraryHost(const std::filesystem::path& folder, bool serverMode) {
             modServer::idleTickMs,
             Keeper::hostLibraries,
             QStringLiteral("libraries from %1")
-                .arg(folder.empty() ? QStringLiteral("where the system looks for them")
-                                    : QString::fromStdU16String(folder.u16string()))};
+                .arg(folder.empty() ? QStringLiteral("where the system looks for them") : nameOf(folder))};
 }
 
 ChosenHost chosenHost(std::optional<DisplayWindows>& windows, bool serverMode) {
@@ -209,7 +209,7 @@ int runOn(Host& askedHost, DisplayWindows& windows, const std::string& commandLi
                                            : throw std::runtime_error(copies->problem().toLocal8Bit());
     };
     modInter* window = nullptr;
-    const std::filesystem::path dataFolder(chosen.dataFolder.toStdU16String());
+    const std::filesystem::path dataFolder = pathOf(chosen.dataFolder);
     KeepingWatch keeping(dataFolder, [&window](const QString& note, const QString& advice) {
         if (window != nullptr) {
             window->mainWindow().showNote(note, advice);
@@ -223,7 +223,7 @@ int runOn(Host& askedHost, DisplayWindows& windows, const std::string& commandLi
         keeping.lost();
     });
     const ReportSurroundings report{dataFolder, chosen.keeper, chosen.description, commandLine,
-                                    traceFile.toStdU16String()};
+                                    pathOf(traceFile)};
     modInter inter({host, windows, *automation, commandLine, anotherCopyIsRunning, chosen.title,
                     [] { QCoreApplication::exit(EXIT_SUCCESS); }, chosen.minuteMs,
                     [&journal](const JournalEntry& entry) { journal.write(entry); }, report,
@@ -280,6 +280,6 @@ int main(int argc, char** argv) {
     if (traceFile.isEmpty()) {
         return runOn(*chosen.host, *windows, commandLine, chosen, traceFile);
     }
-    TracingHost tracingHost(*chosen.host, traceFile.toStdU16String());
+    TracingHost tracingHost(*chosen.host, pathOf(traceFile));
     return runOn(tracingHost, *windows, commandLine, chosen, traceFile);
 }

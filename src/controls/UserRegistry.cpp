@@ -6,6 +6,7 @@
 #include "base/AsideFile.h"
 #include "base/FileLock.h"
 #include "controls/UserRegistryText.h"
+#include "platform/PathOf.h"
 
 #include <QFileInfo>
 #include <QSettings>
@@ -25,7 +26,7 @@ std::filesystem::path fileOf(const QString& title) {
     const QString folder = QFileInfo(QFileInfo(some).path()).path();
     const QString name =
         folder + u'/' + QString::fromLatin1(registryOrganisation) + u'/' + title + QStringLiteral(".conf");
-    return {name.toStdU16String()};
+    return pathOf(name);
 }
 
 /// Nothing when there is something that cannot be read; then it must not be replaced either.

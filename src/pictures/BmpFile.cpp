@@ -1,5 +1,7 @@
 #include "pictures/BmpFile.h"
 
+#include "platform/PathOf.h"
+
 #include <QFile>
 #include <QImageReader>
 #include <QImageWriter>

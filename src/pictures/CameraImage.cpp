@@ -2,6 +2,7 @@
 
 #include "pictures/PictureFile.h"
 #include "pictures/PictureNotes.h"
+#include "platform/PathOf.h"
 
 #include <QDir>
 #include <QFile>
@@ -60,7 +61,7 @@ Picture cameraImage(CTnVideoImage& image, const CTnStage& stage, const Magnifica
     }
     Picture picture;
     try {
-        picture = openPicture(std::filesystem::path(name.toStdU16String()));
+        picture = openPicture(pathOf(name));
     } catch (const PictureFileError&) {
         if (const QString trouble = roomTrouble(folder); !trouble.isEmpty()) {
             failForRoom(folder, trouble);

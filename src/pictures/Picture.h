@@ -59,11 +59,6 @@ inline constexpr int largestSide = 32767;
 inline constexpr qint64 mostPixels = 100'000'000;
 ///@}
 
-/// The name as shown in sentences about a file.
-inline QString nameOf(const std::filesystem::path& file) {
-    return QString::fromStdU16String(file.u16string());
-}
-
 /// Why a picture could not be saved or opened: a sentence in the platform's 8-bit text that names the file.
 class PictureFileError : public std::runtime_error {
 public:

@@ -4,6 +4,7 @@
 #include "pictures/BmpFile.h"
 #include "pictures/PictureDescription.h"
 #include "pictures/TiffFile.h"
+#include "platform/PathOf.h"
 
 #include <QFileInfo>
 

@@ -2,6 +2,7 @@
 
 #include "pictures/PictureDescription.h"
 #include "pictures/PictureFile.h"
+#include "platform/PathOf.h"
 
 #include <QObject>
 

@@ -2,6 +2,7 @@
 
 #include "base/Product.h"
 #include "pictures/PictureNotes.h"
+#include "platform/PathOf.h"
 
 #include <QByteArray>
 #include <QFile>

@@ -1,5 +1,5 @@
 #pragma once
-// From a file name of the windows to a path of the file system.
+// Between file names of the windows and paths of the file system; every letter is kept on every system.
 
 #include <QString>
 
@@ -7,7 +7,12 @@
 
 namespace ocuva {
 
-/// The same name; every letter is kept on every system.
+/// The path of that name.
 inline std::filesystem::path pathOf(const QString& name) { return {name.toStdU16String()}; }
+
+/// The name of that path, as sentences show it and as Qt takes it.
+inline QString nameOf(const std::filesystem::path& path) {
+    return QString::fromStdU16String(path.u16string());
+}
 
 } // namespace ocuva

@@ -1,5 +1,6 @@
 #include "standards/frmStdList.h"
 #include "tests/app/WindowRig.h"
+#include "tests/support/NamesOnList.h"
 #include "tests/support/UsersHand.h"
 
 #include <QFileDialog>
@@ -43,15 +44,7 @@ struct StandardsRig : WindowRig {
         }
         return texts;
     }
-    std::vector<std::string> storedNames() {
-        std::vector<std::string> names;
-        std::string name;
-        Integer index = 0;
-        while (window().standards().list().GetNextStandard(name, index)) {
-            names.push_back(name);
-        }
-        return names;
-    }
+    std::vector<std::string> storedNames() { return namesOn(window().standards().list()); }
     std::vector<std::string> moves() const { return host.callsOf("TarnLoadStageRelSecure"); }
     frmMove& moveDialog() { return window().standards().moveDialog(); }
     std::vector<std::string> typed() {

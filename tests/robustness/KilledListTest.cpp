@@ -1,6 +1,7 @@
 // A program that stores the list of standards is killed over and over, at any moment.
 #include "hosts/common/services/Stores.h"
 #include "standards/StandardList.h"
+#include "tests/support/NamesOnList.h"
 #include "tests/support/Processes.h"
 #include "tests/support/StubHost.h"
 #include "tests/support/TempFolder.h"
@@ -47,15 +48,7 @@ struct Program {
         : host(folder)
         , list(host, host, folder / "standards.unfinished") {}
 
-    std::vector<std::string> names() const {
-        std::vector<std::string> result;
-        std::string name;
-        Integer index = 0;
-        while (list.GetNextStandard(name, index)) {
-            result.push_back(name);
-        }
-        return result;
-    }
+    std::vector<std::string> names() const { return namesOn(list); }
 
     StoresLibrary host;
     StandardList list;

@@ -1,4 +1,5 @@
 #include "standards/StandardList.h"
+#include "tests/support/NamesOnList.h"
 #include "tests/support/StubHost.h"
 #include "tests/support/TempFolder.h"
 
@@ -24,15 +25,7 @@ struct CutOffList : testing::Test {
 
     void SetUp() override { list.store({"a", "b", "c", "d"}); }
 
-    std::vector<std::string> names() const {
-        std::vector<std::string> result;
-        std::string name;
-        Integer index = 0;
-        while (list.GetNextStandard(name, index)) {
-            result.push_back(name);
-        }
-        return result;
-    }
+    std::vector<std::string> names() const { return namesOn(list); }
     /// The program ends in the middle of that call of the host, counted from 1.
     void storeAndDieAt(int call, const std::vector<std::string>& stored) {
         int calls = 0;
