@@ -208,7 +208,7 @@ TEST_F(Assistant, EndedWhileTheStageMovesSaysSoAndWhereTheStageIsWhenItHasStoppe
     EXPECT_THAT(hint(), HasSubstr("The stage is at X:1000"));
 }
 
-TEST_F(Assistant, AskedToGoOnWhileTheStageMovesRefusesUntilItHasStopped) {
+TEST_F(Assistant, RefusesToContinueUntilTheStageHasStopped) {
     walkTo(State::AtPoint);
     click({100, 100}); // centres the point
     host.status[axisX].assign(20, 1);
@@ -232,7 +232,7 @@ TEST_F(Assistant, SaysThatItFocusesBeforeTheSearchBegins) {
     EXPECT_THAT(before, HasSubstr("The focus is searched at point 1"));
 }
 
-TEST_F(Assistant, KeepsTheRowsOfPointsInTheirPlacesWhateverItSays) {
+TEST_F(Assistant, KeepsTheRowsOfPointsInPlaceWithAnyHint) {
     open();
     press(dialog().cmdWalk);
     QCoreApplication::processEvents();
@@ -248,7 +248,7 @@ TEST_F(Assistant, KeepsTheRowsOfPointsInTheirPlacesWhateverItSays) {
     EXPECT_EQ(dialog().FramePoint->row(2).ButI->mapTo(&dialog(), QPoint()).y(), top);
 }
 
-TEST_F(Assistant, IsHeardFromTheImageToo) {
+TEST_F(Assistant, TakesEnterAndEscapeInTheMainWindowToo) {
     walkTo(State::Ready);
     QApplication::setActiveWindow(&window());
     QTest::keyClick(&window(), Qt::Key_Return);
@@ -355,7 +355,7 @@ TEST_F(MarksOfPickedPoints, FollowTheSizeOfTheImage) {
     EXPECT_THAT(marks(), testing::ElementsAre("1@192,144"));
 }
 
-TEST_F(CalibrationHint, FollowsWhatIsTyped) {
+TEST_F(CalibrationHint, FollowsTheTypedTexts) {
     open();
     dialog().FramePoint->setPoint(0, {"0", "0", "", "", ""});
     EXPECT_EQ(hint(), "Pick point 2 on the image.");

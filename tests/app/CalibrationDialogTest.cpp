@@ -148,7 +148,7 @@ TEST_F(CalibrationDialog, WithTwoPointsTheThirdRowCannotBeUsed) {
     EXPECT_TRUE(third.ButI->isEnabled() && third.ButX->isEnabled() && third.boxes[0]->isEnabled());
 }
 
-TEST_F(CalibrationDialog, ReadsWhereTheStageStandsIntoThePoint) {
+TEST_F(CalibrationDialog, ReadsTheStagePositionIntoThePoint) {
     open();
     host.position = {{axisX, 100}, {axisY, -200}, {axisZ, 30}};
     read(1);
@@ -222,7 +222,7 @@ TEST_F(CalibrationDialog, PointsThatCannotBeComputedAreReportedAndTheOldCalibrat
     EXPECT_EQ(host.settings.count(keptPoints), 0U);
 }
 
-TEST_F(CalibrationDialog, WithoutAPlaneIsAcceptedEveryZIsNoughtAndTheLogSaysSo) {
+TEST_F(CalibrationDialog, WithoutAPlaneIsAcceptedWithEveryZ0AndALogLine) {
     open();
     typeGoodPoints();
     host.planSolution = {1.0, 1.0, 1.0};
@@ -342,7 +342,7 @@ TEST_F(MoveToTheCursor, AsksItsQuestionWithNoAsTheDefaultEvenWhileTheDialogIsClo
     EXPECT_TRUE(box.noIsDefault);
 }
 
-TEST_F(MoveToTheCursor, SaysSoWhileThereIsNoCalibration) {
+TEST_F(MoveToTheCursor, SaysThatThereIsNoCalibration) {
     startInVgaMode();
     const Box box = answer(QMessageBox::No, [this] { clickTheMiddle(); });
     EXPECT_EQ(box.text.toStdString(), " Move Stage to X:0 Y:0 Z:0 ? ");
@@ -368,7 +368,7 @@ TEST_F(MoveToTheCursor, OnYesLoadsThreeTargetsStartsAllAndWaitsForTheAxesInTurn)
     EXPECT_TRUE(window().tStageMove->isActive());
 }
 
-TEST_F(MoveToTheCursor, SaysWhereTheStageStandsInTheEnd) {
+TEST_F(MoveToTheCursor, SaysWhereTheStageIsInTheEnd) {
     startInVgaMode();
     calibrate();
     open();
@@ -450,7 +450,7 @@ TEST_F(MoveToTheCursor, APlaceThatHasNoPositionIsReportedAndNothingMoves) {
     EXPECT_THAT(moves(), IsEmpty());
 }
 
-TEST_F(LastCalibration, IsTakenUpAtItsFirstUseAndNotAtTheStart) {
+TEST_F(LastCalibration, IsLoadedAtItsFirstUseAndNotAtTheStart) {
     host.settings.emplace(keptPoints, "0,0,-320,-240,0 10000,10000,320,240,0");
     start();
     EXPECT_THAT(host.callsOf("TarnRegisterGetString"), IsEmpty());
@@ -500,7 +500,7 @@ TEST_F(LastCalibration, ThatIsNotThereLeavesTheBoxesAsTheyAre) {
     EXPECT_THAT(hint(), HasSubstr("No calibration"));
 }
 
-TEST_F(LastCalibration, ThatTheHostCouldNotKeepIsUsedAllTheSameAndLogged) {
+TEST_F(LastCalibration, ThatTheHostCouldNotStoreIsStillUsedAndLogged) {
     open();
     typeGoodPoints();
     host.results["TarnRegisterSetString"] = 0;

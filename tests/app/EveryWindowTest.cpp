@@ -117,7 +117,7 @@ TEST_F(EveryWindow, KeepsItsPlace) {
     }
 }
 
-TEST_F(EveryWindow, TellsAScreenReaderTheStagesPositionAndTheStateOfTheImage) {
+TEST_F(EveryWindow, GivesScreenReadersTheStagePositionAndTheImageState) {
     host.position = {{axisX, -12}, {axisY, 34567}, {axisZ, 8}};
     window().UpdateStagePos();
     QWidget& image = *window().panels().milDisp;

@@ -52,7 +52,7 @@ TEST(FittedText, BreaksBetweenWordsWhereItHasNoParts) {
     EXPECT_EQ(lines.join(u' '), text);
 }
 
-TEST(FittedText, EndsInAnEllipsisWhereNothingElseHelps) {
+TEST(FittedText, EndsInAnEllipsisAsALastResort) {
     const FittedText fitted = fittedText(state, QApplication::font(), {60, 12});
     EXPECT_FALSE(fitted.isWhole);
     ASSERT_EQ(fitted.lines.size(), 1);

@@ -68,7 +68,7 @@ TEST_F(Hands, ADoubleClickOnTheImageIsOneClick) {
     EXPECT_EQ(moves().size(), 4U);
 }
 
-TEST_F(InputDuringACall, IsDroppedDuringAFocusSearchWhoeverAskedForIt) {
+TEST_F(InputDuringACall, IsDroppedDuringAFocusSearchOfTheOperatorOrTheHost) {
     const std::vector<std::function<void()>> ways{[this] { action("mnuFocus")->trigger(); },
                                                   [this] { host.deliver("OCUVA_AUTOFOCUS"); }};
     for (const auto& way : ways) {
@@ -251,7 +251,7 @@ TEST_F(FocusOfTheControls, EscapeInAnUpDownBoxOfTheSetupStoresNothing) {
     EXPECT_THAT(host.callsOf("TarnRegisterSetString"), IsEmpty());
 }
 
-TEST_F(AnOldPicture, IsNamedByAClickThatMovesAllTheSameWhereThereIsNone) {
+TEST_F(AnOldPicture, IsReportedByAClickThatStillMovesIfThereIsNoPicture) {
     click({192 + 96, 144 + 72});
     EXPECT_EQ(moves().size(), 2U);
     EXPECT_THAT(panel("Info"), HasSubstr("The picture is old: moved by -160, -120"));
@@ -297,7 +297,7 @@ TEST_F(AnOldPicture, IsOneThatHasNotBeenLiveForAWhile) {
     EXPECT_THAT(panel("Info"), HasSubstr("The picture is old: moved by -160, -120"));
 }
 
-TEST_F(ADistanceNoStageGoes, IsSentSaidToBeOutOfReachAndPoisonsNothing) {
+TEST_F(ADistanceNoStageGoes, IsSentReportedAsOutOfReachAndDoesNotBlockLaterMoves) {
     action("mnuMove")->trigger();
     frmMove& dialog = window().standards().moveDialog();
     for (int i = 0; i < 3; ++i) {

@@ -14,7 +14,7 @@ struct HelpMenuOfTheWindow : WindowRig {
 
 } // namespace
 
-TEST_F(HelpMenuOfTheWindow, OpensTheManualByItsKeyBesideTheWindowAndClosesItWithTheProgram) {
+TEST_F(HelpMenuOfTheWindow, OpensTheManualNextToTheWindowByItsKeyAndClosesItWithTheProgram) {
     action("mnuManual")->trigger();
     HelpWindow* const manual = window().help().manualWindow();
     ASSERT_NE(manual, nullptr);
@@ -41,7 +41,7 @@ TEST_F(HelpMenuOfTheWindow, ListsExactlyTheKeysThatTheCommandsHave) {
     EXPECT_THAT(listed, testing::IsSupersetOf({"F1", "F4", "F7", "Ctrl+Q"}));
 }
 
-TEST_F(HelpMenuOfTheWindow, TellsCommandsByTheirNamesWithoutAccessLettersAndDots) {
+TEST_F(HelpMenuOfTheWindow, ListsCommandsByNameWithoutAccessKeysAndDots) {
     for (const KeyRow& row : commandKeys()) {
         EXPECT_FALSE(row.command.contains(u'&') || row.command.contains(u'.')) << row.command.toStdString();
         EXPECT_FALSE(row.menu.isEmpty());

@@ -18,7 +18,7 @@ TEST(HostChoice, WithoutLibrariesItIsTheSimulatedHost) {
     EXPECT_FALSE(chooseHost(surroundings(false)).library);
 }
 
-TEST(HostChoice, ACompleteSetOfLibrariesBesideTheProgramIsUsed) {
+TEST(HostChoice, ACompleteSetOfLibrariesInTheProgramsFolderIsUsed) {
     const HostChoice choice = chooseHost(surroundings(true));
     EXPECT_TRUE(choice.library);
     EXPECT_EQ(choice.folder, programFolder);

@@ -29,7 +29,7 @@ TEST_F(Watch, CountsTheFramesOfEachSecond) {
     EXPECT_DOUBLE_EQ(watch.framesPerSecond(), 10.0);
 }
 
-TEST_F(Watch, TellsOnlyOfFramesThatChangeWhatIsShown) {
+TEST_F(Watch, ReportsOnlyFramesThatChangeTheDisplay) {
     EXPECT_TRUE(watch.frameCame(now));
     for (int i = 1; i < 25; ++i) {
         EXPECT_FALSE(watch.frameCame(now + i * 40)) << i;
@@ -53,7 +53,7 @@ TEST_F(Watch, StopsOneSecondAfterAGrabThatNeverBroughtAFrame) {
     EXPECT_EQ(watch.lastSignMs(), 5000);
 }
 
-TEST_F(Watch, LivesAgainWithTheFirstFrameAndCountsAnew) {
+TEST_F(Watch, IsLiveAgainWithTheFirstFrameAndRestartsTheCount) {
     frames(26, 40);
     ASSERT_EQ(watch.check(6040), 1000);
     now += 1000;

@@ -273,7 +273,7 @@ TEST_F(ZButtons, DoNothingInVgaMode) {
     EXPECT_EQ(panel("Info"), before);
 }
 
-TEST_F(MainWindow, MovesNothingByAKeyThatDoesNotSaySo) {
+TEST_F(MainWindow, MovesNothingByAnyOtherKey) {
     // Digits, letters, arrows and the like: there is nothing that they could mean.
     QTest::keyClicks(&window(), QStringLiteral("0123456789abcdefghijklmnopqrstuvwxyz+-*/.,"));
     for (const Qt::Key key : {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_PageUp,
@@ -410,7 +410,7 @@ TEST_F(MonitorGeometry, TheWindowComesBackInTheSizeThatTheUserGaveIt) {
     EXPECT_EQ(window().fields().InitImageSizeX, 384 * 15); // a size like any other that the user gives
 }
 
-TEST_F(MonitorGeometry, ARememberedSizeChangesNothingInTheOrderOfTheStart) {
+TEST_F(MonitorGeometry, ARememberedSizeDoesNotChangeTheOrderOfTheStart) {
     const QSize size = window().size();
     dragWindow(window(), {QPoint(33, 44), size + QSize(50, 50)});
     window().close();
@@ -518,7 +518,7 @@ TEST_F(LeavingTheProgram, ByTheWindowsFrameBehavesExactlyLikeTheMenu) {
     }
 }
 
-TEST_F(LeavingTheProgram, HappensOnceHoweverItIsAsked) {
+TEST_F(LeavingTheProgram, HappensOnlyOnce) {
     action("mnuExit")->trigger();
     action("mnuExit")->trigger();
     window().close();

@@ -49,7 +49,7 @@ struct NextStep : WindowRig {
 
 } // namespace
 
-TEST_F(NextStep, EachCommandThatIsPointedAtIsToldInRoomThatThereIs) {
+TEST_F(NextStep, TheTipOfEachMenuCommandFitsIntoThePanel) {
     for (const QAction* command : window().menuBar()->findChildren<QAction*>()) {
         if (command->menu() == nullptr && !command->isSeparator() && !command->objectName().isEmpty()) {
             const QString tip = command->statusTip();
@@ -81,14 +81,14 @@ TEST_F(NextStep, BeforeTheFirstImageTheDisplayAndThePanelTellHowToGetOne) {
     EXPECT_THAT(told(), AllOf(HasSubstr("Click a point of the image"), Not(HasSubstr("F7"))));
 }
 
-TEST_F(NextStep, WhenFramesStayAwayThePanelAndTheEmptyDisplaySendToTheCamera) {
+TEST_F(NextStep, WithoutFramesThePanelAndTheEmptyDisplaySayToCheckTheCamera) {
     action("mnuAcq")->trigger();
     ASSERT_TRUE(QTest::qWaitFor([this] { return panel("Info").rfind("Not live", 0) == 0; }));
     EXPECT_THAT(told(), HasSubstr("Check the camera"));
     EXPECT_THAT(prompt(), HasSubstr("Check the camera"));
 }
 
-TEST_F(NextStep, WithoutABoardThePanelSaysSoAndSendsToItsPage) {
+TEST_F(NextStep, WithoutABoardThePanelSaysSoAndNamesItsPage) {
     host.boardInitResult = 0;
     begin();
     EXPECT_EQ(panel("Info"), "Board not ready   1:2   400x");
@@ -97,7 +97,7 @@ TEST_F(NextStep, WithoutABoardThePanelSaysSoAndSendsToItsPage) {
     EXPECT_THAT(prompt(), HasSubstr("Setup (Alt+T), tab Board"));
 }
 
-TEST_F(NextStep, ABoardThatRefusesLiveIsToldUntilItDoesNot) {
+TEST_F(NextStep, ABoardThatRefusesLiveIsReportedUntilItAccepts) {
     host.startGrabResult = 0;
     action("mnuAcq")->trigger();
     EXPECT_EQ(panel("Info"), "Still   The board refused");
@@ -108,7 +108,7 @@ TEST_F(NextStep, ABoardThatRefusesLiveIsToldUntilItDoesNot) {
     EXPECT_THAT(told(), Not(HasSubstr("tab Board")));
 }
 
-TEST_F(NextStep, AfterAShutDownNobodyIsSentToTheLiveImageThatWouldBeRefused) {
+TEST_F(NextStep, AfterAShutDownNoHintLeadsToTheLiveImage) {
     action("mnuSetup")->trigger();
     child<QPushButton>("cmdShut")->click();
     EXPECT_EQ(panel("Info"), "Board not ready   1:2   400x");
@@ -125,7 +125,7 @@ TEST_F(NextStep, AMoveThatTheHostRefusesIsNotReported) {
     EXPECT_EQ(panel("Z"), "0");
 }
 
-TEST_F(NextStep, ALongMoveTellsThatThePositionComesWhenTheStageStands) {
+TEST_F(NextStep, ALongMoveSaysThatThePositionFollowsWhenTheStageStops) {
     std::string seen;
     host.onCall = [this, &seen](const std::string& name) {
         if (name == "TarnReadStageStatus" && host.status[axisZ].size() == 1) {

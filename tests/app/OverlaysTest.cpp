@@ -202,7 +202,7 @@ TEST_F(MicroMarkerOnTheWindow, SaysItsLengthInTheLabelsExactWords) {
     EXPECT_EQ(barPixels(), 60);
 }
 
-TEST_F(MicroMarkerOnTheWindow, TellsTheTruthAboutTheShownPictureAtEverySizeOfTheWindow) {
+TEST_F(MicroMarkerOnTheWindow, IsCorrectForTheShownPictureAtEveryWindowSize) {
     constexpr double fieldWidth = 640.0;
     for (const int width : {0, 100, 137, 300, 500, -900}) {
         resizeBy(width, 20);
@@ -228,7 +228,7 @@ TEST_F(MicroMarkerOnTheWindow, FollowsTheMagnificationWhenItIsDrawnAgain) {
                                         "TarnGetVideoMag100Factors()"));
 }
 
-TEST_F(MicroMarkerOnTheWindow, WithoutMagnificationLogsAnErrorAndDisappearsRatherThanLie) {
+TEST_F(MicroMarkerOnTheWindow, WithoutMagnificationLogsAnErrorAndDisappears) {
     host.settings["TARN.INI|tn_video|VideoMag"] = "0";
     resizeBy(20, 20);
     EXPECT_THAT(host.logLines, Contains("Overflow in frame to stage conversion"));
@@ -239,7 +239,7 @@ TEST_F(MicroMarkerOnTheWindow, WithoutMagnificationLogsAnErrorAndDisappearsRathe
     EXPECT_TRUE(marker().isVisible());
 }
 
-TEST_F(InformationPanel, TellsStillZoomAndMagnification) {
+TEST_F(InformationPanel, ShowsStillZoomAndMagnification) {
     EXPECT_EQ(panel("Info"), "Still   1:2   400x");
     action("mnuZoom0")->trigger();
     EXPECT_EQ(panel("Info"), "Still   1:1   400x");

@@ -60,14 +60,14 @@ TEST_F(PackReportCommand, DoesNothingWhenTheOperatorCancels) {
     EXPECT_THAT(host.calls, testing::IsEmpty());
 }
 
-TEST_F(PackReportCommand, ThatFailsIsLoggedInWordsAndLeavesNothing) {
+TEST_F(PackReportCommand, ThatFailsIsLoggedWithTheReasonAndLeavesNoFile) {
     window().hide(); // nobody is there to answer a box
     packAs(target.filePath(QStringLiteral("no/a.zip")));
     EXPECT_THAT(host.calls, testing::Contains(testing::HasSubstr("could not be saved: ")));
     EXPECT_TRUE(QDir(target.path()).isEmpty());
 }
 
-TEST_F(PackReportCommand, TellsTheVersionsTheHostAndOfTheEnvironmentOnlyWhatIsOurs) {
+TEST_F(PackReportCommand, ContainsVersionsHostAndOnlyTheProgramsEnvironmentVariables) {
     qputenv("OCUVA_OF_THIS_TEST", "ours");
     qputenv("SECRET_OF_THIS_TEST", "theirs");
     const std::string text = versionsText(window(), report, "KEY-7");

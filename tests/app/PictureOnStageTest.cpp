@@ -33,7 +33,7 @@ struct MouseOverTheImage : WindowRig {
 
 } // namespace
 
-TEST_F(MouseOverTheImage, InVgaModeShowsTheStagePositionUnderItAndAsksTheHostNothing) {
+TEST_F(MouseOverTheImage, InVgaModeShowsTheStagePositionUnderItWithoutAHostCall) {
     const QSize twips = window().panels().milDisp->size() * 15;
     moveMouse(static_cast<float>(twips.width()), static_cast<float>(twips.height()));
     EXPECT_THAT(position(), ElementsAre("320", "-240", "12"));

@@ -137,7 +137,7 @@ TEST_F(SavingAPicture, IsALineOfTheJournal) {
     EXPECT_EQ(journal[0].result, file("Video.tif").string());
 }
 
-TEST_F(SavingAPicture, TellsTheStagePositionAndTheFieldOfTheMomentOfTheSave) {
+TEST_F(SavingAPicture, StoresStagePositionAndFieldAtTheTimeOfTheSave) {
     window().choosePictureToSave = [this](const QString&) {
         host.position = {
             {axisX, 11}, {axisY, 22}, {axisZ, -33}}; // the stage moves while the operator chooses
@@ -152,7 +152,7 @@ TEST_F(SavingAPicture, TellsTheStagePositionAndTheFieldOfTheMomentOfTheSave) {
     EXPECT_TRUE(saved.taken.isValid());
 }
 
-TEST_F(SavingAPicture, LeavesNothingOfTheBoardsOwnFile) {
+TEST_F(SavingAPicture, LeavesNoTemporaryFileOfTheBoard) {
     save("Video.tif");
     ASSERT_EQ(host.savedFiles.size(), 1U);
     EXPECT_FALSE(std::filesystem::exists(host.savedFiles.front()));
@@ -164,7 +164,7 @@ TEST_F(SavingAPicture, IsLoggedWithItsFullNameAndShownOnThePanelWithItsBareOne) 
     EXPECT_THAT(panel("Info"), HasSubstr("Save to file: 'Video.tif'"));
 }
 
-TEST_F(SavingAPicture, ThatTheOperatorCancelsAsksTheHostForNothing) {
+TEST_F(SavingAPicture, ThatTheOperatorCancelsCallsNoHostFunction) {
     action("mnuSaveAs")->trigger();
     EXPECT_THAT(host.calls, IsEmpty());
     EXPECT_THAT(host.logLines, IsEmpty());
@@ -179,14 +179,14 @@ TEST_F(SavingAPicture, BeforeTheFirstFrameSaysThatThereIsNoImage) {
     EXPECT_THAT(panel("Info"), Not(HasSubstr("Save")));
 }
 
-TEST_F(SavingAPicture, AfterAShutDownSendsToTheBoardsPageAndNotToTheLiveImage) {
+TEST_F(SavingAPicture, AfterAShutDownNamesTheBoardsPageAndNotTheLiveImage) {
     window().cxvbBoard().Shutdown();
     camera = QImage();
     EXPECT_THAT(boxText([this] { save("Video.tif"); }),
                 AllOf(HasSubstr("There is no image to save"), HasSubstr("tab Board"), Not(HasSubstr("F7"))));
 }
 
-TEST_F(SavingAPicture, ThatFailsIsToldInABoxAndInTheLog) {
+TEST_F(SavingAPicture, ThatFailsIsReportedInABoxAndInTheLog) {
     EXPECT_THAT(boxText([this] { save("gone/Video.tif"); }), HasSubstr("no such folder"));
     EXPECT_THAT(host.logLines, Contains(HasSubstr("no such folder")));
     EXPECT_THAT(boxText([this] { save("Video.png"); }), HasSubstr("must end in .tif or .bmp"));
@@ -217,7 +217,7 @@ TEST_F(SavingAPicture, WhileAStoredOneIsShownSavesThatOneWithItsOwnScaleAndNotes
     EXPECT_EQ(readDescription(file("Copy.tif")), storedPoints);
 }
 
-TEST_F(SavingAPicture, ThatReplacesAnotherPicturesDescriptionIsAskedAboutFirst) {
+TEST_F(SavingAPicture, ThatReplacesAnotherPicturesDescriptionAsksFirst) {
     store("Right.tif");
     std::string said;
     bool answer = false;
@@ -380,7 +380,7 @@ TEST_F(OpeningAPicture, ThatCannotBeOpenedSaysWhyAndChangesNothing) {
     EXPECT_EQ(title(), "Stored.tif - Ocuva (test)"); // the one before stays
 }
 
-TEST_F(AStoredPicture, TellsTheStagePositionUnderThePointerOutsideVgaModeToo) {
+TEST_F(AStoredPicture, ShowsTheStagePositionUnderThePointerOutsideVgaModeToo) {
     store("Stored.tif");
     open("Stored.tif");
     pointAt(0.25F, 0.5F);
@@ -391,7 +391,7 @@ TEST_F(AStoredPicture, TellsTheStagePositionUnderThePointerOutsideVgaModeToo) {
     EXPECT_THAT(position(), ElementsAre("-320", "1250", "7"));
 }
 
-TEST_F(AStoredPicture, WithoutCalibrationTellsNoPositionByTheCalibrationOfTheLiveImage) {
+TEST_F(AStoredPicture, WithoutCalibrationShowsNoPositionsFromTheLiveImagesCalibration) {
     for (const char* vgaMode : {"0", "1"}) {
         restartWith([this, vgaMode] { host.settings["TARN|tn_video|VGAMode"] = vgaMode; });
         store("Stored.tif", {});

@@ -51,7 +51,7 @@ TEST_F(Copies, ACopyThatWasKilledIsNotCounted) {
     EXPECT_FALSE(RunningCopies(scope).anotherWasRunning());
 }
 
-TEST_F(Copies, ACopyBesideTheFirstStillCountsWhenTheFirstHasEnded) {
+TEST_F(Copies, ASecondCopyStillCountsWhenTheFirstHasEnded) {
     const auto first = launch();
     EXPECT_EQ(answer(*first), "alone");
     const auto client = launch();

@@ -151,7 +151,7 @@ TEST_F(ServerMode, SleepWaitsForNoListUnderAnotherDialogAndNoMenu) {
     sleepWhile([&menu] { menu.exec(QPoint(10, 10)); });
 }
 
-TEST_F(ServerMode, ASecondSleepLetsTheMinuteThatHasBegunGoOn) {
+TEST_F(ServerMode, ASecondSleepDoesNotRestartTheMinute) {
     start();
     host.deliver("OCUVA_SLEEP");
     const int timer = window().tServerCheckIdle->timerId();

@@ -57,7 +57,7 @@ using SetupCommand = SetupRig;
 
 } // namespace
 
-TEST_F(SetupCommand, OpensTheDialogFromItsItemAndItsToolbarKeyBesideAWindowThatStaysUsable) {
+TEST_F(SetupCommand, OpensTheDialogFromItemAndToolbarKeyWhileTheWindowStaysUsable) {
     const std::vector<std::function<void()>> ways{
         [this] { action("mnuSetup")->trigger(); },
         [this] { toolbar("Setup"); },
@@ -103,13 +103,13 @@ TEST_F(SetupCommand, TheCrossGrowsWithItsUpDown) {
     EXPECT_GT(window().overlays().frCross().bars()[0]->bar().width(), before.width());
 }
 
-TEST_F(SetupCommand, AMagnificationIsToldByMicroMarkerAndStatusBarAtOnce) {
+TEST_F(SetupCommand, AMagnificationIsShownByMicroMarkerAndStatusBarAtOnce) {
     type(open(SetupTab::Stage).stagePage->txtMag, "200");
     EXPECT_EQ(window().panels().frMicroMarker->lbMicroMarker->text().toStdString(), " 200 \xc2\xb5");
     EXPECT_EQ(panel("Info"), "Still   1:2   200x");
 }
 
-TEST_F(SetupCommand, AGridThatIsNoNumberIsToldInABoxAndInTheLog) {
+TEST_F(SetupCommand, AnInvalidGridIsReportedInABoxAndInTheLog) {
     type(open(SetupTab::Monitor).monitorPage->txtGridWidth, "wide");
     EXPECT_EQ(boxText(), "Width: \"wide\" is not a number");
     EXPECT_THAT(host.logLines, Contains("Error: Width: \"wide\" is not a number\n"));

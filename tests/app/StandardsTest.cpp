@@ -149,7 +149,7 @@ TEST_F(MoveDialog, OpensFromItsItemItsShortcutItsToolbarKeyAndADoubleClickOnAPos
     }
 }
 
-TEST_F(MoveDialog, OpensBesideTheMainWindowAndNotOverTheImage) {
+TEST_F(MoveDialog, OpensNextToTheMainWindowAndNotOverTheImage) {
     window().move(40, 60);
     action("mnuMove")->trigger();
     EXPECT_FALSE(moveDialog().frameGeometry().intersects(window().frameGeometry()));
@@ -169,7 +169,7 @@ TEST_F(MoveDialog, ComesBackWhereItWasLeftWithWhereTheStageIsNow) {
     EXPECT_EQ(typed().front(), "5");
 }
 
-TEST_F(MoveDialog, KeepsWhatIsTypedWhenItComesBackFromBeingMinimised) {
+TEST_F(MoveDialog, KeepsTypedTextsWhenItIsRestoredFromTheMinimisedState) {
     action("mnuMove")->trigger();
     moveDialog().txtMove[0]->setText(QStringLiteral("12"));
     host.calls.clear();
@@ -200,7 +200,7 @@ TEST_F(MoveDialog, LeavesTheStageAloneWhileOneTypesUntilEnterOrMove) {
     EXPECT_EQ(moves().size(), 3U);
 }
 
-TEST_F(MoveDialog, RoundsWhatIsTypedHalfToEven) {
+TEST_F(MoveDialog, RoundsTypedNumbersHalfToEven) {
     action("mnuMove")->trigger();
     moveDialog().txtMove[0]->setText(QStringLiteral("12.5"));
     moveDialog().txtMove[1]->setText(QStringLiteral("13.5"));
@@ -209,7 +209,7 @@ TEST_F(MoveDialog, RoundsWhatIsTypedHalfToEven) {
                                      "TarnLoadStageRelSecure(3, 0)"));
 }
 
-TEST_F(MoveDialog, ReportsATextThatIsNoNumberWithItsFieldAndMovesNothing) {
+TEST_F(MoveDialog, ReportsATextThatIsNotANumberWithItsFieldAndMovesNothing) {
     action("mnuMove")->trigger();
     moveDialog().txtMove[1]->setText(QStringLiteral("12abc"));
     const QString text = messageBoxText([this] { QTest::mouseClick(moveDialog().cmdMove, Qt::LeftButton); });
@@ -217,7 +217,7 @@ TEST_F(MoveDialog, ReportsATextThatIsNoNumberWithItsFieldAndMovesNothing) {
     EXPECT_THAT(moves(), IsEmpty());
 }
 
-TEST_F(MoveDialog, ReportsADistanceThatLeaves32BitsAndMovesNothing) {
+TEST_F(MoveDialog, ReportsADistanceBeyond32BitsAndMovesNothing) {
     host.position = {{axisX, std::numeric_limits<Long>::min()}};
     action("mnuMove")->trigger();
     moveDialog().txtMove[0]->setText(QStringLiteral("1"));
@@ -346,7 +346,7 @@ TEST_F(StageMenu, DrivesToAStandardWithTheMoveDialogNeverShownWhichThenHoldsItsP
     EXPECT_EQ(host.calls.back().rfind("TarnDbObjectDelete", 0), 0U);
 }
 
-TEST_F(StageMenu, DoesNothingSilentlyForAStandardThatTheHostCannotTellThePositionOf) {
+TEST_F(StageMenu, SilentlyIgnoresAStandardWithoutAPosition) {
     for (const char* failing : {"", "TarnDbObjectNew", "TarnDbGetStagePos"}) {
         host.results.clear();
         if (*failing != '\0') {
@@ -404,7 +404,7 @@ TEST_F(StandardListDialog, MovesDeletesAndSavesAtOnce) {
     EXPECT_THAT(selected(), ElementsAre(2));
 }
 
-TEST_F(StandardListDialog, KeepsThePartInViewThroughAnEditAndTheKeysGoOnFromTheSelectedRow) {
+TEST_F(StandardListDialog, KeepsItsScrollPositionAndTheSelectedRowAfterAnEdit) {
     std::vector<std::string> names;
     for (int i = 1; i <= 100; ++i) {
         names.push_back("/std/" + std::to_string(i) + ".std");
@@ -460,7 +460,7 @@ TEST_F(StandardListDialog, ChangesNothingWhenInsertIsCancelled) {
     EXPECT_THAT(host.callsOf("TarnRegisterSetString"), IsEmpty());
 }
 
-TEST_F(StandardListDialog, ADropReordersNothingAndTakesTheHighlightAway) {
+TEST_F(StandardListDialog, ADropReordersNothingAndRemovesTheHighlight) {
     QMimeData data;
     const QPoint at = dialog->lvwStdEntries->visualItemRect(dialog->lvwStdEntries->topLevelItem(1)).center();
     QWidget* viewport = dialog->lvwStdEntries->viewport();
@@ -508,7 +508,7 @@ TEST_F(StandardListDialog, WhenNoStandardCanBeReadSaysSoAndTheStoredListStaysAsI
     EXPECT_EQ(dialog->rows().count(), 1);
 }
 
-TEST_F(StandardListDialog, TellsHowManyStandardsTheNextChangeTakesOffTheList) {
+TEST_F(StandardListDialog, SaysHowManyStandardsTheNextChangeRemoves) {
     EXPECT_FALSE(dialog->lblStdNote->isVisible());
     host.dbObjects.erase("/elsewhere/Gold.std");
     open();

@@ -110,7 +110,7 @@ TEST_F(Start, ASecondCopyStartedForTheHostEndsWithoutWakingTheFirst) {
     EXPECT_THAT(host.calls, IsEmpty());
 }
 
-TEST_F(Start, AClientRunsBesideACopyThatRunsAlready) {
+TEST_F(Start, AClientRunsWhileAnotherCopyRuns) {
     anotherCopy = true;
     EXPECT_TRUE(start("-client"));
     EXPECT_TRUE(window().isVisible());

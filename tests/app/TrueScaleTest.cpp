@@ -90,7 +90,7 @@ TEST_F(MagnificationBesideTheWindow, IsReadAgainEachSecondWhileLive) {
     EXPECT_THAT(host.logLines, IsEmpty()) << "said once";
 }
 
-TEST_F(MagnificationBesideTheWindow, OfAFieldThatIsNoNumberIsTakenOnce) {
+TEST_F(MagnificationBesideTheWindow, WithAnInvalidFieldIsReadOnce) {
     action("mnuAcq")->trigger();
     host.magFactorX = std::numeric_limits<float>::quiet_NaN();
     ASSERT_TRUE(QTest::qWaitFor([this] { return !window().panels().frMicroMarker->isVisible(); }, 2500));
@@ -99,13 +99,13 @@ TEST_F(MagnificationBesideTheWindow, OfAFieldThatIsNoNumberIsTakenOnce) {
     EXPECT_THAT(host.logLines, IsEmpty());
 }
 
-TEST_F(MagnificationBesideTheWindow, IsNotAskedForByAProgramThatIsLeftAlone) {
+TEST_F(MagnificationBesideTheWindow, IsNotReadByAnIdleProgram) {
     setMagnification("100");
     QTest::qWait(MagnificationWatch::liveMs + 5 * MagnificationWatch::soonMs);
     EXPECT_THAT(host.calls, IsEmpty());
 }
 
-TEST_F(ResizedWindow, SaysStretchedWithBothScalesAndGoesOnToTheCamerasProportionWhenLetGo) {
+TEST_F(ResizedWindow, ShowsBothScalesWhileStretchedAndTakesTheCamerasProportionsAfterwards) {
     resizeBy(96, 0);
     EXPECT_EQ(panel("Info"), "Still   stretched 1:1.6 x 1:2   400x");
     letGo();

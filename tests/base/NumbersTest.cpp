@@ -22,7 +22,7 @@ TEST(Numbers, RoundEverythingElseToTheNearest) {
     EXPECT_EQ(toLong(0.49999999999999994), 0);
 }
 
-TEST(Numbers, RefuseWhatDoesNotFitInsteadOfWrapping) {
+TEST(Numbers, AreRefusedInsteadOfWrappedIfTheyDoNotFit) {
     EXPECT_EQ(toLong(2147483647.4), std::numeric_limits<Long>::max());
     EXPECT_EQ(toLong(-2147483648.5), std::numeric_limits<Long>::min());
     EXPECT_THROW(toLong(2147483647.5), ArithmeticError);

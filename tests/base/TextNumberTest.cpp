@@ -24,7 +24,7 @@ TEST(TextNumber, IsRoundedHalfToEvenWhereAWholeNumberIsNeeded) {
     EXPECT_EQ(textToLong("12.4999"), 12);
 }
 
-TEST(TextNumber, NeverGuesses) {
+TEST(TextNumber, RefusesThousandsSeparatorsExponentsAndUnits) {
     for (const char* text : {"", "   ", "-", ".", ",", "1,234,5", "1.234.5", "1,234.5", "12abc", "abc", "1 2",
                              "--1", "1-", "1e3", "0x10", "inf", "nan", "12\n", "+ 1"}) {
         EXPECT_THROW(textToDouble(text), TextError) << '"' << text << '"';
@@ -32,7 +32,7 @@ TEST(TextNumber, NeverGuesses) {
     EXPECT_THROW(textToDouble(std::string_view("1\0", 2)), TextError);
 }
 
-TEST(TextNumber, SaysWhichTextIsNoNumber) {
+TEST(TextNumber, NamesATextThatIsNotANumber) {
     try {
         textToLong(" 12abc ");
         FAIL();
@@ -68,7 +68,7 @@ TEST(LeadingNumber, IsTheNumberThatTheTextBeginsWith) {
     }
 }
 
-TEST(LeadingNumber, IsNothingForATextThatBeginsWithNoNumber) {
+TEST(LeadingNumber, IsMissingInATextThatDoesNotBeginWithANumber) {
     for (const char* text : {"", " ", "abc", "a5", "-", "+", ".", "+-5", "--5", "++5", "- 5", "inf", "-inf",
                              "nan", "infinity", "e5", "%"}) {
         EXPECT_EQ(leadingNumber(text), std::nullopt) << '"' << text << '"';

@@ -101,7 +101,7 @@ TEST_P(NotifierConformance, AMessageByNameArrivesAsItsIdentifier) {
 }
 
 // Guards against a message that is delivered to a notifier that is gone.
-TEST_P(NotifierConformance, ANotifierThatIsGoneGetsNothing) {
+TEST_P(NotifierConformance, ADestroyedNotifierGetsNothing) {
     const std::unique_ptr<Notifier> sender = host().createNotifier();
     std::vector<std::string> heard;
     {

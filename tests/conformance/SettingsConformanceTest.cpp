@@ -31,7 +31,7 @@ TEST_P(SettingsConformance, AnAbsentKeyGivesTheCallersDefault) {
 }
 
 // Guards against writes that are kept until some later moment: the set-up dialog reads back what it wrote.
-TEST_P(SettingsConformance, WhatIsWrittenIsReadAtOnce) {
+TEST_P(SettingsConformance, AWrittenValueIsReadAtOnce) {
     EXPECT_NE(set("Configuration", "Some number", "42"), 0);
     EXPECT_EQ(getInt("Configuration", "Some number", 0), 42);
     EXPECT_NE(set("Configuration", "Some number", "-3"), 0);
@@ -46,7 +46,7 @@ TEST_P(SettingsConformance, SectionsAndKeysAreFoundWithoutRegardToCase) {
 }
 
 // Guards against a damaged setting that turns into 0 where the program counts on its default.
-TEST_P(SettingsConformance, AValueThatIsNoNumberGivesTheDefault) {
+TEST_P(SettingsConformance, AValueThatIsNotANumberGivesTheDefault) {
     set("Configuration", "Word", "abc");
     EXPECT_EQ(getInt("Configuration", "Word", 9), 9);
 }

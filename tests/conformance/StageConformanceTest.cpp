@@ -45,7 +45,7 @@ private:
 };
 
 // Guards against limits that shut the stage up or lie about where it stands.
-TEST_P(StageConformance, EveryAxisStandsInsideItsLimits) {
+TEST_P(StageConformance, EveryAxisIsInsideItsLimits) {
     for (const TarnLong axis : axes) {
         EXPECT_LT(lower(axis), upper(axis));
         EXPECT_LE(lower(axis), at(axis));
@@ -90,7 +90,7 @@ TEST_P(StageConformance, ALoopThatOnlyAsksForTheStatusEnds) {
 }
 
 // Guards against a start of nothing that is taken for a move.
-TEST_P(StageConformance, AStartWithNothingLoadedAnswersZero) {
+TEST_P(StageConformance, AStartWithNothingLoadedReturnsZero) {
     EXPECT_EQ(stage().TarnStartStage(0), 0);
     for (const TarnLong axis : axes) {
         EXPECT_EQ(stage().TarnStartStage(axis), 0);
@@ -137,7 +137,7 @@ TEST_P(StageConformance, AbsoluteTargetsReachTheLimitsAndNoFurther) {
 }
 
 // Guards against undefined conversions: factors and magnifications of 0 give such distances.
-TEST_P(StageConformance, NumbersThatAreNoDistanceAreRefused) {
+TEST_P(StageConformance, InvalidDistancesAreRefused) {
     const TarnSingle infinity = std::numeric_limits<TarnSingle>::infinity();
     for (const TarnSingle value :
          {infinity, -infinity, std::numeric_limits<TarnSingle>::quiet_NaN(), 4e9F, -4e9F}) {
@@ -162,7 +162,7 @@ TEST_P(StageConformance, ARelativeMoveOfAMovingAxisCountsFromWhereItIs) {
 }
 
 // Guards against the read of a wrong axis, or a crash, on a code that is none.
-TEST_P(StageConformance, AxesThatThereAreNotAreRefused) {
+TEST_P(StageConformance, UnknownAxesAreRefused) {
     for (const TarnLong axis : {-1, 4, 1000}) {
         TarnLong a = 11;
         TarnLong b = 22;
@@ -191,7 +191,7 @@ TEST_P(StageConformance, TheBacklashMoveEndsWhereItBegan) {
 }
 
 // Guards against a focus call that comes back while Z still moves, or leaves the limits.
-TEST_P(StageConformance, AfterTheFocusSearchTheStageStandsInsideItsLimits) {
+TEST_P(StageConformance, AfterTheFocusSearchTheStageIsInsideItsLimits) {
     const TarnLong x = at(1);
     const TarnLong y = at(2);
     const TarnLong z = at(3);

@@ -173,7 +173,7 @@ TEST_P(VideoConformance, TheGroupsOfReferencesAreApart) {
 }
 
 // Guards against statistics of memory that no frame was ever grabbed into.
-TEST_P(VideoConformance, StatisticsBeforeTheFirstFrameAreNought) {
+TEST_P(VideoConformance, StatisticsBeforeTheFirstFrameAreZero) {
     bringUp();
     const Statistics found = statistics();
     EXPECT_EQ(found.count, 0);

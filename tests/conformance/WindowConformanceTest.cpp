@@ -60,7 +60,7 @@ protected:
     std::unique_ptr<modInter> inter;
 };
 
-TEST_P(WindowConformance, AClickOnTheImageMovesTheStageByWhatLiesBetweenItAndTheCentre) {
+TEST_P(WindowConformance, AClickOnTheImageMovesTheStageByItsDistanceFromTheCentre) {
     QWidget* const display = window().panels().milDisp;
     const QSize size = display->size();
     const TarnLong x = at(axisX);
@@ -103,7 +103,7 @@ TEST_P(WindowConformance, LiveGrabsUntilItIsSwitchedOff) {
     EXPECT_EQ(action("mnuAcq")->isChecked(), live);
 }
 
-TEST_P(WindowConformance, WhatIsSwitchedOnIsOnAtTheNextStart) {
+TEST_P(WindowConformance, OptionsSwitchedOnAreOnAtTheNextStart) {
     for (const char* name : {"mnuCross", "mnuGrid"}) {
         const bool shown = action(name)->isChecked();
         action(name)->trigger();

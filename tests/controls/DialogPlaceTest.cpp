@@ -33,7 +33,7 @@ int covered(const QRect& dialog, const Surroundings& around) {
 
 } // namespace
 
-TEST(FreeRectangles, AreTheLargestOnesAroundWhatIsTaken) {
+TEST(FreeRectangles, AreTheLargestOnesAroundTheOccupiedOnes) {
     EXPECT_EQ(freeRectangles(screen, {}), QList<QRect>{screen});
     EXPECT_EQ(freeRectangles(screen, {{100, 50, 400, 500}}),
               (QList<QRect>{{500, 0, 500, 800}, {0, 0, 100, 800}, {0, 550, 1000, 250}, {0, 0, 1000, 50}}));
@@ -43,7 +43,7 @@ TEST(FreeRectangles, AreTheLargestOnesAroundWhatIsTaken) {
               (QList<QRect>{{500, 700, 500, 100}}));
 }
 
-TEST(DialogPlace, IsAtTheRightOfTheMainWindowElseAtItsLeftBelowOrAbove) {
+TEST(DialogPlace, IsRightOfTheMainWindowOtherwiseLeftBelowOrAbove) {
     const QSize size(300, 200);
     EXPECT_EQ(dialogPlace(mainWindowAt({100, 50, 400, 500}), size), QRect(506, 50, 300, 200));
     EXPECT_EQ(dialogPlace(mainWindowAt({500, 50, 400, 500}), size), QRect(194, 50, 300, 200));
@@ -62,7 +62,7 @@ TEST(DialogPlace, IsOnTheScreenOfTheMainWindow) {
               QRect(1506, 200, 300, 200));
 }
 
-TEST(DialogPlace, DoesWithoutAGapWhereThereIsNoRoomForOne) {
+TEST(DialogPlace, HasNoGapIfThereIsNoRoomForOne) {
     EXPECT_EQ(dialogPlace(mainWindowAt({0, 0, 700, 800}), {300, 200}), QRect(700, 0, 300, 200));
 }
 
@@ -82,7 +82,7 @@ TEST(DialogPlace, CoversTheStatusBarBeforeItCoversTheImage) {
     EXPECT_TRUE(place.intersects(around.hint));
 }
 
-TEST(DialogPlace, ThatCoversTheImageInevitablyCoversTheLeastOfItAndNothingOfTheStatusBar) {
+TEST(DialogPlace, CoversAsLittleOfTheImageAsPossibleAndNeverTheStatusBar) {
     const Surroundings around = mainWindowAt(screen);
     const QRect place = dialogPlace(around, {300, 200});
     EXPECT_TRUE(screen.contains(place));
@@ -109,7 +109,7 @@ TEST(DialogPlace, ThatMayNotBeMadeSmallerKeepsItsSize) {
     EXPECT_EQ(dialogPlace(mainWindowAt({0, 100, 350, 700}), {900, 600}).size(), QSize(900, 600));
 }
 
-TEST(DialogPlace, OfWhatIsLargerThanTheScreenIsTheScreen) {
+TEST(DialogPlace, OfADialogLargerThanTheScreenIsTheScreen) {
     EXPECT_EQ(dialogPlace(mainWindowAt({100, 100, 400, 400}), {3000, 2000}), screen);
 }
 
@@ -129,7 +129,7 @@ TEST(DialogPlace, AvoidsTheOtherDialogsWhereItCan) {
     EXPECT_EQ(dialogPlace(around, {280, 300}), QRect(306, 0, 280, 300)); // rather than the main window
 }
 
-TEST(DialogPlace, OfAnyDialogIsOnTheScreenAndClearWhereverThereIsRoomAtAll) {
+TEST(DialogPlace, OfAnyDialogIsOnTheScreenAndClearIfThereIsRoom) {
     std::mt19937 random(11U);
     const auto any = [&random](int from, int to) { return std::uniform_int_distribution(from, to)(random); };
     for (int i = 0; i < 600; ++i) {

@@ -4,7 +4,7 @@
 
 using namespace ocuva;
 
-TEST(FileFilter, TellsWhatEachKindShowsAndItsExtension) {
+TEST(FileFilter, HasTheTextAndTheExtensionOfEachKind) {
     const QList<FileKind> kinds = fileKinds(QStringLiteral("TIFF (*.tif):*.tif|BMP (*.bmp):*.bmp"));
     EXPECT_EQ(kinds, (QList<FileKind>{{QStringLiteral("TIFF (*.tif)"), QStringLiteral("tif")},
                                       {QStringLiteral("BMP (*.bmp)"), QStringLiteral("bmp")}}));

@@ -41,7 +41,7 @@ struct Gate : testing::Test {
 
 } // namespace
 
-TEST_F(Gate, LetsEverythingThroughWhileNothingHoldsIt) {
+TEST_F(Gate, LetsEverythingThroughWithoutAHold) {
     clickWindow();
     QTest::mouseClick(&button, Qt::LeftButton);
     field.setFocus();
@@ -81,7 +81,7 @@ TEST_F(Gate, TheReleaseOfAPressThatWasDroppedIsDroppedToo) {
     EXPECT_EQ(clicks, 0);
 }
 
-TEST_F(Gate, APressFromBeforeComesToNothingAndItsButtonDoesNotStayDown) {
+TEST_F(Gate, AnEarlierPressHasNoEffectAndItsButtonDoesNotStayDown) {
     for (const bool releasedInside : {true, false}) {
         QTest::mousePress(window.windowHandle(), Qt::LeftButton, plain, middle());
         ASSERT_TRUE(button.isDown());
@@ -101,7 +101,7 @@ TEST_F(Gate, APressFromBeforeComesToNothingAndItsButtonDoesNotStayDown) {
     EXPECT_EQ(clicks, 1);
 }
 
-TEST_F(Gate, ASpaceThatIsDownFromBeforeComesToNothing) {
+TEST_F(Gate, ASpaceBarPressedBeforeHasNoEffect) {
     button.setFocus();
     QTest::keyPress(window.windowHandle(), Qt::Key_Space);
     ASSERT_TRUE(button.isDown());
@@ -122,7 +122,7 @@ TEST_F(Gate, AQuestionThatOpensDuringTheCallCanBeAnswered) {
     EXPECT_EQ(answers, 1);
 }
 
-TEST_F(Gate, SaysWhatGoesOnWithABusyPointerUntilThatHoldEnds) {
+TEST_F(Gate, ShowsItsTextAndABusyPointerUntilTheHoldEnds) {
     const InputGate::Hold outer(gate);
     EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
     {
@@ -136,7 +136,7 @@ TEST_F(Gate, SaysWhatGoesOnWithABusyPointerUntilThatHoldEnds) {
     EXPECT_THAT(said, ElementsAre("Focusing", ""));
 }
 
-TEST_F(Gate, AHoldThatSaysNothingShowsNothing) {
+TEST_F(Gate, AHoldWithoutATextShowsNothing) {
     { const InputGate::Hold hold(gate); }
     EXPECT_THAT(said, IsEmpty());
 }

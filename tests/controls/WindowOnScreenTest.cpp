@@ -151,7 +151,7 @@ TEST(WindowOnScreen, RepeatsWhatTheUsersEarlierClickHasUndone) {
     }
 }
 
-TEST(WindowOnScreen, GivesUpAfterItsPatienceAndTriesAgainOnTheNextRequest) {
+TEST(WindowOnScreen, GivesUpAfterItsTimeoutAndTriesAgainOnTheNextRequest) {
     SlowDesk desk;
     desk.ignoresEverything = true;
     desk.window.request(true);
@@ -173,7 +173,7 @@ TEST(WindowOnScreen, TouchesNothingAfterItHasLetGo) {
     EXPECT_EQ(desk.done, "S");
 }
 
-TEST(WindowOnScreen, EndsInTheNewestWantedStateWhateverCameBefore) {
+TEST(WindowOnScreen, EndsInTheLatestRequestedState) {
     std::mt19937 random(3);
     for (int round = 0; round < 2000; ++round) {
         SlowDesk desk;

@@ -50,13 +50,13 @@ FirstPlace at(const QPoint& corner) {
 
 } // namespace
 
-TEST(BroughtOnScreen, LeavesWhatIsOnAScreenWhereItIs) {
+TEST(BroughtOnScreen, LeavesRectanglesOnAScreenUnchanged) {
     for (const QRect& rect : {QRect(0, 0, 10, 10), QRect(990, 790, 10, 10), left, right}) {
         EXPECT_EQ(broughtOnScreen(rect, {left, right}), rect);
     }
 }
 
-TEST(BroughtOnScreen, MovesWhatIsPartlyOffItByTheLeastDistance) {
+TEST(BroughtOnScreen, MovesRectanglesPartlyOffTheScreenByTheShortestDistance) {
     EXPECT_EQ(broughtOnScreen({-50, 100, 200, 100}, {left, right}), QRect(0, 100, 200, 100));
     EXPECT_EQ(broughtOnScreen({100, 750, 200, 100}, {left, right}), QRect(100, 700, 200, 100));
     // Half on each: the one with the greater part takes it.
@@ -64,13 +64,13 @@ TEST(BroughtOnScreen, MovesWhatIsPartlyOffItByTheLeastDistance) {
     EXPECT_EQ(broughtOnScreen({850, 200, 200, 100}, {left, right}), QRect(800, 200, 200, 100));
 }
 
-TEST(BroughtOnScreen, TakesTheNearestScreenForWhatIsOnNone) {
+TEST(BroughtOnScreen, MovesRectanglesOnNoScreenToTheNearestOne) {
     EXPECT_EQ(broughtOnScreen({2900, 300, 200, 100}, {left, right}), QRect(2400, 300, 200, 100));
     EXPECT_EQ(broughtOnScreen({2900, 300, 200, 100}, {left}), QRect(800, 300, 200, 100));
     EXPECT_EQ(broughtOnScreen({-5000, -5000, 200, 100}, {left, right}), QRect(0, 0, 200, 100));
 }
 
-TEST(BroughtOnScreen, CutsWhatIsLargerThanTheScreenAndShowsItsUpperLeftCorner) {
+TEST(BroughtOnScreen, CutsRectanglesLargerThanTheScreenAtTheLowerRight) {
     EXPECT_EQ(broughtOnScreen({-10, -20, 1200, 900}, {left}), left);
     EXPECT_EQ(broughtOnScreen({500, 10, 1200, 50}, {left}), QRect(0, 10, 1000, 50));
 }

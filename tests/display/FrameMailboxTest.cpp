@@ -57,7 +57,7 @@ TEST(FrameMailbox, NeverGivesAnOlderFrameAfterANewerOneAcrossThreads) {
     EXPECT_EQ(taken + box.droppedFrames(), static_cast<std::uint64_t>(frames));
 }
 
-TEST(DisplayWindows, DeliverToTheSinkBehindTheHandleAndToNobodyAfterDetach) {
+TEST(DisplayWindows, DeliverToTheSinkOfTheHandleUntilDetach) {
     FrameMailbox one([] {});
     FrameMailbox two([] {});
     DisplayWindows windows;

@@ -63,7 +63,7 @@ TEST_F(Lengths, AResultThatLeaves32BitsGivesZeroAndOneLogLine) {
     EXPECT_THAT(host.logLines, ElementsAre(toStageFailed, toFrameFailed));
 }
 
-TEST_F(Lengths, FieldFactorsThatAreNoNumbersGiveZeroAndOneLogLine) {
+TEST_F(Lengths, InvalidFieldFactorsGiveZeroAndOneLogLine) {
     EXPECT_EQ(conversion.frameToStage(400, std::numeric_limits<Single>::quiet_NaN(), {1, 2}), 0);
     EXPECT_EQ(conversion.stageToFrame(400, std::numeric_limits<Single>::quiet_NaN(), 1, 2), 0);
     EXPECT_THAT(host.logLines, ElementsAre(toStageFailed, toFrameFailed));

@@ -38,7 +38,7 @@ TEST_F(Scale, SpansItsValueOfTheFieldAtEveryWidthOfTheDisplayAndNeverMoreThanThe
     }
 }
 
-TEST_F(Scale, OfAWiderDisplayStandsForMore) {
+TEST_F(Scale, OfAWiderDisplayRepresentsMore) {
     EXPECT_EQ(marker(5760 * 2).scaleValue, 200);
     EXPECT_EQ(marker(5760 * 3).scaleValue, 500);
     // A thousand units do not find room on a picture of 640.

@@ -100,7 +100,7 @@ TEST_F(LiveDisplay, ShowsEveryRowOfAFrameOfItsOwnSize) {
     }
 }
 
-TEST_F(LiveDisplay, CountsAFrameWhoseLowerPartLiesBehindSomething) {
+TEST_F(LiveDisplay, CountsAFrameWhoseLowerPartIsCovered) {
     QWidget cover(&display);
     cover.setAttribute(Qt::WA_OpaquePaintEvent);
     cover.setGeometry(0, 144, 384, 144);
@@ -111,7 +111,7 @@ TEST_F(LiveDisplay, CountsAFrameWhoseLowerPartLiesBehindSomething) {
     EXPECT_EQ(display.framesShown(), 1U);
 }
 
-TEST_F(LiveDisplay, ShowsAFrameOnceHoweverOftenItIsRepainted) {
+TEST_F(LiveDisplay, CountsAFrameOnceEvenIfItIsRepainted) {
     windows.deliver(display.hWnd(), plainFrame(384, 288, 0xff000001));
     ASSERT_TRUE(waitForFrames(1));
     display.repaint();
@@ -128,7 +128,7 @@ TEST_F(LiveDisplay, DropsFramesThatComeFasterThanTheyCanBeDrawn) {
     EXPECT_EQ(display.framesDropped(), 4U);
 }
 
-TEST_F(LiveDisplay, TellsTheMouseInTwipsFromItsCorner) {
+TEST_F(LiveDisplay, ReportsMousePositionsInTwipsFromItsCorner) {
     QSignalSpy up(&display, &MilDisplay::mouseUp);
     QTest::mouseClick(&display, Qt::LeftButton, Qt::NoModifier, QPoint(100, 40));
     ASSERT_EQ(up.count(), 1);
@@ -140,7 +140,7 @@ TEST_F(LiveDisplay, TellsTheMouseInTwipsFromItsCorner) {
     EXPECT_EQ(moved.last()[2].toFloat(), 150.0F);
 }
 
-TEST_F(LiveDisplay, FramesForAHandleThatIsGoneHarmNothing) {
+TEST_F(LiveDisplay, FramesForAnOldHandleDoNoHarm) {
     Long handle = 0;
     {
         const MilDisplay gone(windows, nullptr);

@@ -26,7 +26,7 @@ PixelSize fitted(PixelSize display, PixelSize before, PixelSize screen = hugeScr
 
 } // namespace
 
-TEST(ShownScale, TellsHowManyPixelsOfThePictureAScreenPixelShows) {
+TEST(ShownScale, IsThePixelsOfThePicturePerScreenPixel) {
     EXPECT_EQ(shownScale(camera, {384, 288}), (ShownScale{2.0, 2.0, false}));
     EXPECT_EQ(shownScale(camera, {768, 576}), (ShownScale{1.0, 1.0, false}));
     EXPECT_EQ(shownScale(camera, {768, 288}), (ShownScale{1.0, 2.0, true}));

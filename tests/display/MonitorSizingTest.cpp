@@ -92,7 +92,7 @@ TEST_F(Sizing, TheStartShowsTheBufferReducedByTwo) {
     EXPECT_EQ(sizing.fields().InitImageSizeY, 288 * 15);
 }
 
-TEST_F(Sizing, TheBufferIsAllocatedAndDescribedBeforeTheBoardIsToldTheZoom) {
+TEST_F(Sizing, TheBufferIsAllocatedAndDescribedBeforeTheBoardGetsTheZoom) {
     sizing.ComputeInitialSize();
     ASSERT_GE(host.calls.size(), 3U);
     EXPECT_EQ(host.calls[0].rfind("TarnVideoBufferAlloc", 0), 0U);
@@ -104,7 +104,7 @@ TEST_F(Sizing, TheBufferIsAllocatedAndDescribedBeforeTheBoardIsToldTheZoom) {
     EXPECT_EQ(host.displayRequests[0].fullSize, 0);
 }
 
-TEST_F(Sizing, TheFramesStandRoundTheImageToTheTwip) {
+TEST_F(Sizing, TheFramesSurroundTheImageToTheTwip) {
     start();
     EXPECT_EQ(window.rects[MonitorPart::milDisp], (TwipsRect{30, 120, 5760, 4320}));
     EXPECT_EQ(window.rects[MonitorPart::frImage], (TwipsRect{360, 360, 5760 + 90, 4320 + 170}));
@@ -182,7 +182,7 @@ TEST_F(Sizing, AWindowDraggedSmallerThanTheFramesNeedGivesASmallestImageNeverANe
     EXPECT_EQ(window.rects[MonitorPart::milDisp].height, 360);
 }
 
-TEST_F(Sizing, WithoutABoardTheDisplaysOwnSizeStandsInForTheBuffer) {
+TEST_F(Sizing, WithoutABoardTheDisplaysSizeReplacesTheBuffers) {
     host.bufferHandle = -1;
     start();
     EXPECT_TRUE(host.callsOf("TarnVideoGetBufferDesc").empty());
@@ -217,7 +217,7 @@ TEST_F(Sizing, TheMicroMarkersBottomMeetsTheBottomOfTheSmallerOfImageAndInitialI
     EXPECT_EQ(window.rects[MonitorPart::frMicroMarker].width, 5760);
 }
 
-TEST_F(Sizing, WhileBusyNothingIsComputedAndNoHostIsAsked) {
+TEST_F(Sizing, WhileBusyNothingIsComputedAndNoHostFunctionCalled) {
     start();
     host.calls.clear();
     sizing.setBusy(true);
@@ -259,7 +259,7 @@ TEST_F(Sizing, AnErrorWhileResizingIsOneLogLine) {
     EXPECT_EQ(host.logLines[0].substr(host.logLines[0].size() - 2), "\r\n");
 }
 
-TEST_F(Sizing, AMarkerThatCannotBeComputedIsOneLogLineAndTheStateIsRefreshedAllTheSame) {
+TEST_F(Sizing, AMarkerThatCannotBeComputedIsOneLogLineAndTheStateIsStillRefreshed) {
     start();
     host.logLines.clear();
     window.onRedraw = [] { throw ArithmeticError("Division by zero"); };

@@ -172,7 +172,7 @@ TEST_F(OnTheLiveImage, BarsAreSmallControlsOfTheDisplayWithoutWindowsOfTheirOwn)
     EXPECT_EQ(frCross.bars()[2]->objectName(), QStringLiteral("frCross2"));
 }
 
-TEST_F(OnTheLiveImage, AFrameIsDrawnOnceWhetherOverlaysLieOnItOrNot) {
+TEST_F(OnTheLiveImage, AFrameIsDrawnOnceWithAndWithoutOverlays) {
     CountPaints counter;
     display.installEventFilter(&counter);
     for (int i = 0; i < 5; ++i) {

@@ -96,7 +96,7 @@ TEST(CrossGeometry, StaysInTheMiddleOfAStretchedPictureAsThickAsItWas) {
                             PixelRect{383, 64, 2, 70}, PixelRect{383, 154, 2, 70}));
 }
 
-TEST(GridGeometry, LiesHalfAPitchRoundTheCentreAndWholePitchesOnFromThere) {
+TEST(GridGeometry, BeginsHalfAPitchFromTheCentreAndContinuesInWholePitches) {
     const GridBars grid = gridBars(centre, {100, 96, 2}, mapping(), screen);
     ASSERT_EQ(grid.bars.size(), 4U + 4U);
     EXPECT_THAT(lefts(grid.bars, 4), ElementsAre(41, 141, 241, 341));

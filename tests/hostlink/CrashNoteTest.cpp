@@ -38,7 +38,7 @@ TEST(CallMark, NamesTheInnermostCallAndThenTheOneAroundIt) {
     EXPECT_EQ(mark.current(), nullptr);
 }
 
-TEST(LoadWatch, NamesWhatHasNotEndedWithinTheBound) {
+TEST(LoadWatch, NamesACallThatHasNotEndedInTime) {
     CallMark mark;
     const CallMark::Scope loading(mark, "the loading of tn_video.so");
     std::promise<std::string> late;
@@ -47,7 +47,7 @@ TEST(LoadWatch, NamesWhatHasNotEndedWithinTheBound) {
     EXPECT_EQ(late.get_future().get(), "the loading of tn_video.so");
 }
 
-TEST(LoadWatch, SaysNothingWhenItEndsInTime) {
+TEST(LoadWatch, DoesNotReportACallThatEndsInTime) {
     const CallMark mark;
     bool said = false;
     {
@@ -137,7 +137,7 @@ TEST_F(CrashNotes, AreNotWrittenWhenTheProcessIsEndedFromOutside) {
     EXPECT_EQ(CrashNote::take(note), "");
 }
 
-TEST_F(CrashNotes, ThatSomebodyPlantedAsALinkOrAFifoAreNeitherReadNorWritten) {
+TEST_F(CrashNotes, PlantedAsALinkOrFifoAreNeitherReadNorWritten) {
     folder.write("private", "precious");
     std::filesystem::create_symlink(folder.path() / "private", note);
     endOf([] { ::raise(SIGSEGV); });

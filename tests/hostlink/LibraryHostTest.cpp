@@ -67,13 +67,13 @@ TEST(LibraryHost, AMissingFunctionIsNamedWithItsLibrary) {
                 HasSubstr(fileOf("tn_vduti") + " has no function TarnVideoBufferComputeStatistics"));
 }
 
-TEST(LibraryHost, AFileThatIsNoLibraryIsNamed) {
+TEST(LibraryHost, AFileThatIsNotALibraryIsNamed) {
     const HostFolder folder;
     folder.write(fileOf("tn_video"), "no library");
     EXPECT_THAT(folder.whyNot(), HasSubstr(fileOf("tn_video") + " cannot be loaded"));
 }
 
-TEST(LibraryHost, ALibraryThatIsCutOffIsNamedAndNotLoaded) {
+TEST(LibraryHost, ATruncatedLibraryIsNamedAndNotLoaded) {
     const HostFolder folder;
     const auto file = folder.path() / fileOf("tn_video");
     const std::string whole = folder.read(fileOf("tn_video"));
@@ -85,7 +85,7 @@ TEST(LibraryHost, ALibraryThatIsCutOffIsNamedAndNotLoaded) {
 }
 
 #ifndef _WIN32
-TEST(LibraryHost, APipeInThePlaceOfALibraryIsNamedAndNotWaitedFor) {
+TEST(LibraryHost, APipeInPlaceOfALibraryIsNamedAndNotWaitedFor) {
     const HostFolder folder;
     folder.remove("tn_video");
     ASSERT_EQ(::mkfifo((folder.path() / fileOf("tn_video")).c_str(), 0600), 0);
@@ -112,7 +112,7 @@ TEST(LibraryHost, AnEmptyFolderSaysHowManyMoreAreMissing) {
         LibraryHostError);
 }
 
-TEST(LibraryHost, ATextWithoutEndIsCutToWhatWasAskedFor) {
+TEST(LibraryHost, AnUnterminatedTextIsCutToTheBufferSize) {
     LibraryHost host(LYING_HOST_FOLDER, noNotifier);
     for (const TarnLong size : {0, 1, 40, 128, 200}) {
         std::string buffer(static_cast<std::size_t>(size) + 8, '#');
@@ -126,7 +126,7 @@ TEST(LibraryHost, ATextWithoutEndIsCutToWhatWasAskedFor) {
     }
 }
 
-TEST(LibraryHost, ARecordThatIsLongerThanOursHarmsNothing) {
+TEST(LibraryHost, ATooLongRecordDoesNoHarm) {
     LibraryHost host(LYING_HOST_FOLDER, noNotifier);
     struct {
         TarnBufferDesc descriptor{sizeof(TarnBufferDesc), 0, 0, 0, 0};
@@ -137,7 +137,7 @@ TEST(LibraryHost, ARecordThatIsLongerThanOursHarmsNothing) {
     EXPECT_THAT(ours.behind, testing::Each(0));
 }
 
-TEST(LibraryHost, WhatWasLoadedIsLetGoOfAtTheEnd) {
+TEST(LibraryHost, LibrariesAreUnloadedAtTheEnd) {
     const HostFolder folder;
     { LibraryHost host(folder.path(), noNotifier); }
     folder.remove("tn_vduti");

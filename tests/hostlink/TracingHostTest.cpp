@@ -142,7 +142,7 @@ TEST(TracingHost, ShowsFloatsSoThatTheyReadBackExactly) {
     }
 }
 
-TEST(TracingHost, ShowsWhatIsNoNumberAsText) {
+TEST(TracingHost, ShowsNumbersThatAreNotFiniteAsText) {
     Rig rig;
     const Double infinite = std::numeric_limits<Double>::infinity();
     rig.host->tn_video().TarnVideoCameraSetReferences(1, infinite, -infinite);
@@ -152,7 +152,7 @@ TEST(TracingHost, ShowsWhatIsNoNumberAsText) {
     EXPECT_NE(lines.at(1).find(R"("in":[1,"nan","nan"])"), std::string::npos);
 }
 
-TEST(TracingHost, NeverReadsBeyondATextBufferWhateverTheHostClaims) {
+TEST(TracingHost, NeverReadsBeyondATextBufferForAnyReportedLength) {
     Rig rig;
     std::array<char, 4> buffer = {};
     rig.stub.dirStd = "abcd";
@@ -212,7 +212,7 @@ TEST(TracingHost, AppendsToTheLinesOfAnEarlierRun) {
     EXPECT_EQ(objects[1][QLatin1String("seq")].toInt(), 1);
 }
 
-TEST(TracingHost, SaysOnceThatItsFileCannotBeOpenedAndGoesOn) {
+TEST(TracingHost, ReportsOnceThatItsFileCannotBeOpenedAndContinues) {
     const TraceFile file;
     StubHost stub;
     testing::internal::CaptureStderr();
@@ -227,7 +227,7 @@ TEST(TracingHost, SaysOnceThatItsFileCannotBeOpenedAndGoesOn) {
 
 #ifndef _WIN32
 
-TEST(TracingHost, DoesNotTakeAPipeWhoseReaderCouldHoldTheProgramUp) {
+TEST(TracingHost, RefusesAPipeWhoseReaderCouldBlockTheProgram) {
     const TraceFile file;
     ASSERT_EQ(::mkfifo(file.path().c_str(), 0600), 0);
     StubHost stub;
@@ -238,7 +238,7 @@ TEST(TracingHost, DoesNotTakeAPipeWhoseReaderCouldHoldTheProgramUp) {
 }
 
 #ifdef __linux__
-TEST(TracingHost, GoesOnWhenItsFileIsADevice) {
+TEST(TracingHost, ContinuesIfItsFileIsADevice) {
     StubHost stub;
     TracingHost host(stub, "/dev/full");
     for (int i = 0; i < 10; ++i) {

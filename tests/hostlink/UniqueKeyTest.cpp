@@ -13,7 +13,7 @@ TEST(UniqueKey, IsTheHosts) {
     EXPECT_EQ(host.calls, std::vector<std::string>{"TarnGetUniqueObjectKey(40)"});
 }
 
-TEST(UniqueKey, IsEmptyOrCutWhateverTheHostClaims) {
+TEST(UniqueKey, IsEmptyOrCutForAnyReportedLength) {
     StubHost host;
     host.results["TarnGetUniqueObjectKey"] = -1;
     EXPECT_EQ(uniqueObjectKey(host.Tn_log()), "");

@@ -75,7 +75,7 @@ TEST(CommandLine, OnlyTheFirstWordCounts) {
     EXPECT_FALSE(scanned("-client -server").serverMode);
 }
 
-TEST(CommandLine, AnyOtherFirstWordSelectsNoModeWhateverFollows) {
+TEST(CommandLine, AnyOtherFirstWordSelectsNoMode) {
     for (const char* line : {"", "   ", "file.tif -server", "-serverx", "server", "--server", "x -client"}) {
         EXPECT_FALSE(scanned(line).serverMode) << line;
         EXPECT_FALSE(scanned(line).clientMode) << line;
@@ -204,7 +204,7 @@ TEST_F(Server, AnAutofocusWhileAwakeLeavesTheCountdownStoppedAndTheIdleCountUnre
     EXPECT_EQ(ticksUntilTheEnd(10), 1);
 }
 
-TEST_F(Server, TheIdleCountConfiguredLastStandsInForAnAbsentKey) {
+TEST_F(Server, TheLastIdleCountIsUsedForAnAbsentKey) {
     idleCount = 3;
     receive("OCUVA_SLEEP");
     receive("OCUVA_AUTOFOCUS");
@@ -249,7 +249,7 @@ TEST_F(Server, AQuestionWhileSleepingLeavesTheCountdownAlone) {
     EXPECT_TRUE(flags.sleeping);
 }
 
-TEST_F(Server, EachAutofocusStartsTheCountdownAnew) {
+TEST_F(Server, EachAutofocusRestartsTheCountdown) {
     idleCount = 2;
     receive("OCUVA_SLEEP");
     receive("OCUVA_AUTOFOCUS");
@@ -259,7 +259,7 @@ TEST_F(Server, EachAutofocusStartsTheCountdownAnew) {
     EXPECT_EQ(ticksUntilTheEnd(10), 3);
 }
 
-TEST_F(Server, OnlyTheIdentifierDecidesWhateverComponentAndHandlerSay) {
+TEST_F(Server, OnlyTheIdentifierDecidesNotComponentAndHandler) {
     server.onNotify({-7, "", "", "OCUVA_SLEEP"});
     EXPECT_TRUE(flags.sleeping);
 }
@@ -287,7 +287,7 @@ struct LogLine : testing::Test {
 
 } // namespace
 
-TEST_F(LogLine, GoesToTheHostsLogAsItStands) {
+TEST_F(LogLine, GoesToTheHostsLogUnchanged) {
     server.logLine("a line\r\n");
     EXPECT_THAT(host.logLines, ElementsAre("a line\r\n"));
     EXPECT_THAT(shown, IsEmpty());

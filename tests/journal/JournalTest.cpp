@@ -66,7 +66,7 @@ TEST(JournalLine, IsTimeWhatFromToAndResult) {
               "2026-11-21T07:00:00.125+01:00,move,1,2,3,-4,5,6,ended\n");
 }
 
-TEST(JournalLine, HasAsManyFieldsAsTheHeaderWhateverIsUnknown) {
+TEST(JournalLine, HasAsManyFieldsAsTheHeaderEvenIfSomeAreUnknown) {
     const auto commas = [](std::string_view line) { return std::count(line.begin(), line.end(), ','); };
     EXPECT_EQ(commas(journalLine("t", {"request", {}, {}, "OCUVA_WAKEUP"})), commas(journalHeader));
     EXPECT_EQ(journalLine("t", {"request", {}, {}, "OCUVA_WAKEUP"}), "t,request,,,,,,,OCUVA_WAKEUP\n");
@@ -78,7 +78,7 @@ TEST(JournalLine, PutsTextsThatWouldBreakItInQuotationMarks) {
     EXPECT_THAT(journalLine("t", {"picture", {}, {}, " blank"}), HasSubstr(R"(," blank")"));
 }
 
-TEST(JournalLine, IsOneLineWhateverTheTextHolds) {
+TEST(JournalLine, IsOneLineForAnyText) {
     EXPECT_EQ(journalLine("t", {"picture", {}, {}, "a\r\nb"}), "t,picture,,,,,,,a  b\n");
 }
 
@@ -101,7 +101,7 @@ TEST_F(JournalFile, HasTheHeaderInEachFileAfterARotation) {
     }
 }
 
-TEST_F(JournalFile, ThatCannotBeOpenedIsComplainedOfOnce) {
+TEST_F(JournalFile, ThatCannotBeOpenedIsReportedOnce) {
     Journal journal = open("nowhere/journal.csv");
     journal.write(aMove);
     journal.write(aMove);
@@ -109,7 +109,7 @@ TEST_F(JournalFile, ThatCannotBeOpenedIsComplainedOfOnce) {
     EXPECT_THAT(complaints.front(), HasSubstr("journal.csv cannot be opened"));
 }
 
-TEST_F(JournalFile, GoesOnWhenItsFolderIsBackAndComplainsOfTheNextTrouble) {
+TEST_F(JournalFile, ContinuesWhenItsFolderIsBackAndReportsTheNextFailure) {
     std::filesystem::create_directory(folder / "sub");
     Journal journal = open("sub/journal.csv");
     journal.write(aMove);
@@ -126,7 +126,7 @@ TEST_F(JournalFile, GoesOnWhenItsFolderIsBackAndComplainsOfTheNextTrouble) {
 }
 
 #ifdef __linux__
-TEST(JournalInADevice, IsNotWrittenAndComplainedOfOnce) {
+TEST(JournalInADevice, IsNotWrittenAndReportedOnce) {
     std::vector<std::string> complaints;
     Journal journal(
         "/dev/full", [] { return std::string("now"); },
@@ -138,7 +138,7 @@ TEST(JournalInADevice, IsNotWrittenAndComplainedOfOnce) {
 }
 #endif
 
-TEST_F(StageJournal, TellsAMoveFromWhereItWasShownToWhereItEnded) {
+TEST_F(StageJournal, RecordsAMoveFromTheShownPositionToItsEnd) {
     watch->UpdateStagePos();
     host.position[axisX] = 100;
     watch->SyncStageMove(axisAll);
@@ -152,13 +152,13 @@ TEST_F(StageJournal, LeavesOutWhereAMoveBeganWhenThatWasNeverRead) {
     EXPECT_THAT(lines, ElementsAre("t,move,,,,0,0,0,ended\n"));
 }
 
-TEST_F(StageJournal, TellsNothingOfAPositionThatWasOnlyRead) {
+TEST_F(StageJournal, DoesNotRecordPositionsThatWereOnlyRead) {
     watch->UpdateStagePos();
     watch->moveEnded();
     EXPECT_THAT(lines, IsEmpty());
 }
 
-TEST_F(StageJournal, TellsOfAMoveThatTheProgramDidNotLiveToSeeEnd) {
+TEST_F(StageJournal, RecordsAMoveThatWasStillRunningAtTheProgramsEnd) {
     host.status[axisX] = {1};
     watch->SyncStageMove(axisAll);
     watch->tick();
@@ -166,7 +166,7 @@ TEST_F(StageJournal, TellsOfAMoveThatTheProgramDidNotLiveToSeeEnd) {
     EXPECT_THAT(lines, ElementsAre("t,move,,,,,,,not ended when the program ended\n"));
 }
 
-TEST_F(StageJournal, AsksTheHostNothingMore) {
+TEST_F(StageJournal, CausesNoHostCalls) {
     watch->SyncStageMove(axisAll);
     watch->tick();
     EXPECT_THAT(host.calls, ElementsAre("TarnStartStage(0)", "TarnReadStageStatus(1, 0)",
@@ -174,7 +174,7 @@ TEST_F(StageJournal, AsksTheHostNothingMore) {
                                         "TarnReadStagePos(1)", "TarnReadStagePos(2)", "TarnReadStagePos(3)"));
 }
 
-TEST_F(StageJournal, TellsOfAFocusWhatTheHostSaidAndNoMore) {
+TEST_F(StageJournal, RecordsOnlyTheHostsResultOfAFocusSearch) {
     NoAutomation automation;
     CTnVideoBoard board{host.tn_video()};
     const CTnVideoImage image{host.tn_video(), host.tn_vduti(), automation};
@@ -192,7 +192,7 @@ TEST_F(StageJournal, TellsOfAFocusWhatTheHostSaidAndNoMore) {
     EXPECT_THAT(lines, ElementsAre("t,focus,0,0,0,0,0,0,searched\n", "t,focus,0,0,0,0,0,0,searched\n"));
 }
 
-TEST(RequestJournal, TellsEachRequestOfTheHostAndNoOtherMessage) {
+TEST(RequestJournal, RecordsEachRequestOfTheHostAndNoOtherMessage) {
     StubHost host;
     ProcessFlags flags;
     DeafWindow window;

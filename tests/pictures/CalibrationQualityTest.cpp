@@ -57,14 +57,14 @@ const CalibrationPoints good{false,
 
 } // namespace
 
-TEST(CalibrationQuality, TellsTheScaleInStageUnitsAcrossThePicture) {
+TEST(CalibrationQuality, ReportsTheScaleInStageUnitsAcrossThePicture) {
     const CalibrationQuality quality = calibrationQuality(good);
     EXPECT_DOUBLE_EQ(*quality.unitsPerWidth, 640.0);
     EXPECT_DOUBLE_EQ(*quality.unitsPerHeight, 480.0);
     EXPECT_THAT(quality.remarks, IsEmpty());
 }
 
-TEST(CalibrationQuality, TellsAngleAndTurnOfAnyCameraOverAllMirrorsAndOrigins) {
+TEST(CalibrationQuality, ComputesAngleAndRotationForAllMirrorsAndOrigins) {
     for (const double mirrorX : {-1.0, 1.0}) {
         for (const double mirrorY : {-1.0, 1.0}) {
             for (const double origin : {-20000.0, 0.0, 12345.0}) {
@@ -171,7 +171,7 @@ TEST(CalibrationQuality, NamesPointsThatAreNearlyOnOneLine) {
     EXPECT_THAT(remarksOn(points), ElementsAre(Kind::NearLineOnPicture, Kind::NearLineOnStage));
 }
 
-TEST(CalibrationQuality, TellsThatAStageAxisDoesNotChangeOverThePicture) {
+TEST(CalibrationQuality, ReportsAStageAxisThatDoesNotChangeAcrossThePicture) {
     CalibrationPoints points = good;
     points.points[1].XS = points.points[0].XS;
     points.points[1].YS += 300;
@@ -184,7 +184,7 @@ TEST(CalibrationQuality, TellsThatAStageAxisDoesNotChangeOverThePicture) {
     EXPECT_THAT(remarksOn(points), ElementsAre(Kind::FlatY));
 }
 
-TEST(CalibrationQuality, TellsThatPointsAreTooFarApartToCompute) {
+TEST(CalibrationQuality, ReportsPointsThatAreTooFarApartToCompute) {
     CalibrationPoints points = good;
     points.points[0].XI = -32768;
     points.points[1].XI = 32767;
@@ -197,7 +197,7 @@ TEST(CalibrationQuality, TellsThatPointsAreTooFarApartToCompute) {
 
 // Whatever the points are: it is computable exactly when the picture plan can be computed, and every number
 // that it tells is one.
-TEST(CalibrationQuality, AgreesWithThePlanAboutWhatCanBeComputedWhateverThePointsAre) {
+TEST(CalibrationQuality, AgreesWithThePlanOnWhetherAnyPointsCanBeComputed) {
     std::mt19937 random(20240711);
     std::uniform_int_distribution<int> coarse(-3, 3);
     for (int i = 0; i < 20000; ++i) {

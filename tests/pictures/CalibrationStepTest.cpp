@@ -43,7 +43,7 @@ TEST(NextCalibrationStep, IsToCorrectABoxThatHoldsNoNumber) {
               (CalibrationStep{CalibrationStep::Kind::Correct, 1, PointField::YS}));
 }
 
-TEST(NextCalibrationStep, IsToAcceptWhatCanBeComputedAndNothingElse) {
+TEST(NextCalibrationStep, AcceptsOnlyPointsThatCanBeComputed) {
     std::array<PointTexts, 3> texts = usableTexts();
     EXPECT_EQ(nextCalibrationStep(false, texts).kind, CalibrationStep::Kind::Accept);
     texts[2] = {};

@@ -84,7 +84,7 @@ TEST_F(CalibrationKept, ThatWasDamagedIsNone) {
     }
 }
 
-TEST_F(CalibrationKept, TellsWhenTheHostCouldNotKeepIt) {
+TEST_F(CalibrationKept, ReportsThatTheHostCouldNotStoreIt) {
     host.results["TarnRegisterSetString"] = 0;
     EXPECT_FALSE(store.save(three));
 }

@@ -64,7 +64,7 @@ TEST(RelationOfViews, IsUnknownWithoutAPlaceAndNoneAtAnotherMagnification) {
     EXPECT_EQ(relationTo(liveHere, liveAt(100, -200, 100)).kind, ViewRelation::Kind::OtherMagnification);
 }
 
-TEST(RelationOfViews, OfAStoredPictureToItselfIsTheSameWhereverItWasTaken) {
+TEST(RelationOfViews, OfAStoredPictureToItselfIsTheSameForAnyPlace) {
     EXPECT_EQ(relationTo(storedSomewhere, storedSomewhere).kind, ViewRelation::Kind::Same);
     EXPECT_EQ(relationTo(storedSomewhere, {"/pictures/b.tif", {}}).kind, ViewRelation::Kind::Unknown);
 }

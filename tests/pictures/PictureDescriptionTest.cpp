@@ -113,13 +113,13 @@ TEST(PictureDescription, NamesTheLineThatDoesNotParse) {
     EXPECT_THAT(errorOf(replaced(threePointText, "#Zoom", "#zoom")), HasSubstr("Line 3 "));
 }
 
-TEST(PictureDescription, StandsBesideItsPictureWithTheLastThreeCharactersReplaced) {
+TEST(PictureDescription, IsNextToItsPictureWithTheLastThreeCharactersReplaced) {
     EXPECT_EQ(descriptionName("Video.tif"), "Video.pic");
     EXPECT_EQ(descriptionName("a/b.c/Video.BMP"), "a/b.c/Video.pic");
     EXPECT_EQ(descriptionName("ab"), "");
 }
 
-TEST_F(PictureFolder, KeepsADescriptionBesideThePictureAndGivesItBack) {
+TEST_F(PictureFolder, KeepsADescriptionNextToThePictureAndReadsItBack) {
     writeDescription(path("Video.tif"), threePoints);
     EXPECT_EQ(content(path("Video.pic")), threePointText);
     EXPECT_EQ(readDescription(path("Video.tif")), threePoints);

@@ -83,7 +83,7 @@ TEST_F(SavedPictures, GoInManyStripsWhenTheyAreLarge) {
     EXPECT_EQ(openPicture(folder / "Video.tif").image, large);
 }
 
-TEST_F(SavedPictures, HaveTheirDescriptionBesideThemAndNothingElse) {
+TEST_F(SavedPictures, HaveOnlyTheirDescriptionNextToThem) {
     savePicture(folder / "Video.tif", samplePicture(grey), points);
     EXPECT_EQ(readDescription(folder / "Video.tif"), points);
     EXPECT_EQ(files(), 2U);
@@ -187,13 +187,13 @@ TEST_F(SavedPictures, WhoseDescriptionFindsNoPlaceAreRefusedBeforeAnythingChange
     EXPECT_EQ(files(), 1U);
 }
 
-TEST_F(OpenedPictures, ThatAreMissingOrFoldersAreRefusedInWords) {
+TEST_F(OpenedPictures, ThatAreMissingOrFoldersAreRefusedWithAReason) {
     EXPECT_THAT(errorOfOpening("Video.tif"), HasSubstr("no such file"));
     std::filesystem::create_directory(folder / "Video.tif");
     EXPECT_THAT(errorOfOpening("Video.tif"), HasSubstr("cannot be read"));
 }
 
-TEST_F(OpenedPictures, AreToldByTheirFirstBytesAndNotByTheirNames) {
+TEST_F(OpenedPictures, AreRecognisedByTheirFirstBytesAndNotByTheirNames) {
     writeTiffFile(folder / "really-tiff.bmp", samplePicture(grey));
     EXPECT_EQ(openPicture(folder / "really-tiff.bmp").image, grey);
     folder.write("text.tif", "Hello");
@@ -305,7 +305,7 @@ TEST_F(OpenedPictures, SavedAgainKeepTheirScaleAndNotes) {
     EXPECT_EQ(bytesOf(folder, "a.tif"), bytesOf(folder, "b.tif"));
 }
 
-TEST_F(OpenedPictures, ThatLieOnTheirSideAreShownUpright) {
+TEST_F(OpenedPictures, StoredOnTheirSideAreShownUpright) {
     writeForeign("side.tif", [](TIFF* file) {
         TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, 8);
         TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
@@ -328,7 +328,7 @@ TEST_F(OpenedPictures, ThatLieOnTheirSideAreShownUpright) {
     EXPECT_EQ(opened.scale.pixelsPerCmY, 100.0);
 }
 
-TEST_F(OpenedPictures, WhosePixelsAreNoGreyLevelsAreRefusedWithAWayOut) {
+TEST_F(OpenedPictures, WithPixelsThatAreNotGreyLevelsAreRefusedWithAdvice) {
     const struct {
         int format;
         int bits;

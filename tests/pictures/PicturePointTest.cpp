@@ -21,7 +21,7 @@ TEST(PicturePoints, AreMeasuredOnEachAxisByItsOwnLength) {
     EXPECT_EQ(picturePoint(0.0F, 0.0F, 5760, 4320), (PicturePoint{}));
 }
 
-TEST(PicturePoints, LieBeyondTheScaleOffThePicture) {
+TEST(PicturePoints, AreOutsideTheScaleIfOutsideThePicture) {
     EXPECT_EQ(picturePoint(-100.0F, 300.0F, 100, 200), (PicturePoint{-10000.0F, 15000.0F}));
 }
 

@@ -83,7 +83,7 @@ TEST(TypedCalibrationPoints, FitInto16BitsOnThePictureAnd32OnTheStage) {
     EXPECT_NE(complaint(false, texts).find("Point 3, stage Z: "), std::string::npos);
 }
 
-TEST(TypedCalibrationPoints, StandInTheirBoxesAsTheyWillBeReadAgain) {
+TEST(TypedCalibrationPoints, AreShownAsTheyWillBeReadAgain) {
     const CalibrationPoint point{-32768, 32767, -2147483647 - 1, 2147483647, -1};
     EXPECT_EQ(typedPoints(false, {pointTexts(point), goodTexts()[1], goodTexts()[2]}).points[0], point);
 }

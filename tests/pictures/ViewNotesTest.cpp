@@ -42,7 +42,7 @@ TEST(ViewNotes, OfItsOwnViewOrOfNoneBelongToThePicture) {
     EXPECT_EQ(viewOfPoints(notedPoints, notesOf({}, taken), stored), stored);
 }
 
-TEST(ViewNotes, OfAnUnknownViewOrOfOtherPointsBelongToNobodyKnowsWhere) {
+TEST(ViewNotes, OfAnUnknownViewOrOfOtherPointsHaveNoKnownPlace) {
     EXPECT_EQ(viewOfPoints(notedPoints, notesOf(CalibrationView{}, taken), stored), CalibrationView{});
     CalibrationPoints others = points;
     others.points[0].XS = 77;

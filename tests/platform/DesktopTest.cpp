@@ -14,7 +14,7 @@ TEST(Desktop, AnOrdinaryStartIsNotInTheDevelopmentEnvironment) {
     EXPECT_FALSE(runsInDevelopmentEnvironment(0));
 }
 
-TEST(Desktop, DrawingIsFrozenOnlyWhileItIsAskedFor) {
+TEST(Desktop, DrawingIsFrozenOnlyOnRequest) {
     QWidget window;
     window.show();
     {

@@ -5,7 +5,7 @@
 namespace ocuva {
 namespace {
 
-TEST(SystemAutomation, AClassThatIsNotRegisteredGivesNothing) {
+TEST(SystemAutomation, AnUnregisteredClassGivesNoObject) {
     const auto automation = systemAutomation();
     EXPECT_EQ(automation->create("MILSYSTEM.System"), nullptr);
     EXPECT_EQ(automation->create(""), nullptr);

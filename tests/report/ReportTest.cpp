@@ -98,7 +98,7 @@ TEST_F(FilesOfAReport, AreJournalLogAndSettingsWithTheRotatedOnesInTheirOrder) {
                             "tarn.log.10", "Ocuva.INI", "TARN.INI", "TARN", "simulator.ini"));
 }
 
-TEST_F(FilesOfAReport, AreNothingElseOfTheDataFolder) {
+TEST_F(FilesOfAReport, IncludeNothingElseInTheDataFolder) {
     for (const char* name : {"secret.txt", "tarn.log.lock", "tarn.log.", "tarn.log.1.gz", "tarn.log.12345",
                              "mytarn.log.1", "standards/Cu"}) {
         folder.write(name, "x");
@@ -107,12 +107,12 @@ TEST_F(FilesOfAReport, AreNothingElseOfTheDataFolder) {
                 ElementsAre("journal.csv", "tarn.log", "Ocuva.INI", "TARN.INI", "TARN", "simulator.ini"));
 }
 
-TEST_F(FilesOfAReport, AreTheJournalAloneWhereTheHostsLibrariesKeepTheirOwn) {
+TEST_F(FilesOfAReport, AreOnlyTheJournalIfTheHostsLibrariesKeepTheirOwnFiles) {
     folder.write("tarn.log", "of some other run");
     EXPECT_THAT(names(dataFiles(folder.path(), Keeper::hostLibraries)), ElementsAre("journal.csv"));
 }
 
-TEST_F(FilesOfAReport, AreTheTraceAndThoseBeforeItWhateverItIsCalled) {
+TEST_F(FilesOfAReport, AreTheTraceAndItsOlderFilesWithAnyName) {
     folder.write("spur.txt", "x");
     folder.write("spur.txt.1", "x");
     EXPECT_THAT(names(traceFiles(folder / "spur.txt")), ElementsAre("trace.jsonl", "trace.jsonl.1"));
@@ -120,11 +120,11 @@ TEST_F(FilesOfAReport, AreTheTraceAndThoseBeforeItWhateverItIsCalled) {
     EXPECT_THAT(traceFiles({}), IsEmpty());
 }
 
-TEST_F(FilesOfAReport, AreListedThoughTheDataFolderIsGone) {
+TEST_F(FilesOfAReport, AreListedEvenIfTheDataFolderIsGone) {
     EXPECT_THAT(dataFiles(folder / "nowhere", Keeper::program), testing::SizeIs(6));
 }
 
-TEST_F(PackedReport, HoldsEveryFileByteForByteInOneFolderAndTheVersions) {
+TEST_F(PackedReport, ContainsEveryFileByteForByteAndTheVersionsInOneFolder) {
     const std::string large(200000, 'a');
     data.write("one", std::string("\0\r\n\xff", 4));
     data.write("two", large);
@@ -137,7 +137,7 @@ TEST_F(PackedReport, HoldsEveryFileByteForByteInOneFolderAndTheVersions) {
     EXPECT_THAT(left(), ElementsAre("a.tar.gz"));
 }
 
-TEST_F(PackedReport, IsAZipWhereItsNameSaysSoInAnyLetterCase) {
+TEST_F(PackedReport, IsAZipIfItsNameSaysSoInAnyLetterCase) {
     data.write("one", "text");
     packReport(target / "B.ZIP", contents({{data / "one", "one"}}));
     EXPECT_EQ(target.read("B.ZIP").substr(0, 2), "PK");
@@ -146,7 +146,7 @@ TEST_F(PackedReport, IsAZipWhereItsNameSaysSoInAnyLetterCase) {
     EXPECT_EQ(target.read("C.Tar.Gz").substr(0, 2), "\x1f\x8b");
 }
 
-TEST_F(PackedReport, NamesWhatIsMissingAndPacksTheRest) {
+TEST_F(PackedReport, NamesMissingFilesAndPacksTheRest) {
     data.write("two", "2");
     const auto report = packed({{data / "one", "one"}, {data / "two", "two"}});
     EXPECT_THAT(report, UnorderedElementsAre(Pair("r/two", "2"), Key("r/versions.txt")));
@@ -164,7 +164,7 @@ TEST_F(PackedReport, FollowsNoLinkAndReadsNoFolder) {
 }
 
 #ifdef __linux__
-TEST_F(PackedReport, FillsUpWhatAFileNoLongerHasAndSaysSo) {
+TEST_F(PackedReport, FillsUpAFileThatHasShrunkAndSaysSo) {
     // A file of the kernel's: a page long by its size, and a line by what can be read.
     const std::filesystem::path file = "/sys/devices/system/cpu/online";
     std::ifstream stream(file);
@@ -177,7 +177,7 @@ TEST_F(PackedReport, FillsUpWhatAFileNoLongerHasAndSaysSo) {
                 HasSubstr("  short could be read up to byte " + std::to_string(text.size()) + " only"));
 }
 
-TEST_F(PackedReport, ThatFindsNoSpaceOnTheDiskLeavesTheOneBeforeAndSaysSo) {
+TEST_F(PackedReport, OnAFullDiskKeepsTheFormerOneAndReportsTheReason) {
     EXPECT_TRUE(succeeded(startProcess([this] {
         const SmallDisk disk(target.path());
         target.write("a.zip", "before");
@@ -204,13 +204,13 @@ TEST_F(PackedReport, IsRefusedWhereItsFolderIsAFile) {
     EXPECT_EQ(target.read("file"), "stays");
 }
 
-TEST_F(PackedReport, DoesNotTakeThePlaceOfAFolder) {
+TEST_F(PackedReport, DoesNotReplaceAFolder) {
     std::filesystem::create_directory(target / "a.zip");
     EXPECT_THAT(refusal(target / "a.zip"), EndsWith("could not be saved: Is a directory"));
     EXPECT_THAT(left(), ElementsAre("a.zip"));
 }
 
-TEST_F(PackedReport, IsRefusedUnderANameThatSaysNoKind) {
+TEST_F(PackedReport, IsRefusedUnderANameWithAnotherExtension) {
     for (const char* name : {"tarn.log", "a.gz", ".zip", "a.tar"}) {
         EXPECT_THAT(refusal(target / name), EndsWith("its name must end in .tar.gz or .zip")) << name;
     }

@@ -10,7 +10,7 @@ std::string shortened(const char* line) { return withShortPaths(line, "/home/mar
 
 } // namespace
 
-TEST(ShortPaths, OfAPictureOnlyItsNameStays) {
+TEST(ShortPaths, KeepOnlyTheFileNamesOfPictures) {
     EXPECT_EQ(shortened("T Save to file: '/data/customer x/Grain 7.tif'\n"),
               "T Save to file: '.../Grain 7.tif'\n");
     EXPECT_EQ(shortened("t,picture,,,,,,,/srv/a/b.BMP\n"), "t,picture,,,,,,,.../b.BMP\n");

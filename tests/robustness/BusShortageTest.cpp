@@ -134,7 +134,7 @@ TEST_F(BusShortage, AListenerThatHadNoDescriptorsListensAgain) {
     EXPECT_EQ(place.peerFiles().size(), 1U);
 }
 
-TEST_F(BusShortage, ASenderWhoseIdleConnectionWasClosedIsHeardAllTheSame) {
+TEST_F(BusShortage, ASenderWhoseIdleConnectionWasClosedStillGetsThrough) {
     LimitedListener listener(place, 1024);
     ASSERT_TRUE(listener.says("ready"));
     EXPECT_TRUE(arrives(listener, "before"));

@@ -81,7 +81,7 @@ void plantForeignFolder(const std::filesystem::path& at) {
 
 } // namespace
 
-TEST(Copies, FindEachOtherWithoutARuntimeFolderThoughSomebodyHasTheirNames) {
+TEST(Copies, FindEachOtherWithoutARuntimeFolderAlthoughTheirNamesAreTaken) {
     const Session session;
     plantForeignFolder(session.folder / "tmp/ocuva-copies");
     plantForeignFolder(session.copies());
@@ -126,7 +126,7 @@ TEST(Copies, ALinkInThePlaceOfTheirFolderIsNotFollowed) {
     EXPECT_TRUE(std::filesystem::is_empty(session.folder / "elsewhere"));
 }
 
-TEST(Copies, WhatIsPlantedAsGuardOrEntryNeitherHangsAStartNorCountsAsACopy) {
+TEST(Copies, APlantedGuardOrEntryNeitherHangsAStartNorCountsAsACopy) {
     for (const Planted kind : plantedKinds) {
         for (const char* name : {"guard", "copy-1", "copy-"}) {
             const Session session;
@@ -144,7 +144,7 @@ TEST(Copies, AnEntryOfADeadCopyDoesNotCount) {
     EXPECT_FALSE(findsAnother());
 }
 
-TEST(Copies, AStartThatHangsHoldingTheGuardHoldsUpNobodyForLong) {
+TEST(Copies, AStartThatHangsWithTheGuardDelaysOthersOnlyBriefly) {
     const Session session;
     EXPECT_FALSE(findsAnother());
     const FileLock hung(session.ofScope() / "guard", std::chrono::seconds(0));
@@ -155,7 +155,7 @@ TEST(Copies, AStartThatHangsHoldingTheGuardHoldsUpNobodyForLong) {
     EXPECT_LT(clock.elapsed(), 10'000);
 }
 
-TEST(UserRegistryFile, IsNeitherWaitedForNorReplacedWhenItIsNoFile) {
+TEST(UserRegistryFile, IsNeitherWaitedForNorReplacedIfItIsNotAFile) {
     for (const char* name : {"Ocuva.conf", "Ocuva.conf.guard"}) {
         for (const Planted kind : plantedKinds) {
             const TempFolder folder;
@@ -190,7 +190,7 @@ TEST(UserRegistryFile, WhoseLockAnotherMachineHoldsIsGivenUpSoon) {
     EXPECT_EQ(UserRegistry().value(QStringLiteral("A/b")).toInt(), 1);
 }
 
-TEST(Peers, WhatIsNoFileAmongThemHoldsNoSenderUp) {
+TEST(Peers, EntriesThatAreNotFilesDelayNoSender) {
     for (const Planted kind : plantedKinds) {
         const TempFolder folder;
         std::filesystem::create_directory(folder / "peers");
@@ -221,7 +221,7 @@ TEST(Peers, AnnounceThemselvesAgainWhenTheirDataFolderIsBack) {
     EXPECT_THAT(peers->names(), IsEmpty());
 }
 
-TEST(ASecondStart, WakesACopyThatIsStillStartingAndGivesUpOnADeafOne) {
+TEST(ASecondStart, WakesACopyThatIsStillStartingAndGivesUpOnOneThatDoesNotRespond) {
     struct Messages : TnOcuva {
         int deafFor = 0;
         int sent = 0;
@@ -237,7 +237,7 @@ TEST(ASecondStart, WakesACopyThatIsStillStartingAndGivesUpOnADeafOne) {
     EXPECT_GE(deaf.sent, 2);
 }
 
-TEST(ObservedHost, TellsWhatWasNotKeptAndWhetherAMessageWasTaken) {
+TEST(ObservedHost, ReportsLostSettingsAndWhetherAMessageWasReceived) {
     StubHost stub;
     int lost = 0;
     std::vector<bool> taken;
@@ -255,7 +255,7 @@ TEST(ObservedHost, TellsWhatWasNotKeptAndWhetherAMessageWasTaken) {
     EXPECT_THAT(taken, ElementsAre(false, true));
 }
 
-TEST(KeepingWatch, SaysThatNothingIsKeptWhileTheFolderIsGoneAndThatItIsKeptAgain) {
+TEST(KeepingWatch, ReportsThatSettingsAreNotKeptAndThatTheyAreKeptAgain) {
     const TempFolder folder;
     std::filesystem::create_directory(folder / "data");
     std::vector<std::string> notes;

@@ -86,7 +86,7 @@ TEST(DiskTrouble, AFullDiskCostsTheLogNoLineAndTearsNone) {
     });
 }
 
-TEST(DiskTrouble, AFullDiskIsToldWhenTheDataFolderIsOpened) {
+TEST(DiskTrouble, AFullDiskIsReportedWhenTheDataFolderIsOpened) {
     runApart([](DiskRig& rig) {
         rig.disk.fill();
         const auto opened = DataFolder::open(rig.folder.path(), simulated::seedFiles);
@@ -101,7 +101,7 @@ TEST(DiskTrouble, AFullDiskIsToldWhenTheDataFolderIsOpened) {
     });
 }
 
-TEST(DiskTrouble, AReadOnlyFolderIsReadAndEveryWriteToldInTheLog) {
+TEST(DiskTrouble, AReadOnlyFolderIsReadAndEveryFailedWriteLogged) {
     runApart([](DiskRig& rig) {
         rig.folder.write("S.INI", wholeStore);
         ASSERT_EQ(rig.k(), 1);
@@ -136,7 +136,7 @@ TEST(DiskTrouble, GarbageInPlaceOfAStoreIsKeptWholeAndGivesDefaults) {
     EXPECT_EQ(rig.folder.read("S.INI.damaged-1"), garbage);
 }
 
-TEST(DiskTrouble, AFileOfFiftyMegabytesIsNoStoreAndIsKeptWhole) {
+TEST(DiskTrouble, AFileOfFiftyMegabytesIsNotAStoreAndIsKept) {
     Rig rig;
     constexpr std::uintmax_t size = 50u * 1000u * 1000u;
     rig.folder.write("S.INI", "[A]\nk=1\n");

@@ -117,7 +117,7 @@ TEST_F(EditsInSwap, TheLastOfSeveralEditsInARowStays) {
     }
 }
 
-TEST_F(EditsInSwap, AnEditorThatHasJustEmptiedTheFileGoesOnWritingToTheStore) {
+TEST_F(EditsInSwap, AnEditorThatHasJustEmptiedTheFileKeepsWritingToTheStore) {
     std::ofstream editor;
     beforeExchange = [this, &editor](int number) {
         if (number == 1) {
@@ -156,7 +156,7 @@ TEST_F(EditsInSwap, AProgramThatKeepsTheFileOpenForWritingDoesNotKeepTheStoreFro
     EXPECT_EQ(folder.read("S.INI"), "[A]\nk=1\n");
 }
 
-TEST_F(EditsInSwap, AStoreThatSomebodyRemovesOrMakesMeanwhileIsTakenAsItIsThen) {
+TEST_F(EditsInSwap, AStoreThatAppearsOrDisappearsMeanwhileIsUsedAsItIs) {
     beforeExchange = [this](int number) {
         if (number == 1) {
             std::filesystem::remove(folder / "S.INI");
@@ -167,7 +167,7 @@ TEST_F(EditsInSwap, AStoreThatSomebodyRemovesOrMakesMeanwhileIsTakenAsItIsThen) 
     EXPECT_EQ(filesInFolder(), 2);
 }
 
-TEST_F(EditsInSwap, OnADiskThatCannotExchangeTheStoreIsWrittenAllTheSame) {
+TEST_F(EditsInSwap, OnADiskThatCannotExchangeFilesTheStoreIsStillWritten) {
     diskCannotExchange = true;
     EXPECT_TRUE(stores.setString("A", "k", "1", "S.INI"));
     EXPECT_TRUE(stores.setString("A", "k", "2", "New.INI"));

@@ -56,7 +56,7 @@ struct Program {
 
 } // namespace
 
-TEST(KilledList, IsWholeAfterTheNextStartHoweverOftenTheProgramIsKilled) {
+TEST(KilledList, IsCompleteAfterTheNextStartAfterAnyNumberOfKills) {
     const TempFolder folder;
     const std::vector<std::string> one{"a", "b", "c", "d", "e", "f"};
     const std::vector<std::string> other{"f", "a", "c", "e"};

@@ -99,7 +99,7 @@ void expectNothingLostOrTorn(const TempFolder& folder, const Board& board) {
 
 } // namespace
 
-TEST(KilledWriters, AThousandKillsLoseAndTearNothingThatWasAcknowledged) {
+TEST(KilledWriters, AThousandKillsNeitherLoseNorTearConfirmedWrites) {
     const TempFolder folder;
     folder.write("S.INI", "[Filler]\ntext=" + filler + "\n[Shared]\n");
     const SharedBoard shared;

@@ -42,7 +42,7 @@ TEST(NotAFile, TheHostsLogGoesToStderr) {
     });
 }
 
-TEST(NotAFile, ALineFileComplainsOnceAndGoesOn) {
+TEST(NotAFile, ALineFileReportsOnceAndContinues) {
     withEachAt("journal.csv", [](const TempFolder& folder) {
         int complaints = 0;
         LineFile file(folder / "journal.csv", {}, [&complaints](const std::string&) { ++complaints; });
@@ -52,7 +52,7 @@ TEST(NotAFile, ALineFileComplainsOnceAndGoesOn) {
     });
 }
 
-TEST(NotAFile, ALockThatCannotBeHadSaysWhyAtOnce) {
+TEST(NotAFile, ALockThatCannotBeObtainedSaysWhyAtOnce) {
     withEachAt("lock", [](const TempFolder& folder) {
         const auto begin = std::chrono::steady_clock::now();
         const FileLock lock(folder / "lock", std::chrono::seconds(60));
@@ -86,7 +86,7 @@ TEST(NotAFile, ADataFolderOpensOrSaysWhyNot) {
     }
 }
 
-TEST(NotAFile, APictureIsRefusedInWords) {
+TEST(NotAFile, APictureIsRefusedWithAReason) {
     for (const char* name : {"x.tif", "x.bmp"}) {
         withEachAt(name, [name](const TempFolder& folder) {
             try {
@@ -99,7 +99,7 @@ TEST(NotAFile, APictureIsRefusedInWords) {
     }
 }
 
-TEST(NotAFile, ADescriptionIsRefusedInWords) {
+TEST(NotAFile, ADescriptionIsRefusedWithAReason) {
     withEachAt("x.pic", [](const TempFolder& folder) {
         EXPECT_THROW(readDescription(folder / "x.tif"), PictureDescriptionError);
         EXPECT_THROW(writeDescription(folder / "x.tif", {}), PictureDescriptionError);

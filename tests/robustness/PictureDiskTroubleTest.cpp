@@ -57,7 +57,7 @@ void runApart(const std::function<void(const PictureDisk&)>& checks) {
 
 } // namespace
 
-TEST(PictureDiskTrouble, APictureThatFindsNoRoomIsToldInWordsAndLeavesTheOldOneWhole) {
+TEST(PictureDiskTrouble, APictureThatDoesNotFitOnTheDiskIsReportedAndTheOldOneStays) {
     for (const char* extension : {"tif", "bmp"}) {
         runApart([extension](const PictureDisk& rig) {
             ASSERT_EQ(rig.errorOfSaving(rig.name(extension), rig.old), "");
@@ -70,7 +70,7 @@ TEST(PictureDiskTrouble, APictureThatFindsNoRoomIsToldInWordsAndLeavesTheOldOneW
     }
 }
 
-TEST(PictureDiskTrouble, ADescriptionThatFindsNoRoomLeavesTheOldPictureWholeToo) {
+TEST(PictureDiskTrouble, ADescriptionThatDoesNotFitOnTheDiskLeavesTheOldPictureToo) {
     runApart([](const PictureDisk& rig) {
         ASSERT_EQ(rig.errorOfSaving(rig.name("tif"), rig.old), "");
         rig.disk.fill();
@@ -87,7 +87,7 @@ TEST(PictureDiskTrouble, ADescriptionThatFindsNoRoomLeavesTheOldPictureWholeToo)
     });
 }
 
-TEST(PictureDiskTrouble, AReadOnlyFolderIsToldInWordsAndLeavesTheOldPictureWhole) {
+TEST(PictureDiskTrouble, AReadOnlyFolderIsReportedAndTheOldPictureStays) {
     for (const char* extension : {"tif", "bmp"}) {
         runApart([extension](const PictureDisk& rig) {
             ASSERT_EQ(rig.errorOfSaving(rig.name(extension), rig.old), "");

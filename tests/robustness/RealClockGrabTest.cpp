@@ -116,7 +116,7 @@ TEST(RealClockGrab, AWindowThatClosesGetsNoFrameAndItsSuccessorDoes) {
     rig.video().TarnVideoBoardShutdown();
 }
 
-TEST(RealClockGrab, AnOperatorsWorkGoesOnBesideTheGrab) {
+TEST(RealClockGrab, TheOperatorsWorkContinuesDuringTheGrab) {
     Rig rig;
     rig.grab();
     auto& settings = rig.host->tn_reg();

@@ -101,7 +101,7 @@ TEST(FileRotation, ALinkStaysAndItsFileMoves) {
     EXPECT_TRUE(std::filesystem::is_symlink(folder / "log"));
 }
 
-TEST(FileRotation, NobodyWaitsForSomebodyWhoIsMoving) {
+TEST(FileRotation, NoWriterWaitsForARotation) {
     const TempFolder folder;
     folder.write("log", "text");
     const ocuva::FileLock moving(folder / "log.lock", std::chrono::seconds(0));

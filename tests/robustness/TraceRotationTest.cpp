@@ -35,7 +35,7 @@ std::uint64_t sequenceNumber(const std::string& line) {
 
 } // namespace
 
-TEST(TraceLimit, IsAWholeNumberOfMebibytesAndEightWhereNothingIsSaid) {
+TEST(TraceLimit, IsAWholeNumberOfMebibytesAndEightByDefault) {
     EXPECT_EQ(taken(nullptr).maxBytes, 8 * mebibyte);
     EXPECT_THAT(taken(nullptr).said, IsEmpty());
     EXPECT_EQ(taken("1").maxBytes, mebibyte);
@@ -43,7 +43,7 @@ TEST(TraceLimit, IsAWholeNumberOfMebibytesAndEightWhereNothingIsSaid) {
     EXPECT_THAT(taken("1024").said, IsEmpty());
 }
 
-TEST(TraceLimit, AnythingElseIsToldAndEightIsUsed) {
+TEST(TraceLimit, AnyOtherTextIsReportedAndEightIsUsed) {
     for (const char* text : {"", "0", "-1", "1025", "8 MiB", "2.5", "99999999999", "x"}) {
         const Taken result = taken(text);
         EXPECT_EQ(result.maxBytes, 8 * mebibyte) << text;
@@ -51,7 +51,7 @@ TEST(TraceLimit, AnythingElseIsToldAndEightIsUsed) {
     }
 }
 
-TEST(TraceRotation, NumbersGoOnFromFileToFile) {
+TEST(TraceRotation, NumbersContinueFromFileToFile) {
     const TempFolder folder;
     ::setenv("OCUVA_TRACE_MAX_MIB", "1", 1);
     std::optional<Trace> trace(std::in_place, folder / "trace");
@@ -74,7 +74,7 @@ TEST(TraceRotation, NumbersGoOnFromFileToFile) {
     EXPECT_EQ(number, lines);
 }
 
-TEST(TraceRotation, ATraceThatSomebodyMovedOrDeletedIsBegunAnew) {
+TEST(TraceRotation, AMovedOrDeletedTraceIsStartedAgain) {
     const TempFolder folder;
     TraceWriter writer(folder / "trace");
     writer.writeLine("one\n");
@@ -87,7 +87,7 @@ TEST(TraceRotation, ATraceThatSomebodyMovedOrDeletedIsBegunAnew) {
     EXPECT_EQ(folder.read("trace"), "three\n");
 }
 
-TEST(TraceRotation, ATraceWhoseFolderIsGoneEndsWithOneWord) {
+TEST(TraceRotation, ATraceWhoseFolderIsGoneEndsWithOneReport) {
     const TempFolder folder;
     std::filesystem::create_directory(folder / "sub");
     TraceWriter writer(folder / "sub/trace");

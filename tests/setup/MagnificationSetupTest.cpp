@@ -59,7 +59,7 @@ TEST_F(TypedMagnification, ReadsAsWhatGivesTheVerySameNumbersAgain) {
     EXPECT_EQ(setup.texts().y100, "1920");
 }
 
-TEST_F(TypedMagnification, ThatIsTooLargeToBeKeptNamesItsFieldAndStoresNothing) {
+TEST_F(TypedMagnification, ThatIsTooLargeNamesItsFieldAndStoresNothing) {
     const std::string many(60, '9');
     for (const MagnificationTexts& typed :
          {MagnificationTexts{"3000000000", "1", "1"}, {"1", many, "1"}, {"1", "1", many}}) {
@@ -73,7 +73,7 @@ TEST_F(TypedMagnification, ThatIsTooLargeToBeKeptNamesItsFieldAndStoresNothing) 
     }
 }
 
-TEST_F(TypedMagnification, WithoutAScaleIsStoredAllTheSameAndSaysThatThereIsNone) {
+TEST_F(TypedMagnification, WithoutAScaleIsStillStoredAndReported) {
     mainWindow.canDrawMicroMarker = false;
     try {
         setup.set({"abc", "2560", "1920"});

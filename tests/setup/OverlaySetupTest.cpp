@@ -92,7 +92,7 @@ TEST_F(GridInMicrometres, AStoredPitchFinerThanMicrometresSurvivesTheOtherOnesCh
     EXPECT_EQ(settings.readGrid().GridSizeY, 3);
 }
 
-TEST_F(GridInMicrometres, ATextThatIsNoNumberNamesItsFieldAndChangesNothing) {
+TEST_F(GridInMicrometres, ATextThatIsNotANumberNamesItsFieldAndChangesNothing) {
     store(120, 60);
     EXPECT_EQ(errorOf({"12O", "50"}), "Width: \"12O\" is not a number");
     EXPECT_EQ(errorOf({"100", ""}), "Height: Nothing was typed where a number is needed");
@@ -101,7 +101,7 @@ TEST_F(GridInMicrometres, ATextThatIsNoNumberNamesItsFieldAndChangesNothing) {
     EXPECT_THAT(host.calls, Not(Contains(testing::HasSubstr("Draw"))));
 }
 
-TEST_F(GridInMicrometres, ALengthWithoutPixelsIsRefusedRatherThanStoredAsNothing) {
+TEST_F(GridInMicrometres, ALengthWithoutPixelsIsRefusedInsteadOfStoredAsZero) {
     store(120, 60);
     settings.writeVideoMag(0);
     host.calls.clear();

@@ -27,7 +27,7 @@ TEST_F(AutofocusPage, ShowsTheDefaultsOfAnEmptyStore) {
     EXPECT_FALSE(page().chkCourseFix->isChecked());
 }
 
-TEST_F(AutofocusPage, ShowsWhatIsStored) {
+TEST_F(AutofocusPage, ShowsTheStoredValues) {
     set("AutofocusOnAllImage", "0");
     set("AutofocusOnImageFraction", "8");
     set("UseTransmittedLight", "1");
@@ -90,7 +90,7 @@ TEST_F(AutofocusPage, StoresHalfCourseAndStepsWhenEitherBoxIsLeft) {
                                        written("Number of points", "21", "Fine Parameters")));
 }
 
-TEST_F(AutofocusPage, PassesOverACourseThatIsNoNumberStoresNothingAndShowsWhatIsInForce) {
+TEST_F(AutofocusPage, IgnoresACourseThatIsNotANumberAndShowsTheValueInUse) {
     open();
     for (const char* wrong : {"abc", "9 units", "2000000000", "99999999999"}) {
         type(page().txtCourseHalf, wrong);

@@ -57,7 +57,7 @@ TEST_F(BoardPage, ShowsABoardThatIsNotInitialisedReadyToBe) {
     EXPECT_EQ(page().shInit->accessibleName().toStdString(), "The button can be used");
 }
 
-TEST_F(BoardPage, InitialisingStoresTheVgaModeTellsTheTypeInitialisesAndShowsTheState) {
+TEST_F(BoardPage, InitialisingStoresTheVgaModeSetsTheTypeInitialisesAndShowsTheState) {
     openWithoutBoard();
     host.boardInitResult = 1;
     page().VgaCheck->setChecked(true);

@@ -98,7 +98,7 @@ TEST_F(SetupLayout, CutsNothingOffWithAFontTwiceAsLarge) {
     QApplication::setFont(usual);
 }
 
-TEST_F(SetupLayout, NoAccessLetterStandsForTwoThingsThatAreVisibleTogether) {
+TEST_F(SetupLayout, NoAccessKeyIsUsedTwiceAmongVisibleControls) {
     open();
     for (const SetupTab tab : tabs) {
         QMap<QChar, QString> letters;

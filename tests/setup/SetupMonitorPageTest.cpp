@@ -53,7 +53,7 @@ TEST_F(MonitorPage, OneReadsWhatOneTypedWhenThePageOpensAgain) {
     EXPECT_EQ(text(page().txtGridWidth), "37");
 }
 
-TEST_F(MonitorPage, AGridTextThatIsNoNumberReachesTheErrorReportOnceWithItsFieldAndNothingIsStored) {
+TEST_F(MonitorPage, AnInvalidGridTextIsReportedOnceWithItsFieldAndNotStored) {
     type(page().txtGridWidth, "wide");
     EXPECT_THAT(reports, ElementsAre("Width: \"wide\" is not a number"));
     EXPECT_THAT(changes(), IsEmpty());
@@ -79,7 +79,7 @@ TEST_F(MonitorPage, ABoxThatIsOnlyLookedAtIsNotWrittenBack) {
     EXPECT_THAT(host.calls, IsEmpty());
 }
 
-TEST_F(MonitorPage, EnterTakesABoxOverAndClosesNothing) {
+TEST_F(MonitorPage, EnterAppliesABoxAndClosesNothing) {
     page().txtGridWidth->setFocus();
     QTest::keyClicks(page().txtGridWidth, QStringLiteral("200"));
     QTest::keyClick(page().txtGridWidth, Qt::Key_Return);

@@ -59,7 +59,7 @@ TEST_F(StagePage, AMicroMarkerThatCannotBeDrawnIsReportedOnce) {
     EXPECT_EQ(settings.readVideoMag(), 0);
 }
 
-TEST_F(StagePage, AnotherMagnificationShowsTheGridsMicrometresAnewAndLeavesItsPixels) {
+TEST_F(StagePage, AnotherMagnificationUpdatesTheGridsMicrometresAndKeepsItsPixels) {
     set("GridSizeX", "120");
     type(page().txtMag, "800");
     EXPECT_EQ(text(dialog->monitorPage->txtGridWidth), "50");

@@ -19,13 +19,13 @@ struct WaitForAllAxes : testing::Test {
 
 } // namespace
 
-TEST_F(WaitForAllAxes, EndsAtOnceWhenAllStandAndAsksThemInTurn) {
+TEST_F(WaitForAllAxes, EndsAtOnceIfAllAreAtRestAndReadsThemInTurn) {
     EXPECT_EQ(wait.begin(), State::Arrived);
     EXPECT_THAT(host.calls, ElementsAre("TarnReadStageStatus(1, 0)", "TarnReadStageStatus(2, 0)",
                                         "TarnReadStageStatus(3, 0)"));
 }
 
-TEST_F(WaitForAllAxes, StaysWithAnAxisUntilItStandsBeforeItAsksTheNext) {
+TEST_F(WaitForAllAxes, WaitsForOneAxisBeforeItReadsTheNext) {
     host.status = {{axisX, {1, 1, 0}}, {axisY, {0}}, {axisZ, {1, 0}}};
     EXPECT_EQ(wait.begin(), State::Waiting);
     EXPECT_EQ(wait.tick(), State::Waiting);
@@ -43,13 +43,13 @@ TEST_F(WaitForAllAxes, WaitsOnlyWhileTheStatusIsOne) {
     EXPECT_EQ(wait.begin(), State::Arrived);
 }
 
-TEST_F(WaitForAllAxes, TakesAStatusThatCannotBeReadForStanding) {
+TEST_F(WaitForAllAxes, AStatusThatCannotBeReadCountsAsAtRest) {
     host.results["TarnReadStageStatus"] = 0;
     host.status = {{axisX, {1, 1, 1}}};
     EXPECT_EQ(wait.begin(), State::Arrived);
 }
 
-TEST_F(WaitForAllAxes, GivesUpAnAxisThatSaysItMovesAndStaysWhereItIs) {
+TEST_F(WaitForAllAxes, EndsIfAnAxisReportsMotionButDoesNotAdvance) {
     host.position[axisX] = 500;
     host.status[axisX].assign(1000, 1);
     State state = wait.begin();
@@ -64,7 +64,7 @@ TEST_F(WaitForAllAxes, GivesUpAnAxisThatSaysItMovesAndStaysWhereItIs) {
     EXPECT_EQ(statusReads().size(), static_cast<std::size_t>(AxisWait::patienceTicks) + 1);
 }
 
-TEST_F(WaitForAllAxes, IsAsPatientAsAMoveIsLongWhileTheAxisGetsOn) {
+TEST_F(WaitForAllAxes, WaitsForLongMovesAsLongAsTheAxisAdvances) {
     host.status[axisX].assign(3000, 1);
     wait.begin();
     for (int i = 1; i < 3000; ++i) {
@@ -74,7 +74,7 @@ TEST_F(WaitForAllAxes, IsAsPatientAsAMoveIsLongWhileTheAxisGetsOn) {
     EXPECT_EQ(wait.tick(), State::Arrived);
 }
 
-TEST_F(WaitForAllAxes, AsksNothingOnceItIsCancelled) {
+TEST_F(WaitForAllAxes, CallsNoHostFunctionAfterItIsCancelled) {
     host.status[axisX].assign(10, 1);
     wait.begin();
     wait.cancel();

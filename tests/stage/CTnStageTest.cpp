@@ -42,13 +42,13 @@ TEST_F(Stage, AnyNonZeroStatusIsMoving) {
     EXPECT_FALSE(stage.IsMoving(axisX));
 }
 
-TEST_F(Stage, AStatusThatCannotBeReadCountsAsStanding) {
+TEST_F(Stage, AStatusThatCannotBeReadCountsAsAtRest) {
     host.results["TarnReadStageStatus"] = 0;
     host.status[axisZ] = {1};
     EXPECT_FALSE(stage.IsMoving(axisZ));
 }
 
-TEST_F(Stage, CheckMoveOnAStoppedZAxisRaisesMoveEndWithTheAxisThatWasAskedFor) {
+TEST_F(Stage, CheckMoveOnAStoppedZAxisRaisesMoveEndWithThatAxis) {
     stage.CheckMove(axisZ);
     EXPECT_THAT(moveEnds, ElementsAre(3));
 }

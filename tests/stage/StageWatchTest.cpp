@@ -83,7 +83,7 @@ TEST_F(Watch, TheEndOfAMoveShowsXThenYThenZAsPlainNumbers) {
                 ElementsAre("TarnReadStagePos(1)", "TarnReadStagePos(2)", "TarnReadStagePos(3)"));
 }
 
-TEST_F(Watch, TheEndOfAMoveThatNobodyWatchedOnlyRefreshesThePanels) {
+TEST_F(Watch, TheEndOfAnUnwatchedMoveOnlyRefreshesThePanels) {
     watch.moveEnded();
     EXPECT_EQ(window.colour, 111);
     EXPECT_FALSE(watch.isWatching());

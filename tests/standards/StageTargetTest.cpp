@@ -40,14 +40,14 @@ TEST(TypedPosition, NamesTheFieldAndTheReasonOfAnError) {
     EXPECT_EQ(errorOf({"1", "3000000000", "3"}), "Y: Overflow: the number does not fit into 32 bits");
 }
 
-TEST_F(Target, IsReachedByThreeRelativeMovesFromWhereTheStageStands) {
+TEST_F(Target, IsReachedByThreeRelativeMovesFromTheStagePosition) {
     host.position = {{axisX, 100}, {axisY, -50}, {axisZ, 7}};
     loadMovesTo(stage, {150, -50, 0});
     EXPECT_THAT(moves(), ElementsAre("TarnLoadStageRelSecure(1, 50)", "TarnLoadStageRelSecure(2, 0)",
                                      "TarnLoadStageRelSecure(3, -7)"));
 }
 
-TEST_F(Target, WhereTheStageAlreadyStandsStillSendsThreeMovesOfZero) {
+TEST_F(Target, AtTheStagePositionStillSendsThreeMovesOfZero) {
     loadMovesTo(stage, {0, 0, 0});
     EXPECT_THAT(moves(), ElementsAre("TarnLoadStageRelSecure(1, 0)", "TarnLoadStageRelSecure(2, 0)",
                                      "TarnLoadStageRelSecure(3, 0)"));

@@ -65,7 +65,7 @@ TEST_F(StoredList, AppendsBehindItsLastNumberAndCountsTheNewName) {
     EXPECT_THAT(names(), ElementsAre("1 first", "2 second"));
 }
 
-TEST_F(StoredList, StoresTheSameNameAsOftenAsItIsAsked) {
+TEST_F(StoredList, StoresTheSameNameRepeatedly) {
     list.AppendStandard("quartz", false);
     list.AppendStandard("quartz", false);
     EXPECT_THAT(names(), ElementsAre("1 quartz", "2 quartz"));

@@ -56,7 +56,7 @@ TEST_F(CutOffList, IsStoredInTheOrderOfClearAndAppend) {
     EXPECT_FALSE(folder.has("standards.unfinished"));
 }
 
-TEST_F(CutOffList, IsWholeAfterTheNextStartWhereverTheProgramDied) {
+TEST_F(CutOffList, IsCompletedByTheNextStartAfterAKillAtAnyStep) {
     const std::vector<std::string> edited{"b", "a", "d"};
     for (int call = 1; call <= 9; ++call) {
         list.store({"a", "b", "c", "d"});
@@ -88,7 +88,7 @@ TEST_F(CutOffList, AHostThatRefusesWritesKeepsItForTheNextStart) {
     EXPECT_THAT(names(), ElementsAre("b", "a"));
 }
 
-TEST_F(CutOffList, AFileThatIsNotWholeCountsForNothing) {
+TEST_F(CutOffList, AnIncompleteFileIsIgnored) {
     const UnfinishedList kept(folder / "standards.unfinished");
     ASSERT_TRUE(kept.keep({"x", "y"}));
     const std::string whole = folder.read("standards.unfinished");

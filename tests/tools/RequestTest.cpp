@@ -29,7 +29,7 @@ Notice notice(const std::vector<std::string>& words) {
 
 } // namespace
 
-TEST(TarnsendCommandLine, SendsToTheServersComponentUnlessToldOtherwise) {
+TEST(TarnsendCommandLine, SendsToTheServersComponentByDefault) {
     const Request plain = request({"OCUVA_WAKEUP"});
     EXPECT_THAT(plain.messages, ElementsAre("OCUVA_WAKEUP"));
     EXPECT_EQ(plain.component, "TN_OCUVA_SERVER");
@@ -43,7 +43,7 @@ TEST(TarnsendCommandLine, SendsToTheServersComponentUnlessToldOtherwise) {
     EXPECT_EQ(other.dataFolder, "/d");
 }
 
-TEST(TarnsendCommandLine, WaitsFiveSecondsUnlessToldOtherwise) {
+TEST(TarnsendCommandLine, WaitsFiveSecondsByDefault) {
     const Request usual = request({"ASK", "--wait", "ANSWER"});
     EXPECT_EQ(usual.waitFor, "ANSWER");
     EXPECT_EQ(usual.timeout, std::chrono::milliseconds(5000));
@@ -51,7 +51,7 @@ TEST(TarnsendCommandLine, WaitsFiveSecondsUnlessToldOtherwise) {
               std::chrono::milliseconds(2000));
 }
 
-TEST(TarnsendCommandLine, ListensToAllComponentsWithoutLimitUnlessToldOtherwise) {
+TEST(TarnsendCommandLine, ListensToAllComponentsWithoutLimitByDefault) {
     const Request all = request({"--listen"});
     EXPECT_TRUE(all.listen);
     EXPECT_EQ(all.component, "");
@@ -91,7 +91,7 @@ TEST(TarnsendCommandLine, AnswersMisuseWithOneReasonAndExitCodeTwo) {
     }
 }
 
-TEST(TarnsendCommandLine, ExplainsItselfWithEveryExitCodeWhateverElseIsAsked) {
+TEST(TarnsendCommandLine, ExplainsItselfAndEveryExitCodeWithAnyOtherOption) {
     const Notice help = notice({"--help", "--listen", "X"});
     EXPECT_EQ(help.exitCode, exitDone);
     for (const char* words :

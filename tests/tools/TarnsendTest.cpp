@@ -76,7 +76,7 @@ const QStringList ask = {QStringLiteral("OCUVA_IS_SERVER_UP"), QStringLiteral("-
 
 } // namespace
 
-TEST_F(TarnsendProgram, SendsItsMessagesInTheirOrderAndSaysNothing) {
+TEST_F(TarnsendProgram, SendsItsMessagesInOrderAndPrintsNothing) {
     Listener receiver(bus);
     Tarnsend sender(place, {QStringLiteral("one"), QStringLiteral("two"), QStringLiteral("--component"),
                             QStringLiteral("C"), QStringLiteral("--sub"), QStringLiteral("S")});
@@ -86,7 +86,7 @@ TEST_F(TarnsendProgram, SendsItsMessagesInTheirOrderAndSaysNothing) {
     EXPECT_THAT(sender.out() + sender.err(), IsEmpty());
 }
 
-TEST_F(TarnsendProgram, SendsByNameWhateverTheLetterCase) {
+TEST_F(TarnsendProgram, SendsByNameInAnyLetterCase) {
     Listener receiver(bus);
     Tarnsend sender(place, {QStringLiteral("--by-name"), QStringLiteral("ocuva_WakeUp")});
     EXPECT_EQ(sender.exitCode(), 0);
@@ -126,7 +126,7 @@ TEST_F(TarnsendProgram, MakesNoDataFolderToSendInto) {
     EXPECT_FALSE(fs::exists(mistyped));
 }
 
-TEST_F(TarnsendProgram, SaysWhyADataFolderToListenOnCannotBeHad) {
+TEST_F(TarnsendProgram, SaysWhyADataFolderCannotBeUsedForListening) {
     const fs::path file = place.folder / "file";
     std::ofstream(file) << "no folder";
     Tarnsend listener(
@@ -147,7 +147,7 @@ TEST_F(TarnsendProgram, PrintsTheTrafficOneLineAMessage) {
     EXPECT_TRUE(listening(1)) << "only this test's own listener is left";
 }
 
-TEST_F(TarnsendProgram, PrintsOnlyTheComponentAskedFor) {
+TEST_F(TarnsendProgram, PrintsOnlyTheRequestedComponent) {
     Tarnsend listener(place, {QStringLiteral("--listen"), QStringLiteral("--component"), QStringLiteral("B"),
                               QStringLiteral("--count"), QStringLiteral("1")});
     ASSERT_TRUE(listening(1));

@@ -112,7 +112,7 @@ TEST_F(BoardSetupPage, AfterAShutdownUnlockLetsTheOperatorChooseABoardAndInitial
     EXPECT_FALSE(view.shutDownShown);
 }
 
-TEST_F(BoardSetupPage, APageThatOpensOnABoardThatWasShutDownLeadsOnToo) {
+TEST_F(BoardSetupPage, APageOpenedAfterAShutdownOffersUnlockToo) {
     board.Shutdown();
     setup.showState();
     expectShownAsInitialised();

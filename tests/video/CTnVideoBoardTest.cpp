@@ -102,7 +102,7 @@ TEST_F(VideoBoard, InitialisingAgainAsksTheHostAgainAndForgetsTheGrab) {
     EXPECT_FALSE(board.IsInitialized());
 }
 
-TEST_F(VideoBoard, TheBoardTypeIsAskedOfTheHostOnEveryRead) {
+TEST_F(VideoBoard, TheBoardTypeIsReadFromTheHostEachTime) {
     host.boardType = 1;
     EXPECT_EQ(board.BoardType(), 1);
     host.boardType = 0;

@@ -93,7 +93,7 @@ TEST_F(References, MinusOneLeavesTheValueBecauseTheHostTakesItSo) {
     EXPECT_EQ(view.texts[0], "50.0");
 }
 
-TEST_F(References, ATextThatIsNoNumberSetsNothingAndShowsTheHostsValueAgain) {
+TEST_F(References, ATextThatIsNotANumberSetsNothingAndShowsTheHostsValueAgain) {
     for (const char* text : {"", "abc", "-", "nan"}) {
         type(brightness, text);
         EXPECT_EQ(view.texts[1], "50.0") << text;
@@ -128,7 +128,7 @@ TEST_F(References, TheSliderIsSetOnlyWhereItDiffers) {
     EXPECT_THAT(view.changes, ElementsAre("setText 0 50.0", "setText 0 51.0", "setSlider 0 51"));
 }
 
-TEST_F(References, TheSliderStaysOnItsScaleWhateverAHostReports) {
+TEST_F(References, TheSliderStaysOnItsScaleForAnyHostValue) {
     for (const auto& [value, position] : {std::pair(1e300, 100), std::pair(-7.0, 0)}) {
         host.references[1].first = value;
         references.show(contrast);
@@ -162,7 +162,7 @@ TEST_F(References, ATypedDecimalSurvivesASliderThatReportsItsOwnChange) {
                 ElementsAre("TarnVideoCameraSetReferences(1, 33.4, -1)", "TarnVideoCameraGetReferences(1)"));
 }
 
-TEST_F(References, WhateverIsTypedOrMovedCostsOneSetAndOneReadAndEndsOnTheHostsValue) {
+TEST_F(References, AnyChangeCausesOneSetAndOneReadAndShowsTheHostsValue) {
     letControlsEcho();
     std::mt19937 random(20240611U);
     const std::array<std::string, 12> texts{"0",   "100", "33.4", "33.5", "34.5", "-5",

@@ -53,7 +53,7 @@ TEST_F(CameraPage, CheckingTheCameraOfTheHostDoesNotCountAsAClick) {
                 ElementsAre("TarnVideoSetCurrentCameraType(2)"));
 }
 
-TEST_F(CameraPage, RefreshChecksTheCameraOfTheHostOnlyWhenAskedTo) {
+TEST_F(CameraPage, RefreshChecksTheHostsCameraOnlyOnRequest) {
     setup.refresh(false);
     EXPECT_EQ(view.checkedCamera, -1);
     EXPECT_THAT(host.callsOf("TarnVideoGetCurrentCameraType"), IsEmpty());
@@ -153,7 +153,7 @@ TEST_F(CameraPage, AGainSliderOffItsScaleNeverAsksForAutomaticGain) {
     EXPECT_THAT(host.gains, ElementsAre(0, 4));
 }
 
-TEST(CameraSetupWithoutAPage, HandsTheDisplayOverAndEnablesAcquisitionAndAsksNothingElse) {
+TEST(CameraSetupWithoutAPage, HandsTheDisplayOverAndEnablesAcquisitionWithoutOtherHostCalls) {
     StubHost host;
     CTnVideoBoard board(host.tn_video());
     FakeMainWindow mainWindow;

@@ -15,7 +15,7 @@ TEST(ReferenceText, ShowsOneDecimalAndAtLeastOneDigitBeforeIt) {
     EXPECT_EQ(referenceText(-3.0), "-3.0");
 }
 
-TEST(ReferenceText, RoundsHalvesAwayFromZeroAsTheyStandInDecimals) {
+TEST(ReferenceText, RoundsDecimalHalvesAwayFromZero) {
     EXPECT_EQ(referenceText(33.25), "33.3");
     EXPECT_EQ(referenceText(0.15), "0.2");
     EXPECT_EQ(referenceText(-0.25), "-0.3");

@@ -93,7 +93,7 @@ TEST_F(DefaultsOfTheVideo, KeepTheDefaultOfAReferenceThatTheHostDoesNotGive) {
     EXPECT_EQ(host.settings.size(), 3U);
 }
 
-TEST_F(DefaultsOfTheVideo, AreNotStoredByHalvesWhenAValueCannotBe) {
+TEST_F(DefaultsOfTheVideo, AreNotStoredInPartIfAValueCannotBeStored) {
     host.references[2].second = 1e9;
     EXPECT_THROW(defaults.save(), ArithmeticError);
     EXPECT_THAT(host.settings, IsEmpty());

@@ -61,7 +61,7 @@ TEST_F(HelpText, IsShownFromItsBeginning) {
     EXPECT_EQ(view.headingAtTop(), 0);
 }
 
-TEST_F(HelpText, TellsItsHeadingsInTheirOrder) {
+TEST_F(HelpText, ListsItsHeadingsInOrder) {
     show(longPage);
     const std::vector<Heading> headings = view.headings();
     ASSERT_EQ(headings.size(), 2u);

@@ -48,7 +48,7 @@ TEST(ManualText, HasARowForEachKeyAndNoneIsBrokenByABarInItsName) {
     EXPECT_THAT(text, HasSubstr("| **Ctrl+\\|** | Bar | File |\n"));
 }
 
-TEST(ManualText, LiesBesideTheProgramsFolderWhereverThatIs) {
+TEST(ManualText, IsInTheShareFolderNextToTheProgramsFolder) {
 #ifdef _WIN32
     const char* const place = "/opt/lab/bin/manual";
 #else

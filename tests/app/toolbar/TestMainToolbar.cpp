@@ -36,7 +36,7 @@ TEST(MainToolbar, EachButtonHasItsKeyAsNameItsTooltipAndAnAccessibleName) {
     EXPECT_EQ(rig.button("Save")->toolTip(), text("Save the current image to disk"));
 }
 
-TEST(MainToolbar, TheButtonsStandInDesignOrderFromLeftToRight) {
+TEST(MainToolbar, TheButtonsAreInTheDefaultOrderFromLeftToRight) {
     const ToolbarRig rig;
     int left = -1;
     for (const ToolbarButton& definition : commandButtons()) {
@@ -47,7 +47,7 @@ TEST(MainToolbar, TheButtonsStandInDesignOrderFromLeftToRight) {
     }
 }
 
-TEST(MainToolbar, TheStandardButtonNeverGetsATooltipWhateverChanges) {
+TEST(MainToolbar, TheStandardButtonNeverGetsATooltip) {
     ToolbarRig rig;
     rig.bar.setEnabled(text("Standard"), false);
     rig.bar.setEnabled(text("Standard"), true);
@@ -166,7 +166,7 @@ TEST(ButtonMenus, TheArrowOpensTheListAndAClickOnAnItemReportsBothKeys) {
     EXPECT_TRUE(rig.clicks.empty());
 }
 
-TEST(ButtonMenus, TheListMayBeFilledAnewByTheClickOnOneOfItsItems) {
+TEST(ButtonMenus, AClickOnAnItemMayRefillTheList) {
     ToolbarRig rig;
     ButtonMenus& menus = *rig.bar.buttonMenus(text("Stage"));
     menus.add(text("old"), text("Old"));
@@ -337,7 +337,7 @@ TEST(ToolbarLayouts, AButtonThatComesBackHasKeptValueEnabledStateAndMenu) {
     EXPECT_EQ(rig.bar.buttonMenus(text("Stage"))->key(0), text("kept"));
 }
 
-TEST(ToolbarLayouts, TheKeyboardStaysOnTheButtonWhileTheBarIsMadeAnew) {
+TEST(ToolbarLayouts, TheFocusStaysOnTheButtonWhileTheBarIsRebuilt) {
     ToolbarRig rig;
     rig.button("Grid")->setFocus();
     ASSERT_TRUE(rig.bar.restoreLayout(text("Setup,Grid")));

@@ -32,7 +32,7 @@ TEST(ToolbarLayout, ItsTextReadsBackAsTheSameLayout) {
     EXPECT_EQ(restored("Setup,Sep99"), "Setup,Sep99");
 }
 
-TEST(ToolbarLayout, WhatIsUnknownOrRepeatedIsLeftOutAndTheRestKept) {
+TEST(ToolbarLayout, UnknownAndRepeatedKeysAreLeftOut) {
     EXPECT_EQ(restored("Print,Setup,save,Setup,,Sep2,Sep2,Acq"), "Setup,Sep2,Acq");
     EXPECT_EQ(restored(" Save ,\tGrid\n"), "Save,Grid");
     EXPECT_EQ(restored("Save,Sep,Sep0,Sep01,Sep+1,Sep100,Sep-1,Sep 1,Sep1x"), "Save");
@@ -85,21 +85,21 @@ TEST(ToolbarLayout, AButtonIsThereOnceButSeparatorsAsOftenAsWanted) {
     EXPECT_EQ(restored(layout.text().toLatin1().constData()), layout.text().toStdString());
 }
 
-TEST(ToolbarLayout, RemovingWhatIsNotThereIsRefused) {
+TEST(ToolbarLayout, RemovingAMissingButtonIsRefused) {
     ToolbarLayout layout = ToolbarLayout::design(commandButtons());
     EXPECT_FALSE(layout.remove(-1));
     EXPECT_FALSE(layout.remove(layout.size()));
     EXPECT_EQ(layout, ToolbarLayout::design(commandButtons()));
 }
 
-TEST(ToolbarLayoutStore, WhatIsSavedIsLoadedByTheNextRun) {
+TEST(ToolbarLayoutStore, ASavedLayoutIsLoadedByTheNextRun) {
     emptyRegistry();
     EXPECT_EQ(ToolbarLayoutStore().load(), QString());
     EXPECT_TRUE(ToolbarLayoutStore().save(text("Setup,Sep1,Save")));
     EXPECT_EQ(ToolbarLayoutStore().load(), text("Setup,Sep1,Save"));
 }
 
-TEST(ToolbarLayoutStore, TheLayoutLiesUnderTheNamesOfTheRegistryKey) {
+TEST(ToolbarLayoutStore, TheLayoutIsStoredUnderTheRegistryKeysNames) {
     ASSERT_TRUE(ToolbarLayoutStore().save(text("Grid")));
     const QSettings key(QSettings::NativeFormat, QSettings::UserScope, text("Brem"), text("Ocuva"));
     EXPECT_EQ(key.value(text("CustomToolbar/MainToolbar")).toString(), text("Grid"));

@@ -61,7 +61,7 @@ TEST(FieldOfView, FactorsComeBackAsSet) {
     EXPECT_EQ(static_cast<float>(rig.field.factors().height), 0.1F);
 }
 
-TEST(FieldOfView, FactorsThatAreNoSizeAreRefusedAndTheOldOnesStay) {
+TEST(FieldOfView, InvalidFactorsAreRefusedAndTheOldOnesStay) {
     FieldRig rig;
     const float none = std::numeric_limits<float>::quiet_NaN();
     const float infinity = std::numeric_limits<float>::infinity();

@@ -26,7 +26,7 @@ TEST(HostTexts, ALongerTextIsCut) {
     EXPECT_EQ(std::string(buffer, 3), "fo#");
 }
 
-TEST(HostTexts, ABufferThatIsNoneTakesNothing) {
+TEST(HostTexts, NothingIsWrittenToANullBuffer) {
     char buffer[1] = {'#'};
     EXPECT_EQ(copyText("four", buffer, 0), 0);
     EXPECT_EQ(copyText("four", buffer, -7), 0);
@@ -39,7 +39,7 @@ TEST(HostTexts, AMessageKeyIsShownAsItsSentenceAndAnyOtherTextAsItself) {
     EXPECT_EQ(messageText("Save first?"), "Save first?");
 }
 
-TEST(HostTexts, WhereNobodyIsAskedTheAnswerChangesLeast) {
+TEST(HostTexts, WithoutAnOperatorTheAnswerIsTheOneThatChangesLeast) {
     EXPECT_EQ(ocuva::answerOfNobody(TARN_BOX_OK), TARN_ANSWER_OK);
     EXPECT_EQ(ocuva::answerOfNobody(TARN_BOX_OK + TARN_BOX_CRITICAL), TARN_ANSWER_OK);
     EXPECT_EQ(ocuva::answerOfNobody(TARN_BOX_OK_CANCEL + TARN_BOX_CRITICAL), TARN_ANSWER_CANCEL);

@@ -215,7 +215,7 @@ TEST(SimulatedHost, StatisticsOfARegionCountItsPixels) {
     }
 }
 
-TEST(SimulatedHost, ADataFolderThatCannotBeHadIsToldInASentence) {
+TEST(SimulatedHost, AnUnusableDataFolderIsReportedInASentence) {
     TempFolder folder;
     folder.write("file", "in the way");
     SimulatedHostOptions options;

@@ -62,7 +62,7 @@ TEST(AutomaticGain, LightThatNeedsAnotherRangeKeepsItWithoutHunting) {
     }
 }
 
-TEST(AutomaticGain, FramesThatNobodySawCountAsSeen) {
+TEST(AutomaticGain, FramesThatWereNotShownCountAsShown) {
     Scene scene;
     scene.rangeAfter(240.0, 10);
     ASSERT_EQ(scene.gain.range(), 1);

@@ -6,7 +6,7 @@
 namespace hosts {
 namespace {
 
-TEST(FramePool, AFrameHasTheSizeThatWasAskedFor) {
+TEST(FramePool, AFrameHasTheRequestedSize) {
     FramePool pool;
     EXPECT_EQ(pool.take(8, 4)->pixels.size(), 32U);
     const auto frame = pool.take(3, 2);
@@ -15,13 +15,13 @@ TEST(FramePool, AFrameHasTheSizeThatWasAskedFor) {
     EXPECT_EQ(frame->height, 2);
 }
 
-TEST(FramePool, AFrameThatNobodyHoldsIsUsedAgain) {
+TEST(FramePool, AnUnusedFrameIsReused) {
     FramePool pool;
     const std::uint32_t* const memory = pool.take(64, 64)->pixels.data();
     EXPECT_EQ(pool.take(64, 64)->pixels.data(), memory);
 }
 
-TEST(FramePool, AFrameThatSomebodyHoldsIsNotTouched) {
+TEST(FramePool, AFrameInUseIsNotChanged) {
     FramePool pool;
     const ocuva::FramePtr held = pool.take(4, 4);
     EXPECT_NE(pool.take(4, 4)->pixels.data(), held->pixels.data());

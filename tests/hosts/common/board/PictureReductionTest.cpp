@@ -30,7 +30,7 @@ TEST(PictureReduction, EachColourIsTheRoundedMeanOfItsBlock) {
     EXPECT_THAT(reduced(full, 2).pixels, ElementsAre(0xff404040U, 0xff010203U));
 }
 
-TEST(PictureReduction, RowsAndColumnsThatFillNoBlockFallAway) {
+TEST(PictureReduction, IncompleteBlocksAtTheEdgesAreDropped) {
     std::vector<std::uint32_t> pixels(5 * 5, 0xff808080U);
     for (std::size_t i = 0; i < 5; ++i) {
         pixels[i * 5 + 4] = 0xffffffffU;

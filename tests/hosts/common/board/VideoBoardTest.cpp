@@ -137,7 +137,7 @@ TEST(VideoBoard, TheEndOfABoardClosesItsCamera) {
     EXPECT_EQ(rig.camera.receiver, nullptr);
 }
 
-TEST(VideoBoard, SettingTheBoardTypeLeavesItNotReadyButARunningGrabGoesOn) {
+TEST(VideoBoard, SettingTheBoardTypeLeavesItNotReadyButARunningGrabContinues) {
     Rig rig;
     rig.grab();
     EXPECT_TRUE(rig.board.setBoardType(1));
@@ -174,7 +174,7 @@ TEST(VideoBoard, TheHostsNoteOfTheBoardTypeLeavesItReady) {
     EXPECT_TRUE(rig.board.isReady());
 }
 
-TEST(VideoBoard, BoardTypesThatThereAreNotAreRefused) {
+TEST(VideoBoard, UnknownBoardTypesAreRefused) {
     Rig rig;
     rig.board.init();
     for (const TarnLong type : {-1, 2, 99}) {

@@ -50,7 +50,7 @@ TEST(BusFrame, WaitsForMoreAfterEveryBeginningOfAFrame) {
     }
 }
 
-TEST(BusFrame, RefusesWhatIsNoFrameAtTheFirstByteThatShowsIt) {
+TEST(BusFrame, RefusesAnInvalidFrameAtItsFirstWrongByte) {
     EXPECT_EQ(decodeBusFrame("X").state, FrameState::malformed);
     EXPECT_EQ(decodeBusFrame("OCUX").state, FrameState::malformed);
     EXPECT_EQ(decodeBusFrame("OCUB\x02").state, FrameState::malformed);
@@ -114,14 +114,14 @@ TEST(BusFilter, LetsNothingThroughWhenItIsNotUnderstood) {
     EXPECT_TRUE(BusFilter("DST_APP=X").isUnderstood());
 }
 
-TEST(MessageName, StandsForTheIdentifierThatItEqualsWithoutRegardToCase) {
+TEST(MessageName, MatchesItsIdentifierInAnyLetterCase) {
     EXPECT_EQ(messageOfName("OCUVA_WakeUp"), wakeUp);
     EXPECT_EQ(messageOfName("ocuva_is_server_up").id, "OCUVA_IS_SERVER_UP");
     EXPECT_EQ(messageOfName("Ocuva_AutoFocus").id, "OCUVA_AUTOFOCUS");
     EXPECT_EQ(messageOfName("OCUVA_SLEEP").id, "OCUVA_SLEEP");
 }
 
-TEST(MessageName, GoesAsItStandsWhenItIsUnknown) {
+TEST(MessageName, IsSentUnchangedIfItIsUnknown) {
     EXPECT_EQ(messageOfName("Ocuva_Sleep "), (BusMessage{"TN_OCUVA_SERVER", "", "Ocuva_Sleep "}));
     EXPECT_EQ(messageOfName(""), (BusMessage{"TN_OCUVA_SERVER", "", ""}));
 }

@@ -61,7 +61,7 @@ TEST(MessageBus, KeepsDataFoldersApart) {
     EXPECT_TRUE(receiver.heard.empty());
 }
 
-TEST(MessageBus, SendsByNameToEverySubscriberWithTheIdentifierTheNameStandsFor) {
+TEST(MessageBus, SendsByNameToEverySubscriberWithTheMatchingIdentifier) {
     Place place;
     MessageBus bus = place.makeBus();
     EXPECT_FALSE(bus.sendByName("OCUVA_WakeUp")) << "nobody is there yet";
@@ -427,7 +427,7 @@ TEST(MessageBusFolder, LeavesThePlaceOfTheSocketOutWhenItsPathIsTooLong) {
     EXPECT_TRUE(eventually([&] { return !receiver.heard.empty(); }));
 }
 
-TEST(MessageBusFolder, ThatCannotBeMadeIsToldToTheLog) {
+TEST(MessageBusFolder, ThatCannotBeCreatedIsLogged) {
     Place place;
     std::ofstream(fs::path(place.folder)) << "a file stands here";
     MessageBus bus = place.makeBus();

@@ -10,7 +10,7 @@ using testing::ElementsAre;
 
 constexpr double never = std::numeric_limits<double>::infinity();
 
-TEST(VirtualClock, TimeStandsUntilItIsAdvanced) {
+TEST(VirtualClock, TimeStandsStillUntilItIsAdvanced) {
     VirtualClock clock;
     EXPECT_EQ(clock.nowMs(), 0.0);
     clock.advance(12.5);

@@ -18,7 +18,7 @@ std::vector<FocusSample> sweep(double focus, double width = 7.0, double uncertai
     return samples;
 }
 
-TEST(FocusPeak, IsFoundWhereverItLiesInsideTheSweep) {
+TEST(FocusPeak, IsFoundAnywhereInsideTheSweep) {
     for (double focus = -9.0; focus <= 9.0; focus += 0.25) {
         for (const double width : {4.5, 7.0, 30.0}) {
             const FocusPeak peak = focusPeak(sweep(focus, width));
@@ -27,7 +27,7 @@ TEST(FocusPeak, IsFoundWhereverItLiesInsideTheSweep) {
     }
 }
 
-TEST(FocusPeak, AFocusBetweenAnEndAndItsNeighbourLiesInside) {
+TEST(FocusPeak, AFocusBetweenAnEndAndItsNeighbourIsInside) {
     EXPECT_EQ(focusPeak(sweep(-8.5)).kind, Kind::inside);
     EXPECT_EQ(focusPeak(sweep(8.5)).kind, Kind::inside);
 }
@@ -65,7 +65,7 @@ TEST(FocusPeak, OneHeightIsFlatAndTwoHaveAnEdge) {
     EXPECT_EQ(two.z, 5.0);
 }
 
-TEST(FocusPeak, AWideSweepWithOneSharpHeightStaysBesideIt) {
+TEST(FocusPeak, AWideSweepWithOneSharpHeightStaysNearIt) {
     std::vector<FocusSample> samples;
     for (ocuva::Long z = -1000; z <= 1000; z += 100) {
         samples.push_back({z, {z == 300 ? 500.0 : 0.01, 0.001}});
@@ -88,7 +88,7 @@ TEST(FocusPeak, ALevelTopIsItsMiddleWithinASample) {
     EXPECT_NEAR(peak.z, 0.0, 1e-9);
 }
 
-TEST(FocusPeak, TheExtremesOfStageUnitsAreNoTrouble) {
+TEST(FocusPeak, ExtremeStageUnitsAreHandled) {
     constexpr ocuva::Long most = std::numeric_limits<ocuva::Long>::max();
     constexpr ocuva::Long least = std::numeric_limits<ocuva::Long>::min();
     const FocusPeak peak = focusPeak({{least, {50, 0.1}}, {0, {100, 0.1}}, {most, {50, 0.1}}});

@@ -46,7 +46,7 @@ TEST_F(FocusPlanOf, AChangeIsSeenByTheNextRead) {
     EXPECT_EQ(readFocusPlan(stores, log).range, 50);
 }
 
-TEST_F(FocusPlanOf, WhatMakesNoSenseIsHeldWithinBoundsAndToldInTheLog) {
+TEST_F(FocusPlanOf, MeaninglessValuesAreLimitedAndLogged) {
     struct {
         const char* key;
         const char* value;

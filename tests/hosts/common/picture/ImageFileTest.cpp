@@ -112,7 +112,7 @@ TEST_F(ImageFile, ABmpReadsBackAsItWas) {
     EXPECT_EQ(filesInFolder(), 1);
 }
 
-TEST_F(ImageFile, AFolderThatIsNotThereIsToldInWords) {
+TEST_F(ImageFile, AMissingFolderIsReported) {
     EXPECT_FALSE(saveTiff(folder / "none" / "a.tif", pixels.data(), width, height, true, error));
     EXPECT_NE(error.find("a.tif"), std::string::npos);
     error.clear();

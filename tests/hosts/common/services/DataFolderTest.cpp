@@ -90,7 +90,7 @@ TEST(DataFolder, OpeningLeavesNoProbeBehind) {
         EXPECT_THAT(item.path().filename().string(), testing::Not(HasSubstr("probe")));
 }
 
-TEST(DataFolder, AFileInItsPlaceIsToldInOneSentence) {
+TEST(DataFolder, AFileInItsPlaceIsReportedInOneSentence) {
     const TempFolder temp;
     temp.write("data", "precious");
     EXPECT_EQ(errorOf(temp / "data"),
@@ -98,7 +98,7 @@ TEST(DataFolder, AFileInItsPlaceIsToldInOneSentence) {
     EXPECT_EQ(temp.read("data"), "precious");
 }
 
-TEST(DataFolder, APlaceWhereNothingCanBeMadeIsToldWithTheReason) {
+TEST(DataFolder, AFolderThatCannotBeCreatedIsReportedWithTheReason) {
     const TempFolder temp;
     temp.write("file", "");
     const auto folder = temp / "file" / "data";
@@ -108,12 +108,12 @@ TEST(DataFolder, APlaceWhereNothingCanBeMadeIsToldWithTheReason) {
 }
 
 #ifdef __linux__
-TEST(DataFolder, AFolderThatTakesNoFilesIsToldWithTheReason) {
+TEST(DataFolder, AReadOnlyFolderIsReportedWithTheReason) {
     EXPECT_THAT(errorOf("/proc/self"), AllOf(HasSubstr("\"/proc/self\" is not writable: "), EndsWith(".")));
 }
 #endif
 
-TEST(DataFolder, AFileInPlaceOfTheStandardsFolderIsTold) {
+TEST(DataFolder, AFileInPlaceOfTheStandardsFolderIsReported) {
     const TempFolder temp;
     temp.write("standards", "a file");
     EXPECT_THAT(errorOf(temp.path()), HasSubstr("cannot be filled for its first start: "));

@@ -28,7 +28,7 @@ TEST(HostLog, ALineBeginsWithLocalDateAndTimeToTheMillisecond) {
                 ocuva::HasForm("[0-9]{4}-[0-9]{2}-[0-9]{2} [0-9]{2}:[0-9]{2}:[0-9]{2}[.][0-9]{3} Hello"));
 }
 
-TEST(HostLog, LineEndsAtTheEndOfATextFallAway) {
+TEST(HostLog, LineEndsAtTheEndOfATextAreRemoved) {
     EXPECT_EQ(logged("text"), "T text\n");
     EXPECT_EQ(logged("text\n"), "T text\n");
     EXPECT_EQ(logged("text\r\n"), "T text\n");
@@ -58,7 +58,7 @@ TEST(HostLog, ALineThatTheFileCannotTakeGoesToStderr) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "T lost?\n");
 }
 
-TEST(HostLog, TheFileIsMadeAnewWhenSomebodyDeletesIt) {
+TEST(HostLog, ADeletedFileIsCreatedAgain) {
     const TempFolder folder;
     HostLog log(folder / "log", [] { return std::string("T"); });
     log.line("one");
@@ -93,7 +93,7 @@ TEST(HostLog, LinesOfSeveralThreadsStayWhole) {
         EXPECT_EQ(line, std::string(200, line[2]).insert(0, "T "));
 }
 
-TEST(LineFile, AFailureIsToldInTheSystemsWords) {
+TEST(LineFile, AFailureIsReportedInTheSystemsWords) {
     const TempFolder folder;
     EXPECT_FALSE(LineFile(folder / "lines").writeLine("x\n"));
     EXPECT_EQ(folder.read("lines"), "x\n");

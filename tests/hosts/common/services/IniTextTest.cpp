@@ -183,7 +183,7 @@ TEST(IniText, EmptyAndCommentOnlyTextsAreFine) {
         EXPECT_TRUE(IniText::parse(text)) << text;
 }
 
-TEST(IniText, WhatIsNoIniTextIsToldWithItsReason) {
+TEST(IniText, AnInvalidIniTextIsReportedWithTheReason) {
     std::string reason;
     EXPECT_FALSE(IniText::parse(std::string("[A]\nk=\0", 7), &reason));
     EXPECT_EQ(reason, "it holds binary data");

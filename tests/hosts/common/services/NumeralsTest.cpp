@@ -4,13 +4,13 @@
 
 using namespace hosts;
 
-TEST(Numerals, AWholeNumberStandsAlone) {
+TEST(Numerals, AWholeNumberHasNoOtherText) {
     EXPECT_EQ(wholeNumber(" +12\r"), 12);
     for (const char* text : {"", "12 a", "12.0", "1e3", "0x1", "3000000000"})
         EXPECT_FALSE(wholeNumber(text)) << text;
 }
 
-TEST(Numerals, ANumberIsFiniteAndStandsAlone) {
+TEST(Numerals, ANumberIsFiniteWithoutOtherText) {
     EXPECT_EQ(number(" 2e-8 "), 2e-8);
     EXPECT_EQ(number("+.5"), 0.5);
     for (const char* text : {"", "nan", "inf", "1e999", "1,5", "1 2", "+-1", "0.5x"})

@@ -112,7 +112,7 @@ TEST(Stores, AStampOfAFineClockProvesItsContentSooner) {
     EXPECT_TRUE(isSettled(stamp, 5'004'000'001 + fineSettleNs));
 }
 
-TEST(Stores, AValueThatIsNoNumberGivesTheDefaultAndOneLogLine) {
+TEST(Stores, AValueThatIsNotANumberGivesTheDefaultAndOneLogLine) {
     StoresRig rig;
     rig.folder.write("S.INI", "[A]\nk=abc\nempty=\nlarge=99999999999\nnumber=12 pixels\n");
     for (int round = 0; round < 3; ++round) {
@@ -274,7 +274,7 @@ TEST(Stores, AWriteKeepsTheAccessRightsOfTheFile) {
 }
 #endif
 
-TEST(Stores, AFileOfSomebodyElsesThatIsCalledAsideIsLeftAlone) {
+TEST(Stores, SomebodyElsesFileCalledAsideIsLeftAlone) {
     StoresRig rig;
     rig.folder.write("S.INI", "[A]\nk=1\n");
     rig.folder.write("S.INI.aside", "somebody's own");
@@ -283,7 +283,7 @@ TEST(Stores, AFileOfSomebodyElsesThatIsCalledAsideIsLeftAlone) {
     EXPECT_EQ(rig.folder.read("S.INI.aside"), "somebody's own");
 }
 
-TEST(Stores, AWriteGivesUpWhenAnotherHoldsTheLock) {
+TEST(Stores, AWriteFailsIfAnotherProcessHoldsTheLock) {
     StoresRig rig;
     rig.folder.write("S.INI", "[A]\nk=1\n");
     const ocuva::FileLock lock(rig.folder / "S.INI.lock", std::chrono::seconds(0));

@@ -123,7 +123,7 @@ TEST(GrabTimer, AHaltEndsTheWaitForAFrameThatIsFarAway) {
     timer.stop();
 }
 
-TEST(GrabTimer, OnARealClockFramesGoOnUntilTheHaltAndNoneComesAfterIt) {
+TEST(GrabTimer, OnARealClockFramesContinueUntilTheHaltAndThenStop) {
     RealClock clock(100.0);
     std::atomic_int taken = 0;
     Signal third;

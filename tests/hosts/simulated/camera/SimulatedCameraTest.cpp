@@ -121,7 +121,7 @@ TEST(SimulatedCamera, AShutdownEndsTheGrabAndForgetsTheFrame) {
     EXPECT_FALSE(rig.board.startGrab(true));
 }
 
-TEST(SimulatedCamera, SettingTheBoardTypeLeavesItNotReadyButARunningGrabGoesOn) {
+TEST(SimulatedCamera, SettingTheBoardTypeLeavesItNotReadyButARunningGrabContinues) {
     Rig rig;
     rig.grab();
     EXPECT_TRUE(rig.board.setBoardType(1));
@@ -143,7 +143,7 @@ TEST(SimulatedCamera, AnInitialisationEndsARunningGrab) {
     EXPECT_EQ(rig.sink.count, 0);
 }
 
-TEST(SimulatedCamera, BoardTypeNoughtGrabsButShowsNothing) {
+TEST(SimulatedCamera, BoardTypeZeroGrabsButShowsNothing) {
     Rig rig;
     rig.board.setBoardType(0);
     rig.grab();
@@ -165,7 +165,7 @@ TEST(SimulatedCamera, AFrameIsExposedWhereTheStageIsAtThatMoment) {
     EXPECT_EQ(rig.source.exposures[0].stageY, 0.0);
 }
 
-TEST(SimulatedCamera, TheFieldIsAskedForEachFrame) {
+TEST(SimulatedCamera, TheFieldIsReadForEachFrame) {
     Rig rig;
     rig.grab();
     rig.clock.advance(40.0);
@@ -178,7 +178,7 @@ TEST(SimulatedCamera, TheFieldIsAskedForEachFrame) {
     EXPECT_NE(rig.source.exposures[0].frameNumber, rig.source.exposures[1].frameNumber);
 }
 
-TEST(SimulatedCamera, ADisplayWindowThatNobodyStandsBehindIsNoFault) {
+TEST(SimulatedCamera, ADisplayWindowWithoutASinkIsNoError) {
     Rig rig;
     rig.board.setDisplay({999, -1, 0});
     rig.grab();
@@ -187,7 +187,7 @@ TEST(SimulatedCamera, ADisplayWindowThatNobodyStandsBehindIsNoFault) {
     EXPECT_NE(rig.board.currentFrame(), nullptr);
 }
 
-TEST(SimulatedCamera, AFrameInSomebodysHandsIsNotOverwritten) {
+TEST(SimulatedCamera, AFrameInUseIsNotOverwritten) {
     Rig rig;
     rig.board.setDisplay({window, -1, 0});
     rig.grab();
@@ -234,7 +234,7 @@ TEST(SimulatedCamera, AMeasuringExposureIsNeitherShownNorKept) {
     EXPECT_EQ(rig.board.currentFrame(), nullptr);
 }
 
-TEST(SimulatedCamera, TenMinutesThatNobodyWatchesCostNoPictureUntilSomebodyLooks) {
+TEST(SimulatedCamera, TenMinutesUnwatchedRenderNoPictureUntilOneIsNeeded) {
     Rig rig;
     rig.board.setDisplay({0, -1, 0});
     rig.grab();
@@ -253,7 +253,7 @@ TEST(SimulatedCamera, TenMinutesThatNobodyWatchesCostNoPictureUntilSomebodyLooks
     EXPECT_EQ(rig.source.exposures[0].stageX, 100.0);
 }
 
-TEST(SimulatedCamera, AWindowGetsOnePictureForEachTimeThatItCanLook) {
+TEST(SimulatedCamera, AWindowGetsOnePictureForEachTurnOfItsEventLoop) {
     Rig rig;
     rig.grab();
     for (int second = 0; second < 600; ++second) {
@@ -304,7 +304,7 @@ TEST(SimulatedCamera, OnARealClockTheGroundIsPaintedBeforeTheFirstFrameAndCounts
     windows.detach(window);
 }
 
-TEST(SimulatedCamera, OnARealClockCommandsAndReadingsGoOnBesideTheGrab) {
+TEST(SimulatedCamera, OnARealClockCommandsAndReadingsContinueDuringTheGrab) {
     RealClock clock(50.0);
     StageMechanics stage(clock, StageSettings());
     StubSource source;

@@ -47,7 +47,7 @@ TEST(SeedFiles, AFirstStartSeedsAWorkingBench) {
     EXPECT_THAT(temp.lines("log"), IsEmpty());
 }
 
-TEST(SeedFiles, TheSeededStandardsLieOnTheTrueSurface) {
+TEST(SeedFiles, TheSeededStandardsAreOnTheTrueSurface) {
     const TempFolder temp;
     const auto opened = DataFolder::open(temp.path(), seedFiles);
     ASSERT_TRUE(std::holds_alternative<DataFolder>(opened));

@@ -45,7 +45,7 @@ TEST(SimConfig, AnUnusableValueGivesTheDefaultAndOneLogLine) {
     }
 }
 
-TEST(SimConfig, AFractionIsNoWholeNumber) {
+TEST(SimConfig, AFractionIsNotAWholeNumber) {
     ConfigRig rig("[Stage]\nXMin=-2.5\n");
     SimConfig config(rig.folder / "simulator.ini", rig.hostLog);
     EXPECT_EQ(config.getLong(settings::xMin), -25000);

@@ -214,7 +214,7 @@ TEST(AnHourOfWork, IsDoneWhicheverHostFunctionFailsOrIsSlow) {
     EXPECT_GE(workplace.nowMs(), slices * sliceMs - 1.0);
 }
 
-TEST(AnHourOfWork, GoesOnWhateverDeviceIsBroken) {
+TEST(AnHourOfWork, ContinuesWithAnyBrokenDevice) {
     Workplace workplace;
     for (const char* fault :
          {"BoardRefuses=1", "GrabStopsByItself=3", "Camera=frozen", "Camera=stuck", "Camera=black",

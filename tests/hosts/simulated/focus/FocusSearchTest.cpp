@@ -72,7 +72,7 @@ StageSettings withZ(AxisSettings z) {
     return settings;
 }
 
-TEST(FocusSearch, StandsAtTheSharpestHeightInsideTheRange) {
+TEST(FocusSearch, EndsAtTheSharpestHeightInsideTheRange) {
     for (const double focus : {0.0, 3.0, -5.0, 4.4, -1.5, 8.2, -8.7}) {
         Rig rig(focus);
         EXPECT_EQ(rig.run(), FocusVerdict::found);
@@ -83,7 +83,7 @@ TEST(FocusSearch, StandsAtTheSharpestHeightInsideTheRange) {
     }
 }
 
-TEST(FocusSearch, TriesAsManyHeightsAsAskedOverTheWholeRange) {
+TEST(FocusSearch, TriesTheRequestedNumberOfHeightsAcrossTheRange) {
     Rig rig(0.0);
     rig.run({40, 5});
     EXPECT_THAT(rig.tried, ElementsAre(-20, -10, 0, 10, 20));
@@ -106,7 +106,7 @@ TEST(FocusSearch, AFocusBeyondTheRangeLeavesZAtTheEdgeNearestToIt) {
     }
 }
 
-TEST(FocusSearch, SearchingAgainAtTheEdgeGoesOnFromThere) {
+TEST(FocusSearch, SearchingAgainAtTheEdgeContinuesFromThere) {
     Rig rig(20.0);
     EXPECT_EQ(rig.run(), FocusVerdict::edge);
     EXPECT_EQ(rig.run(), FocusVerdict::edge);
@@ -124,7 +124,7 @@ TEST(FocusSearch, APictureWithoutDetailIsFlatAndZGoesBack) {
     EXPECT_THAT(rig.verdict(), HasSubstr("back at Z=0"));
 }
 
-TEST(FocusSearch, NoHeightLiesOutsideTheLimits) {
+TEST(FocusSearch, NoHeightIsOutsideTheLimits) {
     Rig rig(992.0, withZ({-1000, 1000, 200.0, 2000.0, 995, 10}));
     EXPECT_EQ(rig.run(), FocusVerdict::found);
     EXPECT_NEAR(rig.z(), 992.0, 1.0);
@@ -215,7 +215,7 @@ TEST(FocusSearch, ASlowStageIsWaitedFor) {
     EXPECT_NEAR(rig.z(), 4.0, 1.0);
 }
 
-TEST(FocusSearch, TransmittedLightIsToldToBeMissing) {
+TEST(FocusSearch, MissingTransmittedLightIsLogged) {
     Rig rig(4.0);
     EXPECT_EQ(rig.run({18, 7, 1, true}), FocusVerdict::found);
     EXPECT_THAT(rig.folder.read("tarn.log"), HasSubstr("transmitted light"));

@@ -139,7 +139,7 @@ TEST(FocusSuccess, WithoutAReadyBoardThereAreNoFrames) {
     EXPECT_THAT(rig.log(), HasSubstr("autofocus: no frames: "));
 }
 
-TEST(FocusSuccess, LiveVideoGoesOnDuringTheSearchAndAfterIt) {
+TEST(FocusSuccess, LiveVideoContinuesDuringAndAfterTheSearch) {
     FocusRig rig;
     rig.host.tn_video().TarnVideoBoardStartGrab(1, 1);
     rig.clock->advance(50.0);

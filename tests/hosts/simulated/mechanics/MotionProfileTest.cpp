@@ -47,7 +47,7 @@ TEST(MotionProfile, AMoveEndsExactlyAtItsTarget) {
     EXPECT_EQ(motion.stateAt(1e12).position, -7777.0);
 }
 
-TEST(MotionProfile, AMoveOfNothingHasEndedWhenItBegins) {
+TEST(MotionProfile, AMoveOfLengthZeroEndsAtOnce) {
     EXPECT_EQ(MotionProfile(50.0, {12.0, 0.0}, 12.0, limits).endMs(), 50.0);
     EXPECT_EQ(MotionProfile(12.0).stateAt(3.0).position, 12.0);
 }

@@ -37,7 +37,7 @@ struct Rig {
     void settle() { clock.advance(60000.0); }
 };
 
-TEST(StageMechanics, StandsAtItsStartPositionAndDoesNotMove) {
+TEST(StageMechanics, IsAtItsStartPositionAndDoesNotMove) {
     StageSettings settings;
     settings.x.start = 120;
     settings.z.start = -7;
@@ -90,14 +90,14 @@ TEST(StageMechanics, StartingOneAxisLeavesTheOthersLoaded) {
     EXPECT_TRUE(rig.stage.start(axisY));
 }
 
-TEST(StageMechanics, AMoveToWhereTheAxisStandsIsTakenAndHasEnded) {
+TEST(StageMechanics, AMoveToTheCurrentPositionIsAcceptedAndEndsAtOnce) {
     Rig rig;
     EXPECT_TRUE(rig.stage.loadRelative(axisZ, 0.0));
     EXPECT_TRUE(rig.stage.start(axisZ));
     EXPECT_FALSE(rig.moving(axisZ));
 }
 
-TEST(StageMechanics, ARelativeMoveCountsFromWhereTheAxisStands) {
+TEST(StageMechanics, ARelativeMoveCountsFromTheCurrentPosition) {
     Rig rig;
     for (int step = 0; step < 2; ++step) {
         rig.stage.loadRelative(axisZ, -10.0);
@@ -176,7 +176,7 @@ TEST(StageMechanics, ARefusedLoadLoadsNothing) {
     EXPECT_EQ(rig.at(axisZ), 3) << "what was loaded before stays loaded";
 }
 
-TEST(StageMechanics, ValuesThatAreNoPlaceAreRefused) {
+TEST(StageMechanics, InvalidPositionsAreRefused) {
     Rig rig;
     const double infinity = std::numeric_limits<double>::infinity();
     const double none = std::numeric_limits<double>::quiet_NaN();
@@ -218,7 +218,7 @@ TEST(StageMechanics, DistancesBetweenUnitsAreRoundedHalfToEven) {
     }
 }
 
-TEST(StageMechanics, AxesThatThereAreNotAreRefusedEverywhere) {
+TEST(StageMechanics, UnknownAxesAreRefusedEverywhere) {
     Rig rig;
     for (const Long axis : {-1, 4, 100}) {
         Long position = 42;
@@ -266,7 +266,7 @@ TEST(StageMechanics, ANewStartWhileMovingTurnsWithoutAJump) {
     EXPECT_EQ(rig.at(axisX), 0);
 }
 
-TEST(StageMechanics, WhateverIsCommandedAtAnyTimeTheAxisStaysInsideItsLimits) {
+TEST(StageMechanics, TheAxisStaysInsideItsLimitsForAnyCommandAtAnyTime) {
     std::mt19937 random(17);
     std::uniform_int_distribution<int> target(-1000, 1000);
     std::uniform_real_distribution<double> pauseMs(0.0, 900.0);

@@ -30,7 +30,7 @@ TEST(FaultPlan, NamesAreFoundWithoutRegardToCase) {
     EXPECT_FALSE(rig.load(100));
 }
 
-TEST(FaultPlan, AnUnknownKeyIsToldOnceAndDoesNothing) {
+TEST(FaultPlan, AnUnknownKeyIsLoggedOnceAndIgnored) {
     Faulty rig;
     rig.fault("TarnFlyToTheMoon=fail\nTarnFlyToTheMoon.SlowMs=5");
     for (int i = 0; i < 5; ++i) {
@@ -40,7 +40,7 @@ TEST(FaultPlan, AnUnknownKeyIsToldOnceAndDoesNothing) {
     EXPECT_EQ(rig.timesInLog("there is no fault \"TarnFlyToTheMoon.SlowMs\""), 1);
 }
 
-TEST(FaultPlan, GarbageIsToldOnceAndIsOff) {
+TEST(FaultPlan, AnInvalidValueIsLoggedOnceAndCountsAsOff) {
     const char* const rows[] = {"TarnLoadStageAbs=maybe",
                                 "TarnLoadStageAbs.SlowMs=-1",
                                 "TarnLoadStageAbs.SlowMs=nan",
@@ -67,7 +67,7 @@ TEST(FaultPlan, GarbageIsToldOnceAndIsOff) {
     }
 }
 
-TEST(FaultPlan, WhatIsWrongStandsInTheLog) {
+TEST(FaultPlan, ActiveFaultsAreLogged) {
     Faulty rig;
     rig.fault("Camera=black\nTarnStartStage=fail");
     rig.load(1);
@@ -107,7 +107,7 @@ TEST(FaultyStage, ARefusingOneTakesNoMove) {
     EXPECT_EQ(rig.host->truth().position().x, 100.0);
 }
 
-TEST(FaultyStage, AStallingOneStandsShortOfItsTarget) {
+TEST(FaultyStage, AStallingOneStopsShortOfItsTarget) {
     Faulty rig;
     rig.fault("Stage=stalling");
     EXPECT_TRUE(rig.load(100));

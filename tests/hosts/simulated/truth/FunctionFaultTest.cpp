@@ -156,7 +156,7 @@ TarnLong failureOf(std::string_view function) {
     return function == "TarnVideoBufferAlloc" ? TARN_BUFFER_NONE : 0;
 }
 
-TEST(FunctionFaults, EveryFunctionOfTheBoundaryCanFailAndDoesNothingThen) {
+TEST(FunctionFaults, EveryHostFunctionCanFailAndThenDoesNothing) {
     const std::map<std::string_view, Call> calls = allCalls();
     ASSERT_EQ(calls.size(), ocuva::hostFunctionNames.size());
     TruthRig rig;
@@ -184,7 +184,7 @@ TEST(FunctionFaults, EveryFunctionOfTheBoundaryCanFailAndDoesNothingThen) {
     EXPECT_EQ(rig.reading(1), 0);
 }
 
-TEST(FunctionFaults, EveryFunctionOfTheBoundaryCanBeSlowAndAnswersAllTheSame) {
+TEST(FunctionFaults, EveryHostFunctionCanBeSlowAndStillAnswers) {
     for (const auto& [name, call] : allCalls()) {
         TruthRig quick;
         TruthRig slow("[Faults]\n" + std::string(name) + ".SlowMs=1234\n");

@@ -62,7 +62,7 @@ TEST(Play, ABacklashMoveShorterThanThePlayLeavesTheRestOfIt) {
     EXPECT_NEAR(rig.host->truth().position().x, -43.0, 1e-9);
 }
 
-TEST(Play, ThePictureShowsWhereTheSampleIsAndNotWhatIsRead) {
+TEST(Play, ThePictureShowsTheSamplesPositionNotTheReading) {
     TruthRig worn("[Mechanics]\nPlayX=4\n");
     TruthRig ideal;
     worn.goTo(axisX, -50);
@@ -129,7 +129,7 @@ TEST(Stall, TheAxisStopsShortAndReportsThatItMovesUntilItsTimeout) {
     EXPECT_EQ(rig.reading(2), 100) << "the other axes are well";
 }
 
-TEST(SecondController, SomethingElseMovesTheStageMeanwhile) {
+TEST(SecondController, MovesTheStageByItself) {
     TruthRig rig("[Mechanics]\nSecondControllerAmplitude=25\nSecondControllerPeriodMs=5000\n");
     rig.clock->advance(4900.0);
     EXPECT_EQ(rig.reading(axisX), 0);

@@ -47,7 +47,7 @@ TEST(CameraPicture, GreyCamerasGiveGreyAndColourCamerasColour) {
     }
 }
 
-TEST(CameraPicture, TheSamePlaceLooksTheSameWhateverWasSeenBefore) {
+TEST(CameraPicture, TheSamePlaceAlwaysLooksTheSame) {
     Rig rig;
     rig.optics.noise = 2.0;
     const World world(rig.seed, rig.mounts);
@@ -220,7 +220,7 @@ TEST(CameraPicture, ThereIsNothingToSeeInEpoxy) {
     EXPECT_LT(rig.at(7000, 0).gradientEnergy(), 0.5);
 }
 
-TEST(CameraPicture, NoiseHasTheToldStrengthAndAveragesOut) {
+TEST(CameraPicture, NoiseHasTheConfiguredStrengthAndAveragesOut) {
     Rig rig;
     rig.exposure.fieldWidth = 160;
     rig.exposure.fieldHeight = 120;
@@ -277,7 +277,7 @@ TEST(CameraPicture, CornersAreALittleDarker) {
     EXPECT_NEAR(picture.red(765, 573) / middle, 0.9, 0.03);
 }
 
-TEST(CameraPicture, SenselessNumbersNeitherCrashNorHang) {
+TEST(CameraPicture, MeaninglessNumbersNeitherCrashNorHang) {
     constexpr double nan = std::numeric_limits<double>::quiet_NaN();
     constexpr double infinite = std::numeric_limits<double>::infinity();
     Rig rig;
