@@ -43,7 +43,7 @@ struct Command {
     bool isAvailable() const { return isInThisBuild == nullptr || isInThisBuild(); }
 };
 
-/// All rows, in the order of the menus; buttons are in this order in the toolbar's design layout.
+/// All rows, in the order of the menus; buttons are in this order in the toolbar's default layout.
 std::span<const Command> commands();
 
 /// The row of that name. Throws std::out_of_range if there is none.
@@ -52,7 +52,7 @@ const Command& command(std::string_view name);
 /// The command of that toolbar button; null for a key that no button has.
 const Command* commandOfButton(const QString& key);
 
-/// The buttons of all commands with the separators of the design layout.
+/// The buttons of all commands with the separators of the default layout.
 ToolbarButtons commandButtons();
 
 /// The commands that have a key, in the order of the menus.

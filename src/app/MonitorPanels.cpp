@@ -12,7 +12,7 @@ namespace ocuva {
 
 namespace {
 
-// The window as designed, in twips: a display of 384 x 288 pixels, the size of a reduced European picture.
+// The initial layout in twips: a display of 384 x 288 pixels, the size of a reduced European picture.
 constexpr TwipsRect designDisplay{30, 120, 5760, 4320};
 constexpr TwipsRect designImage{360, 360, 5760 + 90, 4320 + 170};
 constexpr TwipsRect designMonitor{180, 600, 5760 + 810, 4320 + 890};

@@ -33,7 +33,7 @@ private:
 /// The Z buttons: four steps up and four down, the biggest outermost.
 class UpDownPanel {
 public:
-    /// In its design geometry. The buttons do nothing by themselves.
+    /// In its initial layout. The buttons do nothing by themselves.
     explicit UpDownPanel(QWidget* parent);
 
     /// The controls, by their names; buttons by the index of their step in zSteps.
@@ -44,7 +44,7 @@ public:
     ///@}
 };
 
-/// frMonitor with what is inside it, in its design geometry.
+/// frMonitor and its contents in their initial layout.
 class MonitorPanels {
 public:
     /// The display attaches itself to the windows, which outlive it.

@@ -20,7 +20,7 @@ namespace ocuva {
 
 namespace {
 
-// Twips left free below the panels of the designed window.
+// Free space below the panels in the initial layout, twips.
 constexpr Long designBottomMargin = 180;
 constexpr Long designWindowWidth = 8190;
 
@@ -90,7 +90,7 @@ void frmOcuva::makeControls() {
     m_menu->lendFunctionKeys(m_pictureOnStage->dialog());
     new ExitKey(*m_menu->action("mnuExit"));
 
-    // The window as designed: what stands around the monitor frame, from the frame's edge to the window's.
+    // The initial layout: the margins between the monitor frame and the edges of the window.
     const QRect monitor = m_panels->frMonitor->geometry();
     ensurePolished();
     resize(pixelsX(designWindowWidth), monitor.bottom() + 1 + pixelsY(designBottomMargin) +

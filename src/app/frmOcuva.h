@@ -78,7 +78,7 @@ class frmOcuva final : public QMainWindow,
     Q_OBJECT
 
 public:
-    /// Makes the controls as designed; no host call is made before Load.
+    /// Creates the controls in their initial layout; no host call is made before Load.
     explicit frmOcuva(const MainWindowContext& context);
     ~frmOcuva() override;
 

@@ -70,7 +70,7 @@ TEST(FittedText, HasNoLineThatIsWiderThanItsRoom) {
     }
 }
 
-TEST_F(NarrowPanel, OfTheWindowAsDesignedShowsEachOfItsLongTextsWhole) {
+TEST_F(NarrowPanel, OfTheInitialWindowShowsEachOfItsLongTextsCompletely) {
     for (const char* text :
          {"Live 25.0 frames/s   1:2   400x   calibrated elsewhere: -5000, -1000 away",
           "Still   The picture is old: moved by -1600, -1200",

@@ -327,7 +327,7 @@ TEST_F(InformationPanel, SaysThatTheImageIsNotLiveUntilFramesComeBack) {
     EXPECT_FALSE(check->isActive());
 }
 
-TEST_F(InformationPanel, ShowsAllOfItsTextInTheWindowAsDesigned) {
+TEST_F(InformationPanel, ShowsAllOfItsTextInTheInitialWindow) {
     action("mnuAcq")->trigger();
     StatusPanel* info = window().sbMain->panel(QStringLiteral("Info"));
     EXPECT_LE(info->fontMetrics().horizontalAdvance(QStringLiteral("Live 25.0 frames/s   1:2   400x")) + 15,

@@ -12,7 +12,7 @@ using testing::IsEmpty;
 
 namespace {
 
-// A window that is only numbers. As designed it has 1440 twips right of the monitor frame and 900 below it.
+// A window that is only numbers. Its initial layout has 1440 twips right of the monitor frame and 900 below it.
 struct WindowOfNumbers : MonitorView {
     static constexpr Long right = 1440;
     static constexpr Long below = 900;

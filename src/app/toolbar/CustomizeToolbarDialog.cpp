@@ -22,7 +22,7 @@ namespace ocuva {
 
 namespace {
 
-constexpr int visibleRows = 13; // the whole design layout
+constexpr int visibleRows = 13; // the whole default layout
 const QSize rowIconSize(smallIconPx, smallIconPx);
 
 QString rowMimeType() { return QStringLiteral("application/x-ocuva-toolbar-row"); }

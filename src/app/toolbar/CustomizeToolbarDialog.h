@@ -54,7 +54,7 @@ public:
     QPushButton* const cmdMoveUp;
     QPushButton* const cmdMoveDown;
     ///@}
-    QPushButton* const cmdReset; ///< back to the design layout
+    QPushButton* const cmdReset; ///< back to the default layout
     QPushButton* const cmdClose; ///< only closes
 
 Q_SIGNALS:

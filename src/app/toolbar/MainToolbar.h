@@ -27,7 +27,7 @@ class MainToolbar final : public QToolBar {
     Q_OBJECT
 
 public:
-    /// In the design layout, with the small images.
+    /// In the default layout, with the small images.
     explicit MainToolbar(const ToolbarButtons& buttons, QWidget* parent = nullptr);
 
     /// Takes over the images; their size becomes the size of the bar. Without it the bar has the small ones.
@@ -67,7 +67,7 @@ public Q_SLOTS:
     /// Opens the dialog (window modal) in which the user chooses the buttons; once only.
     void customize();
 
-    /// Back to the design layout, as the user's wish.
+    /// Back to the default layout, as the user's wish.
     void reset();
 
 Q_SIGNALS:

@@ -26,14 +26,14 @@ struct ToolbarButton {
 /// A text of the table in the user's language.
 QString shownText(QLatin1StringView text);
 
-/// The buttons and separators of a toolbar, in design order.
+/// The buttons and separators of a toolbar, in the default order.
 class ToolbarButtons {
 public:
     /// The rows outlive this and its copies.
     explicit ToolbarButtons(std::span<const ToolbarButton> rows)
         : m_rows(rows) {}
 
-    /// Every button and separator, in design order.
+    /// Every button and separator, in the default order.
     ///@{
     auto begin() const { return m_rows.begin(); }
     auto end() const { return m_rows.end(); }
@@ -46,7 +46,7 @@ private:
     std::span<const ToolbarButton> m_rows;
 };
 
-/// True for "Sep1" to "Sep99". The design has the first four; the user may add more.
+/// True for "Sep1" to "Sep99". The default layout has the first four; the user may add more.
 bool isSeparatorKey(const QString& key);
 
 /// What a separator is called in lists.

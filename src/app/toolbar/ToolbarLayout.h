@@ -13,7 +13,7 @@ namespace ocuva {
 /// A plain value. Every key in it is the key of a button or a separator key, and none occurs twice.
 class ToolbarLayout {
 public:
-    /// All buttons and separators, in design order.
+    /// All buttons and separators, in the default order.
     static ToolbarLayout design(const ToolbarButtons& buttons);
 
     /// Keys separated by commas; blanks round a key do not matter. Unknown keys and repetitions are left out.
@@ -29,7 +29,7 @@ public:
     /// In the order of the bar.
     const QStringList& keys() const { return m_keys; }
 
-    /// The buttons that the layout does not show, in design order.
+    /// The buttons that the layout does not show, in the default order.
     QStringList available() const;
 
     /// Puts a button that is not yet shown before the item at index; size() and beyond append, below 0 is 0.

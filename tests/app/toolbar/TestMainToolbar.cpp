@@ -352,7 +352,7 @@ TEST(ToolbarContextMenu, OnAButtonAndOnTheBarItOffersToCustomizeAndReset) {
         ASSERT_NE(menu, nullptr);
         ASSERT_EQ(menu->actions().size(), 2);
         EXPECT_EQ(menu->actions().at(0)->text(), QStringLiteral("&Customize…"));
-        EXPECT_FALSE(menu->actions().at(1)->isEnabled()) << "the design layout has nothing to reset";
+        EXPECT_FALSE(menu->actions().at(1)->isEnabled()) << "the default layout has nothing to reset";
         menu->actions().at(0)->trigger();
         EXPECT_NE(rig.bar.findChild<CustomizeToolbarDialog*>(), nullptr);
         menu->close();
