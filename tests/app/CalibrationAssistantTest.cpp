@@ -213,7 +213,7 @@ TEST_F(Assistant, RefusesToContinueUntilTheStageHasStopped) {
     click({100, 100}); // centres the point
     host.status[axisX].assign(20, 1);
     enter();
-    EXPECT_THAT(hint(), HasSubstr("The stage moves"));
+    EXPECT_THAT(hint(), HasSubstr("The stage is moving"));
     host.status[axisX].clear();
     moveEnds();
     EXPECT_THAT(hint(), HasSubstr("Is point 1 under the cross?"));
