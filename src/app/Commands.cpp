@@ -92,7 +92,7 @@ constexpr std::array<Command, 26> rows{{
                 .text = ButtonText{QT_TRANSLATE_NOOP("MainToolbar", "Cross")},
                 .tooltip = ButtonText{QT_TRANSLATE_NOOP("MainToolbar", "Show a cross at the center")},
                 .style = ButtonStyle::Check},
-     .run = [](frmOcuva& window) { window.overlays().toggleCross(); }},
+     .run = [](frmOcuva& window) { window.overlays().toggle("mnuCross"); }},
     {.entry = Check,
      .name = "mnuGrid",
      .text = QT_TRANSLATE_NOOP("Commands", "&Grid"),
@@ -104,7 +104,7 @@ constexpr std::array<Command, 26> rows{{
                 .tooltip = ButtonText{QT_TRANSLATE_NOOP("MainToolbar", "Show a grid on the image")},
                 .style = ButtonStyle::Check},
      .separatorAfterButton = true,
-     .run = [](frmOcuva& window) { window.overlays().toggleGrid(); }},
+     .run = [](frmOcuva& window) { window.overlays().toggle("mnuGrid"); }},
     {.entry = Check,
      .name = "mnuMicroMarker",
      .text = QT_TRANSLATE_NOOP("Commands", "&MicroMarker"),
@@ -112,7 +112,7 @@ constexpr std::array<Command, 26> rows{{
      .explanation = QT_TRANSLATE_NOOP("Commands", "A bar of known length, in micrometres. It is right if the "
                                                   "magnification is that of the objective in use."),
      .explainedControls = "frMicroMarker lbMicroMarker",
-     .run = [](frmOcuva& window) { window.overlays().toggleMicroMarker(); }},
+     .run = [](frmOcuva& window) { window.overlays().toggle("mnuMicroMarker"); }},
 
     {.entry = Menu, .name = "mnuStage", .text = QT_TRANSLATE_NOOP("Commands", "&Stage")},
     {.entry = Item,

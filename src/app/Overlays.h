@@ -1,35 +1,25 @@
 #pragma once
-// What lies on the live image: centre cross, grid and micro marker, and the commands that switch them.
+// All overlays of the live image, and the commands that switch them.
 
+#include "app/CrossOverlay.h"
+#include "app/GridOverlay.h"
 #include "app/MainMenu.h"
-#include "app/MonitorPanels.h"
+#include "app/MicroMarkerOverlay.h"
 #include "app/toolbar/MainToolbar.h"
-#include "display/LengthConversion.h"
-#include "display/MonitorSizing.h"
-#include "display/OverlayFigure.h"
-#include "settings/Settings.h"
-#include "video/Magnification.h"
 
 #include <functional>
-#include <optional>
+#include <memory>
+#include <string_view>
+#include <vector>
 
 namespace ocuva {
 
-/// What the overlays need; everything outlives them.
-struct OverlaysContext {
-    /// Where the overlays lie, what is marked with them, and the image's sizes.
+/// Where the switches are shown.
+struct OverlaySwitches {
+    /// Outlive the overlays.
     ///@{
-    const MonitorPanels& panels;
     const MainMenu& menu;
     MainToolbar& tbMain;
-    const MonitorFields& fields;
-    ///@}
-    /// Of what is shown, read afresh; nothing when a stored picture does not tell its own.
-    std::function<std::optional<Magnification>()> magnification;
-    /// How lengths are converted, and where the choice is kept.
-    ///@{
-    const LengthConversion& conversion;
-    Settings& settings;
     ///@}
     /// Keeps the toolbar's layout, whose buttons changed.
     std::function<void()> saveToolbar;
@@ -39,57 +29,41 @@ struct OverlaysContext {
 class Overlays {
 public:
     /// Nothing is shown yet.
-    explicit Overlays(OverlaysContext context);
+    Overlays(OverlayContext context, OverlaySwitches switches);
 
     /// Shows what the settings say, and the micro marker.
     void showStartState(const ViewOptions& view);
 
-    /// The centre on the initial image, twips. What is switched off is placed and stays hidden.
-    ///@{
-    void DrawCross(Long centreY, Long centreX);
-    void DrawGrid(Long centreY, Long centreX);
-    ///@}
-    /// Reads the magnification afresh; without one no marker is shown. Throws ArithmeticError when there is
-    /// no field to draw a scale for; no marker is shown then, for it would tell a lie.
-    void DrawMicroMarker();
+    /// Draws all of them, in the order of their list; the first error ends it.
+    void draw(const ImagePoint& centre);
 
-    /// Shows it or hides it; menu, toolbar and setting stay as they are.
-    ///@{
-    void ShowCross(bool bShow) { m_frCross.show(bShow); }
-    void ShowGrid(bool bShow) { m_frGrid.show(bShow); }
-    ///@}
+    /// What a command of that name does: the overlay is switched, menu mark and toolbar button follow, and
+    /// the setting is stored where there is one. Throws std::out_of_range if no overlay has such a command.
+    void toggle(std::string_view command);
 
-    /// The commands: menu mark, toolbar button and setting follow together, where there are such.
+    /// Single overlays, as Overlay says.
     ///@{
-    void toggleCross();
-    void toggleGrid();
-    void toggleMicroMarker();
-    ///@}
-
-    /// Whether it is switched on.
-    ///@{
-    bool bShowCross() const { return m_frCross.isShown(); }
-    bool bShowGrid() const { return m_frGrid.isShown(); }
-    ///@}
-
-    /// The figures on the display.
-    ///@{
-    const OverlayFigure& frCross() const { return m_frCross; }
-    const OverlayFigure& frGrid() const { return m_frGrid; }
+    void DrawCross(Long centreY, Long centreX) { m_cross.draw({centreX, centreY}); }
+    void DrawGrid(Long centreY, Long centreX) { m_grid.draw({centreX, centreY}); }
+    void DrawMicroMarker() { m_microMarker.draw({}); }
+    void ShowCross(bool bShow) { m_cross.show(bShow); }
+    void ShowGrid(bool bShow) { m_grid.show(bShow); }
+    bool bShowCross() const { return m_cross.isOn(); }
+    bool bShowGrid() const { return m_grid.isOn(); }
+    const OverlayFigure& frCross() const { return m_cross.frCross(); }
+    const OverlayFigure& frGrid() const { return m_grid.frGrid(); }
     ///@}
 
 private:
-    OverlayMapping mapping() const;
-    void markCross();
-    void markGrid();
-    void store(Long ViewOptions::*flag, bool on);
-    void showMicroMarker();
+    template <typename Kind> Kind& add();
+    void mark(const Overlay& overlay);
 
-    OverlaysContext m_context;
-    OverlayFigure m_frGrid;
-    OverlayFigure m_frCross;
-    bool m_showMicroMarker = true;
-    bool m_microMarkerIsTrue = false; // whether the last DrawMicroMarker came to its end
+    OverlayContext m_context;
+    OverlaySwitches m_switches;
+    std::vector<std::unique_ptr<Overlay>> m_overlays;
+    CrossOverlay& m_cross;
+    GridOverlay& m_grid;
+    MicroMarkerOverlay& m_microMarker;
 };
 
 } // namespace ocuva

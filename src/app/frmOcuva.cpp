@@ -74,9 +74,15 @@ void frmOcuva::makeControls() {
     sbMain = new StatusBar(this);
     setStatusBar(sbMain);
     m_information = new ImageInformation(*sbMain->panel(QStringLiteral("Info")), *m_panels->milDisp, this);
-    m_overlays = std::make_unique<Overlays>(OverlaysContext{
-        *m_panels, *m_menu, *tbMain, m_sizing.fields(), [this] { return shownMagnification(); }, m_conversion,
-        m_settings, [this] { m_layoutStore.save(tbMain->layoutText()); }});
+    m_overlays =
+        std::make_unique<Overlays>(OverlayContext{.panels = *m_panels,
+                                                  .fields = m_sizing.fields(),
+                                                  .magnification = [this] { return shownMagnification(); },
+                                                  .conversion = m_conversion,
+                                                  .settings = m_settings},
+                                   OverlaySwitches{.menu = *m_menu, .tbMain = *tbMain, .saveToolbar = [this] {
+                                                       m_layoutStore.save(tbMain->layoutText());
+                                                   }});
 
     chooseReport = [this](const QString& suggested) { return chooseReportFile(*this, suggested); };
     chooseStandard = [this](const QString& folder) { return chooseStandardFile(*frontWindow(), folder); };
@@ -123,6 +129,7 @@ void frmOcuva::connectControls() {
         connect(m_upDown->cmdUp.at(i), &QToolButton::clicked, this, [this, i] { cmdUp_Click(i); });
         connect(m_upDown->cmdDown.at(i), &QToolButton::clicked, this, [this, i] { cmdDown_Click(i); });
     }
+    connect(m_panels->milDisp, &MilDisplay::mouseDown, this, &frmOcuva::milDisp_MouseDown);
     connect(m_panels->milDisp, &MilDisplay::mouseMoved, this, &frmOcuva::milDisp_MouseMove);
     connect(m_panels->milDisp, &MilDisplay::mouseLeft, this, &frmOcuva::milDisp_MouseLeave);
     connect(m_panels->milDisp, &MilDisplay::mouseUp, this, &frmOcuva::milDisp_MouseUp);
@@ -151,6 +158,13 @@ void frmOcuva::Load() {
     m_sizing.ComputeInitialSize();
     m_sizing.ResizeAll(true);
     m_vgaMouse = m_settings.readVgaModeForMouse();
+    m_mouseModes = std::make_unique<MouseModes>(
+        MouseModesContext{.calibration = *m_pictureOnStage,
+                          .pictures = *m_pictures,
+                          .vgaMouse = m_vgaMouse,
+                          .updateStagePos = [this] { UpdateStagePos(); },
+                          .moveToPoint = [this](const ClickOnImage& click) { moveToPoint(click); },
+                          .guarded = [this](const auto& handler) { guarded(handler); }});
     m_notifier = host.createNotifier();
     m_server.emplace(
         m_context.flags, host.tn_log(), *m_notifier, static_cast<ServerWindow&>(*this),
@@ -281,6 +295,39 @@ void frmOcuva::stepZ_Click(std::size_t index, bool up) {
             stepZ(m_stage, m_watch, index, up, [&] { waiting = holdInput(tr("Waiting for Z…")); });
         }
     });
+}
+
+MousePoint frmOcuva::mousePoint(Single x, Single y) const { return {x, y, rect(MonitorPart::milDisp)}; }
+
+void frmOcuva::milDisp_MouseDown(Qt::MouseButton button, int /*shift*/, float x, float y) {
+    m_mouseModes->press(button, mousePoint(x, y));
+}
+
+void frmOcuva::milDisp_MouseMove(Qt::MouseButton /*button*/, int /*shift*/, float x, float y) {
+    m_mouseModes->move(mousePoint(x, y));
+}
+
+void frmOcuva::milDisp_MouseUp(Qt::MouseButton button, int /*shift*/, float x, float y) {
+    m_mouseModes->release(button, mousePoint(x, y));
+}
+
+void frmOcuva::milDisp_MouseLeave() {
+    if (m_loaded && !m_exiting) {
+        m_mouseModes->leave();
+    }
+}
+
+void frmOcuva::moveToPoint(const ClickOnImage& click) {
+    const bool isOld = m_pictureAge.isOld() || m_information->hasStopped();
+    const Magnification magnification = m_magnification.read();
+    const StagePair move = ocuva::moveToPoint(click, magnification, m_settings.readView(), m_conversion);
+    m_stage.DX(move.x);
+    m_stage.DY(move.y);
+    SyncStageMove(axisAll);
+    if (isOld) {
+        showMoveNote(tr("The picture is old: moved by %1, %2").arg(move.x).arg(move.y),
+                     tr("It does not show the current field. Press Live (F7) for a new one."));
+    }
 }
 
 void frmOcuva::SyncStageMove(Integer axis) {

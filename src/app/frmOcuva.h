@@ -7,6 +7,7 @@
 #include "app/MagnificationWatch.h"
 #include "app/MainMenu.h"
 #include "app/MonitorPanels.h"
+#include "app/MouseModes.h"
 #include "app/Overlays.h"
 #include "app/PictureAge.h"
 #include "app/PictureOnStage.h"
@@ -109,8 +110,6 @@ public:
     ///@}
     /// Moves the stage so that the clicked point comes to the reference point; lengths in twips.
     void moveToPoint(const ClickOnImage& click);
-    /// Shows the stage position of a place of the picture, in twips on milDisp, in the position panels.
-    void showPointedPosition(Single x, Single y);
     /// One focus search of the host from begin to end; an error goes to the log alone.
     void DoFocus() override;
     /// Puts the video board down.
@@ -215,6 +214,7 @@ private:
     void tStageMove_Timer();
     void tInitTBMain_Timer();
     void cxsStage_MoveEnd(Integer ErrCode);
+    void milDisp_MouseDown(Qt::MouseButton button, int shift, float x, float y);
     void milDisp_MouseMove(Qt::MouseButton button, int shift, float x, float y);
     void milDisp_MouseLeave();
     void milDisp_MouseUp(Qt::MouseButton button, int shift, float x, float y);
@@ -282,6 +282,7 @@ private:
     void redrawOverlays(Long centreY, Long centreX) override;
     void refreshState() override;
     QWidget* partWidget(MonitorPart part) const;
+    MousePoint mousePoint(Single x, Single y) const;
 
     // ServerWindow
     void applyWindowState(ServerWindow::State state) override;
@@ -321,6 +322,7 @@ private:
     SetupMemory m_setupMemory;
     std::unique_ptr<frmSetup> m_frmSetup;
     std::unique_ptr<Pictures> m_pictures; // once the window is loaded
+    std::unique_ptr<MouseModes> m_mouseModes;
     ImageInformation* m_information = nullptr;
     PictureAge m_pictureAge;
     QString m_moveNote;                         // about the last move

@@ -152,11 +152,7 @@ Long frmOcuva::displayHandle() const {
 
 void frmOcuva::enableAcq(bool on) { tbMain->setEnabled(QStringLiteral("Acq"), on); }
 
-void frmOcuva::redrawOverlays(Long centreY, Long centreX) {
-    DrawCross(centreY, centreX);
-    DrawGrid(centreY, centreX);
-    DrawMicroMarker();
-}
+void frmOcuva::redrawOverlays(Long centreY, Long centreX) { m_overlays->draw({centreX, centreY}); }
 
 void frmOcuva::refreshState() {
     UpdateStagePos();

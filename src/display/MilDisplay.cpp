@@ -173,6 +173,9 @@ void MilDisplay::leaveEvent(QEvent* event) {
 void MilDisplay::mousePressEvent(QMouseEvent* event) {
     m_isDoubleClick = false;
     event->accept();
+    const QPointF twips = toTwips(event->position());
+    Q_EMIT mouseDown(event->button(), event->modifiers().toInt(), static_cast<float>(twips.x()),
+                     static_cast<float>(twips.y()));
 }
 
 void MilDisplay::mouseDoubleClickEvent(QMouseEvent* event) {

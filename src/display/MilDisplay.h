@@ -55,9 +55,10 @@ public:
     const QString& spokenState() const { return m_spokenState; }
 
 Q_SIGNALS:
-    /// x, y in twips from the control's top left corner. A double-click is one click: only its first
-    /// release is reported.
+    /// x, y in twips from the control's top left corner. A double-click is one click: only its first press
+    /// and release are reported.
     ///@{
+    void mouseDown(Qt::MouseButton button, int shift, float x, float y);
     void mouseMoved(Qt::MouseButton button, int shift, float x, float y);
     void mouseUp(Qt::MouseButton button, int shift, float x, float y);
     ///@}
