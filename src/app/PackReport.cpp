@@ -25,14 +25,6 @@ namespace {
 
 const auto reportKinds = QStringLiteral("tar.gz (*.tar.gz):*.tar.gz|Zip (*.zip):*.zip");
 
-/// The pointer of a program that is busy, for as long as this lives.
-struct BusyPointer {
-    BusyPointer() { QGuiApplication::setOverrideCursor(Qt::WaitCursor); }
-    ~BusyPointer() { QGuiApplication::restoreOverrideCursor(); }
-    BusyPointer(const BusyPointer&) = delete;
-    BusyPointer& operator=(const BusyPointer&) = delete;
-};
-
 QString firstFolder() {
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     return QFileInfo(documents).isDir() ? documents : QDir::homePath();
@@ -124,7 +116,7 @@ void PackReport::run() {
     }
     m_folder = QFileInfo(name).absolutePath();
     m_context.log(QObject::tr("Pack report: '%1'").arg(name));
-    const BusyPointer busy;
+    auto hold = m_context.holdInput(QObject::tr("Packing the report…"));
     const ReportSurroundings& surroundings = m_context.surroundings;
     ReportContents contents{stem.toStdString(), dataFiles(surroundings.dataFolder, surroundings.keeper),
                             versionsText(m_context.window, surroundings, uniqueObjectKey(m_context.keys)),
@@ -133,6 +125,7 @@ void PackReport::run() {
         contents.files.push_back(std::move(file));
     }
     packReport(pathOf(name), contents);
+    hold.reset();
     m_context.note(QObject::tr("Report saved: '%1'").arg(name));
 }
 

@@ -9,6 +9,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 
 namespace ocuva {
@@ -24,13 +25,15 @@ struct ReportSurroundings {
 
 /// What packing needs of the window.
 struct PackReportContext {
-    QWidget& window;                 ///< tells its screen, and shows that it is busy
+    QWidget& window;                 ///< tells its screen
     ReportSurroundings surroundings; ///< what the start has told
     TnLogKeys& keys;                 ///< of the host; each report has one of its own
     /// Asks for the file, beginning with a full name; empty when the operator cancels.
     std::function<QString(const QString& suggested)> choose;
     std::function<void(const QString&)> log;  ///< a line for the log
     std::function<void(const QString&)> note; ///< told where the report is
+    /// Shows what the program is busy with and keeps input away, as long as what it returns lives.
+    std::function<std::shared_ptr<void>(const QString& what)> holdInput;
 };
 
 /// One for the life of the window; each run makes a report of its own.

@@ -40,23 +40,31 @@ QString choosePictureToSave(QWidget& owner, const QString& folder) {
     return chosenFile(dialog);
 }
 
-bool askToSaveAnyway(QWidget& owner, const QString& losses) {
-    QMessageBox box(QMessageBox::Warning, QObject::tr("Save As"), losses,
-                    QMessageBox::Save | QMessageBox::Cancel, &owner);
-    box.setDefaultButton(QMessageBox::Cancel);
-    return box.exec() == QMessageBox::Save;
-}
-
-DescriptionChoice askForDescription(QWidget& owner, const DescriptionWarning& warning) {
-    QMessageBox box(QMessageBox::Warning, QObject::tr("Save As"), warning.text, QMessageBox::Cancel, &owner);
+DescriptionChoice askBeforeSave(QWidget& owner, const SaveQuestion& question) {
+    QStringList sentences = question.losses;
+    if (question.description) {
+        sentences << question.description->text;
+    }
+    QMessageBox box(QMessageBox::Warning, QObject::tr("Save As"), sentences.join(u'\n'), QMessageBox::Cancel,
+                    &owner);
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(warning.more);
+    box.setEscapeButton(QMessageBox::Cancel);
+    if (!question.description) {
+        QPushButton* save = box.addButton(QMessageBox::Save);
+        box.setDefaultButton(QMessageBox::Cancel);
+        box.exec();
+        return box.clickedButton() == save ? DescriptionChoice::Write : DescriptionChoice::Cancel;
+    }
+    box.setInformativeText(question.description->more);
     QPushButton* omit = box.addButton(QObject::tr("Save &Without"), QMessageBox::AcceptRole);
     omit->setToolTip(QObject::tr("Save the picture without a description"));
     QPushButton* write = box.addButton(QObject::tr("Write It &Anyway"), QMessageBox::DestructiveRole);
     write->setToolTip(QObject::tr("Save the picture with the description of the other view"));
-    box.setDefaultButton(omit);
-    box.setEscapeButton(QMessageBox::Cancel);
+    if (question.losses.isEmpty()) {
+        box.setDefaultButton(omit);
+    } else {
+        box.setDefaultButton(QMessageBox::Cancel);
+    }
     box.exec();
     return box.clickedButton() == omit    ? DescriptionChoice::Omit
            : box.clickedButton() == write ? DescriptionChoice::Write

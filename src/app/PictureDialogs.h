@@ -5,7 +5,10 @@
 #include "pictures/CalibrationWords.h"
 
 #include <QString>
+#include <QStringList>
 #include <QWidget>
+
+#include <optional>
 
 namespace ocuva {
 
@@ -14,14 +17,20 @@ QString choosePictureToOpen(QWidget& owner, const QString& folder);
 /// Suggests the name "Video"; a name without extension gets that of the chosen type, ".tif" or ".bmp".
 QString choosePictureToSave(QWidget& owner, const QString& folder);
 
-/// Shows what a save would lose; true when the operator saves all the same. Cancel is the default.
-bool askToSaveAnyway(QWidget& owner, const QString& losses);
-
-/// What is done about a description of another view.
+/// What is done about the description of a picture that is saved.
 enum class DescriptionChoice { Omit, Write, Cancel };
-/// Tells the operator that the calibration is not that of the picture, and asks. Enter omits the description,
+
+/// What the operator has to know before a picture is saved.
+struct SaveQuestion {
+    QStringList losses;                            ///< sentences about what would be lost
+    std::optional<DescriptionWarning> description; ///< it would be that of another view
+
+    /// Whether there is anything to ask.
+    bool isNeeded() const { return !losses.isEmpty() || description.has_value(); }
+};
+/// Asks all of it in one box. Enter cancels where something would be lost, else it omits the description;
 /// Escape cancels.
-DescriptionChoice askForDescription(QWidget& owner, const DescriptionWarning& warning);
+DescriptionChoice askBeforeSave(QWidget& owner, const SaveQuestion& question);
 
 /// The folder that a picture was saved to or opened from last, kept from one start to the next in the user's
 /// registry beside the toolbar's layout ("Pictures/Folder"); else the user's folder for pictures.

@@ -39,28 +39,39 @@ void Pictures::save() {
     if (name.isEmpty()) {
         return;
     }
-    const QStringList losses = saveWarnings(m_stored ? m_stored->picture : Picture(), pathOf(name));
-    if (!losses.isEmpty() && !m_context.saveAnyway(losses.join(u'\n'))) {
+    auto hold = m_context.holdInput(QObject::tr("Saving the picture…"));
+    Picture picture = pictureToSave();
+    const Calibration& calibration = m_context.calibration();
+    const SaveQuestion question{
+        saveWarnings(m_stored ? m_stored->picture : Picture(), pathOf(name)),
+        descriptionWarning(calibration, ViewedCalibration(calibration, viewOf(picture)))};
+    DescriptionChoice choice = DescriptionChoice::Write;
+    if (question.isNeeded()) {
+        hold.reset();
+        choice = m_context.askBeforeSave(question);
+        hold = m_context.holdInput(QObject::tr("Saving the picture…"));
+    }
+    if (choice == DescriptionChoice::Cancel) {
         return;
     }
     m_folder.remember(name);
     log(QObject::tr("Save to file: '%1'").arg(name));
-    Picture picture = m_stored ? m_stored->picture
-                               : cameraImage(m_context.image, m_context.stage, m_context.magnification.read(),
-                                             howToGetAnImage());
-    std::optional<CalibrationPoints> points;
-    if (!chooseDescription(picture, points)) {
-        return;
-    }
-    if (points) {
-        savePicture(pathOf(name), picture, *points);
-    } else {
-        savePictureAlone(pathOf(name), picture);
-    }
+    write(name, picture, choice == DescriptionChoice::Write);
+    hold.reset();
     m_context.information.showNote(QObject::tr("Save to file: '%1'").arg(QFileInfo(name).fileName()));
     if (m_context.saved) {
         m_context.saved(name);
     }
+}
+
+Picture Pictures::pictureToSave() {
+    return m_stored ? m_stored->picture
+                    : cameraImage(m_context.image, m_context.stage, m_context.magnification.read(),
+                                  howToGetAnImage());
+}
+
+CalibrationView Pictures::viewOf(const Picture& picture) const {
+    return m_stored ? m_stored->view() : CalibrationView{{}, placeOf(picture.notes)};
 }
 
 // A board that is not ready refuses a live image.
@@ -70,20 +81,16 @@ QString Pictures::howToGetAnImage() const {
                : QObject::tr("The board is not ready. Initialize it: Setup (Alt+T), tab Board");
 }
 
-bool Pictures::chooseDescription(Picture& picture, std::optional<CalibrationPoints>& points) {
+void Pictures::write(const QString& name, Picture& picture, bool described) {
     const Calibration& calibration = m_context.calibration();
-    const CalibrationView shown = m_stored ? m_stored->view() : CalibrationView{{}, placeOf(picture.notes)};
-    const auto warning = descriptionWarning(calibration, ViewedCalibration(calibration, shown));
-    const DescriptionChoice choice =
-        warning ? m_context.askForDescription(*warning) : DescriptionChoice::Write;
-    if (choice == DescriptionChoice::Cancel) {
-        return false;
+    const auto points = described ? std::optional(calibration.points) : std::nullopt;
+    noteCalibration(picture.notes, calibration.isMade() ? points : std::nullopt, calibration.view,
+                    viewOf(picture));
+    if (points) {
+        savePicture(pathOf(name), picture, *points);
+    } else {
+        savePictureAlone(pathOf(name), picture);
     }
-    if (choice == DescriptionChoice::Write) {
-        points = calibration.points;
-    }
-    noteCalibration(picture.notes, calibration.isMade() ? points : std::nullopt, calibration.view, shown);
-    return true;
 }
 
 void Pictures::open() {
@@ -93,10 +100,12 @@ void Pictures::open() {
     }
     m_folder.remember(name);
     log(QObject::tr("Open file: '%1'").arg(name));
+    auto hold = m_context.holdInput(QObject::tr("Opening the picture…"));
     StoredPicture opened{name, openPicture(pathOf(name)), false};
     m_context.board.Halt(&m_context.image);
     m_stored = std::move(opened);
     m_context.panels.milDisp->showPicture(m_stored->picture.image);
+    hold.reset();
     show();
     // After the picture is to be seen: a box about its description stands over the picture that it is about.
     m_stored->described = takeCalibration();

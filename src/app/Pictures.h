@@ -14,6 +14,7 @@
 #include "video/Magnification.h"
 
 #include <functional>
+#include <memory>
 #include <optional>
 
 namespace ocuva {
@@ -42,10 +43,10 @@ struct PicturesContext {
     std::function<QString(const QString& folder)> chooseToOpen;
     std::function<QString(const QString& folder)> chooseToSave;
     ///@}
-    /// Asks whether to save although that loses what the text says.
-    std::function<bool(const QString&)> saveAnyway;
-    /// What to do about a description of another view.
-    std::function<DescriptionChoice(const DescriptionWarning&)> askForDescription;
+    /// Asks what to do about what a save would lose or write wrongly.
+    std::function<DescriptionChoice(const SaveQuestion&)> askBeforeSave;
+    /// Shows what the program is busy with and keeps input away, as long as what it returns lives.
+    std::function<std::shared_ptr<void>(const QString& what)> holdInput;
     /// Shows an error that leaves the picture on the screen.
     std::function<void(const QString&)> report;
     /// The window shows another image now: live or still, stored or not.
@@ -76,8 +77,8 @@ public:
         : m_context(context) {}
 
     /// Saves the camera's present image, or the stored picture that is shown, under a name that the operator
-    /// chooses. Before a description of another view is written the operator is asked. Throws
-    /// PictureFileError.
+    /// chooses. One question comes before a save that loses something or writes a description of another
+    /// view; when it is cancelled nothing is written, in the log neither. Throws PictureFileError.
     void save();
 
     /// Shows a picture that the operator chooses; a running grab is halted. Its description, when it has one,
@@ -95,9 +96,9 @@ public:
     void refuseClick();
 
 private:
-    /// The points to write with that picture, whose notes follow; nothing: no description. False when the
-    /// operator gives the whole save up.
-    bool chooseDescription(Picture& picture, std::optional<CalibrationPoints>& points);
+    Picture pictureToSave();
+    CalibrationView viewOf(const Picture& picture) const;
+    void write(const QString& name, Picture& picture, bool described);
     bool takeCalibration();
     void nameWeakPoints();
     QString howToGetAnImage() const;

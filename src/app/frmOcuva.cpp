@@ -45,7 +45,8 @@ frmOcuva::frmOcuva(const MainWindowContext& context)
              {*this, context.report, context.host.Tn_log(),
               [this](const QString& suggested) { return chooseReport(suggested); },
               [this](const QString& line) { log(line); },
-              [this](const QString& note) { m_information->showNote(note); }})
+              [this](const QString& note) { m_information->showNote(note); },
+              [this](const QString& what) { return holdInput(what); }})
     , m_sleeping(
           *this, [this](bool minimised) { noteWindowState(minimised); },
           [this] {

@@ -168,10 +168,8 @@ public:
     std::function<QString(const QString& folder)> choosePictureToOpen;
     std::function<QString(const QString& folder)> choosePictureToSave;
     ///@}
-    /// Asks whether to save although that loses something; a message box unless set otherwise.
-    std::function<bool(const QString& losses)> saveAnyway;
-    /// Asks what to do about a description of another view; a message box unless set otherwise.
-    std::function<DescriptionChoice(const DescriptionWarning&)> askForDescription;
+    /// Asks what to do about what a save would lose or write wrongly; a message box unless set otherwise.
+    std::function<DescriptionChoice(const SaveQuestion&)> askBeforeSave;
     /// Asks for the file of a report, suggesting one; the common save dialog unless set otherwise.
     std::function<QString(const QString& suggested)> chooseReport;
 

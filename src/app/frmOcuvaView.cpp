@@ -204,18 +204,15 @@ void frmOcuva::cameraChanged() {
 void frmOcuva::makePictures() {
     choosePictureToOpen = [this](const QString& folder) { return ocuva::choosePictureToOpen(*this, folder); };
     choosePictureToSave = [this](const QString& folder) { return ocuva::choosePictureToSave(*this, folder); };
-    saveAnyway = [this](const QString& losses) { return askToSaveAnyway(*this, losses); };
-    askForDescription = [this](const DescriptionWarning& warning) {
-        return ocuva::askForDescription(*this, warning);
-    };
+    askBeforeSave = [this](const SaveQuestion& question) { return ocuva::askBeforeSave(*this, question); };
     m_pictures = std::make_unique<Pictures>(PicturesContext{
         m_context.host.tn_log(), *m_board, *m_image, m_stage, m_magnification,
         [this]() -> Calibration& { return calibration(); },
         [this] { m_pictureOnStage->calibrationChanged(); }, *m_panels, *m_information,
         [this](const QString& folder) { return choosePictureToOpen(folder); },
         [this](const QString& folder) { return choosePictureToSave(folder); },
-        [this](const QString& losses) { return saveAnyway(losses); },
-        [this](const DescriptionWarning& warning) { return askForDescription(warning); },
+        [this](const SaveQuestion& question) { return askBeforeSave(question); },
+        [this](const QString& what) { return holdInput(what); },
         [this](const QString& text) { reportError(text); }, [this] { imageChanged(); },
         [this](const QString& name) {
             note(m_context.journal, {"picture", {}, m_watch.shownPosition(), name.toStdString()});

@@ -34,6 +34,7 @@ InputGate::Hold::~Hold() {
     if (m_said && --m_gate.m_saying == 0) {
         QGuiApplication::restoreOverrideCursor();
         m_gate.m_say({});
+        m_gate.m_pending.outdate(); // a question may follow, which what was pressed meanwhile must not answer
     }
     m_gate.end();
 }
@@ -66,7 +67,9 @@ bool InputGate::keepsAway(const QEvent& event) {
     if (isHeld()) {
         // A question of the host must be answered, or the call would never end.
         QWidget* const inFront = widgetInFront();
-        return inFront == nullptr || inFront == m_inFront;
+        if (inFront == nullptr || inFront == m_inFront) {
+            return true;
+        }
     }
     return m_pending.isOutdated(static_cast<const QInputEvent&>(event));
 }

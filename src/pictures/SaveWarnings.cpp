@@ -55,9 +55,8 @@ QStringList saveWarnings(const Picture& picture, const std::filesystem::path& ta
         std::error_code error;
         const QString sentence =
             std::filesystem::exists(description, error)
-                ? QObject::tr("\"%1\" is also the description of %2. After this save it holds only the "
-                              "calibration of the new picture.")
-                : QObject::tr("\"%1\" will be written, and will also be taken for the description of %2.");
+                ? QObject::tr("\"%1\" is also the description of %2. This save replaces or removes it.")
+                : QObject::tr("A \"%1\" written now will also be taken for the description of %2.");
         warnings << sentence.arg(nameOf(description.filename()), others.join(QStringLiteral(", ")));
     }
     return warnings;

@@ -211,6 +211,7 @@ TEST_F(Assistant, EndedWhileTheStageMovesSaysSoAndWhereTheStageIsWhenItHasStoppe
 TEST_F(Assistant, RefusesToContinueUntilTheStageHasStopped) {
     walkTo(State::AtPoint);
     click({100, 100}); // centres the point
+    window().tStageMove->stop();
     host.status[axisX].assign(20, 1);
     enter();
     EXPECT_THAT(hint(), HasSubstr("The stage is moving"));

@@ -140,6 +140,36 @@ TEST_F(CalibrationOfAView, ADescriptionOfAnotherViewIsWrittenIfTheOperatorWantsI
     EXPECT_EQ(readDescription(file("Video.tif")), window().calibration().points);
 }
 
+TEST_F(CalibrationOfAView, ASaveCancelledAtTheQuestionLeavesNoLineThatItWasSaved) {
+    calibrateAt100And200();
+    stageAt(5100, 1200, 5);
+    host.logLines.clear();
+    EXPECT_NE(save("Video.tif", QMessageBox::RejectRole).text, "");
+    EXPECT_THAT(host.logLines, IsEmpty());
+    save("Video.tif", QMessageBox::AcceptRole);
+    EXPECT_EQ(host.logLines.size(), 1U);
+}
+
+TEST_F(CalibrationOfAView, AndASharedDescriptionAreAskedAboutInOneQuestionThatEnterCancels) {
+    store("Video.bmp", 0, 0);
+    calibrateAt100And200();
+    stageAt(5100, 1200, 5);
+    int boxes = 0;
+    QTimer::singleShot(0, &window(), [&boxes] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            ++boxes;
+            EXPECT_THAT(box->text().toStdString(), AllOf(HasSubstr("Video.bmp"), HasSubstr("another view")));
+            QTest::keyClick(box, Qt::Key_Return);
+        }
+    });
+    chosen = path("Video.tif");
+    action("mnuSaveAs")->trigger();
+    EXPECT_EQ(boxes, 1);
+    EXPECT_FALSE(isThere("Video.tif"));
+    EXPECT_EQ(save("Video.tif", QMessageBox::DestructiveRole).title, "Save As");
+    EXPECT_TRUE(isThere("Video.tif")) << "and no second question";
+}
+
 TEST_F(CalibrationOfAView, APictureOfTheViewIsSavedWithoutAQuestion) {
     calibrateAt100And200();
     stageAt(5100, 1200, 5);

@@ -48,6 +48,19 @@ TEST_F(PackReportCommand, SuggestsADatedNamePacksIntoTheChosenFileAndSaysWhereIt
                 testing::Contains(testing::HasSubstr("Pack report: '" + name.toStdString() + "'")));
 }
 
+TEST_F(PackReportCommand, ShowsThatItIsBusyMeanwhileAndNoLonger) {
+    std::string said;
+    host.onCall = [&](const std::string& name) {
+        if (name == "TarnGetUniqueObjectKey" && QGuiApplication::overrideCursor() != nullptr) {
+            said = panel("Info");
+        }
+    };
+    packAs(target.filePath(QStringLiteral("a.zip")));
+    EXPECT_EQ(said, "Packing the report…");
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_THAT(panel("Info"), testing::HasSubstr("Report saved"));
+}
+
 TEST_F(PackReportCommand, BeginsTheNextTimeInTheFolderChosenLast) {
     packAs(target.filePath(QStringLiteral("a.zip")));
     packAs({});

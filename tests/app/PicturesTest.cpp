@@ -220,19 +220,49 @@ TEST_F(SavingAPicture, WhileAStoredOneIsShownSavesThatOneWithItsOwnScaleAndNotes
 TEST_F(SavingAPicture, ThatReplacesAnotherPicturesDescriptionAsksFirst) {
     store("Right.tif");
     std::string said;
-    bool answer = false;
-    window().saveAnyway = [&](const QString& losses) {
-        said = losses.toStdString();
+    DescriptionChoice answer = DescriptionChoice::Cancel;
+    window().askBeforeSave = [&](const SaveQuestion& question) {
+        said = question.losses.join(u'\n').toStdString();
         return answer;
     };
     save("Right.bmp");
     EXPECT_THAT(said, HasSubstr("Right.pic"));
     EXPECT_FALSE(std::filesystem::exists(file("Right.bmp")));
     EXPECT_EQ(readDescription(file("Right.tif")), storedPoints);
-    EXPECT_THAT(host.calls, IsEmpty());
-    answer = true;
+    EXPECT_THAT(host.logLines, IsEmpty()) << "nothing was saved";
+    answer = DescriptionChoice::Write;
     save("Right.bmp");
     EXPECT_TRUE(std::filesystem::exists(file("Right.bmp")));
+    EXPECT_EQ(host.logLines.size(), 1U);
+}
+
+TEST_F(SavingAPicture, ShowsThatItIsBusyWhileTheHostWritesItAndNoLonger) {
+    std::string said;
+    bool busyPointer = false;
+    const auto board = host.onCall;
+    host.onCall = [&](const std::string& name) {
+        if (name == "TarnVideoBoardFunction") {
+            said = panel("Info");
+            busyPointer = QGuiApplication::overrideCursor() != nullptr;
+        }
+        if (board) {
+            board(name);
+        }
+    };
+    save("Video.tif");
+    EXPECT_EQ(said, "Saving the picture…");
+    EXPECT_TRUE(busyPointer);
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(SavingAPicture, ThatFailsIsNoLongerBusyWhenItsMessageOpens) {
+    bool busyPointer = true;
+    QTimer::singleShot(0, &window(), [&] {
+        busyPointer = QGuiApplication::overrideCursor() != nullptr;
+        QApplication::activeModalWidget()->close();
+    });
+    save("no/Video.tif");
+    EXPECT_FALSE(busyPointer);
 }
 
 TEST_F(SavingAPicture, AnswersItsQuestionByEnterWithCancel) {
@@ -276,6 +306,21 @@ TEST_F(OpeningAPicture, HaltsARunningGrabAndLiveBringsTheLiveImageBack) {
     EXPECT_EQ(title(), "Ocuva (test)");
     EXPECT_THAT(panel("Info"), HasSubstr("Live"));
     EXPECT_EQ(window().panels().frMonitor->caption(), QString());
+}
+
+TEST_F(OpeningAPicture, ShowsThatItIsBusyMeanwhileAndNoLonger) {
+    store("Other.tif");
+    action("mnuAcq")->trigger();
+    std::string said;
+    host.onCall = [&](const std::string& name) {
+        if (name == "TarnVideoBoardHaltGrab" && QGuiApplication::overrideCursor() != nullptr) {
+            said = panel("Info");
+        }
+    };
+    open("Other.tif");
+    EXPECT_EQ(said, "Opening the picture…");
+    EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+    EXPECT_THAT(panel("Info"), HasSubstr("Picture Other.tif"));
 }
 
 TEST_F(OpeningAPicture, StaysOnTheMonitorWhenTheBoardRefusesToGrab) {

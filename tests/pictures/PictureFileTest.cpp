@@ -424,13 +424,11 @@ TEST_F(SavedPictures, ThatShareADescriptionWithAnotherPictureAreAnnounced) {
     EXPECT_THAT(saveWarnings(picture, folder / "Right.tif"), IsEmpty());
     EXPECT_EQ(saveWarnings(picture, folder / "Right.bmp"),
               QStringList{QStringLiteral(
-                  "\"Right.pic\" is also the description of Right.tif. After this save it holds "
-                  "only the calibration of the new picture.")});
+                  "\"Right.pic\" is also the description of Right.tif. This save replaces or removes it.")});
     std::filesystem::remove(folder / "Right.pic");
-    EXPECT_EQ(
-        saveWarnings(picture, folder / "Right.bmp"),
-        QStringList{QStringLiteral(
-            "\"Right.pic\" will be written, and will also be taken for the description of Right.tif.")});
+    EXPECT_EQ(saveWarnings(picture, folder / "Right.bmp"),
+              QStringList{QStringLiteral(
+                  "A \"Right.pic\" written now will also be taken for the description of Right.tif.")});
 }
 
 TEST_F(SavedPictures, AsBmpAboveThirtyThreeMegapixelsCanBeOpenedAgain) {
