@@ -2,6 +2,7 @@
 // The program as it runs on the bench, with a host that tells when a stage move was loaded.
 
 #include "app/modInter.h"
+#include "hostlink/InterposedHost.h"
 #include "hosts/simulated/SimulatedHost.h"
 
 #include <QSettings>
@@ -14,54 +15,28 @@
 namespace ocuva::bench {
 
 // Tells when the program loads a stage move, and hands everything on.
-class WatchedStage final : public TnMicroProxy {
+class WatchedStage final : public Interposed<TnMicroProxy, HandOn> {
 public:
     explicit WatchedStage(TnMicroProxy& stage)
-        : m_stage(stage) {}
+        : Interposed(HandOn(), stage) {}
     std::chrono::steady_clock::time_point loaded;
 
-    TarnLong TarnStartStage(TarnLong axis) override { return m_stage.TarnStartStage(axis); }
-    TarnLong TarnLoadStageAbs(TarnLong axis, TarnSingle target) override {
-        return m_stage.TarnLoadStageAbs(axis, target);
-    }
     TarnLong TarnLoadStageRelSecure(TarnLong axis, TarnSingle distance) override {
         if (axis == axisX) {
             loaded = std::chrono::steady_clock::now();
         }
-        return m_stage.TarnLoadStageRelSecure(axis, distance);
+        return Interposed::TarnLoadStageRelSecure(axis, distance);
     }
-    TarnLong TarnReadStagePos(TarnLong axis, TarnLong* position) override {
-        return m_stage.TarnReadStagePos(axis, position);
-    }
-    TarnLong TarnReadStageStatus(TarnLong axis, TarnLong zero, TarnLong* status) override {
-        return m_stage.TarnReadStageStatus(axis, zero, status);
-    }
-    TarnLong TarnAutoFocusExt(TarnLong flag) override { return m_stage.TarnAutoFocusExt(flag); }
-    TarnLong TarnBacklashStage(TarnLong axis) override { return m_stage.TarnBacklashStage(axis); }
-
-private:
-    TnMicroProxy& m_stage;
 };
 
-class WatchedHost final : public Host {
+class WatchedHost final : public InterposedHost<HandOn> {
 public:
     explicit WatchedHost(Host& host)
-        : stage(host.tn_micro_proxy())
-        , m_host(host) {}
+        : InterposedHost(HandOn(), host)
+        , stage(host.tn_micro_proxy()) {}
     WatchedStage stage;
 
-    TnReg& tn_reg() override { return m_host.tn_reg(); }
-    TnLog& tn_log() override { return m_host.tn_log(); }
-    TnLogKeys& Tn_log() override { return m_host.Tn_log(); }
-    TnOcuva& tn_ocuva() override { return m_host.tn_ocuva(); }
-    TnLibProxy& tn_lib_proxy() override { return m_host.tn_lib_proxy(); }
     TnMicroProxy& tn_micro_proxy() override { return stage; }
-    TnVideo& tn_video() override { return m_host.tn_video(); }
-    TnVduti& tn_vduti() override { return m_host.tn_vduti(); }
-    std::unique_ptr<Notifier> createNotifier() override { return m_host.createNotifier(); }
-
-private:
-    Host& m_host;
 };
 
 // The program as it starts on the bench: its own data folder, live from the start.

@@ -40,25 +40,14 @@ private:
     OnNotify m_receiver;
 };
 
-/// All libraries of a host in one struct. Set the fields, run the logic, look at `calls`.
-class StubHost : public Host,
-                 public TnReg,
-                 public TnLog,
-                 public TnLogKeys,
-                 public TnOcuva,
-                 public TnLibProxy,
-                 public TnMicroProxy,
-                 public TnVideo,
-                 public TnVduti {
+/// Every library in one.
+struct StubLibraries : TnReg, TnLog, TnLogKeys, TnOcuva, TnLibProxy, TnMicroProxy, TnVideo, TnVduti {};
+
+/// The functions of StubHost: each writes its call down, and fetches its answer from elsewhere.
+class RecordedLibraries : public StubLibraries {
 public:
-    using Range = std::pair<Long, Long>;
-    using References = std::pair<Double, Double>;
-    using Point = std::array<Long, 3>;
-
-    // ---- what was called ----
-
     /// Every call in order with what was passed in, as in `TarnLoadStageRelSecure(3, -25)`; texts are quoted,
-    /// records and arrays stand in braces. The notifier's Subscribe and Send stand among them.
+    /// records and arrays are in braces. The notifier's Subscribe and Send are among them.
     std::vector<std::string> calls;
     /// Runs after a call was written down and before it answers; gets the bare name of the function.
     std::function<void(const std::string& name)> onCall;
@@ -67,11 +56,33 @@ public:
     /// Takes the calls and leaves none, so that a test can look at one step at a time.
     std::vector<std::string> takeCalls() { return std::exchange(calls, {}); }
 
-    // ---- what it answers ----
-
-    /// Results by function name that override whatever the fields below give; the call still does its work on
-    /// the fields unless the result set here is 0, a failure, which leaves fields and outputs as they are.
+    /// Results by function name that override whatever the fields of StubHost give. The call still does its
+    /// work on the fields unless the result set here is that of a failure, which leaves fields and outputs as
+    /// they are.
     std::map<std::string, Long> results;
+
+    TARN_FUNCTIONS(TARN_OVERRIDE)
+
+protected:
+    explicit RecordedLibraries(std::unique_ptr<StubLibraries> answers)
+        : m_answers(std::move(answers)) {}
+    void record(const std::string& name, const std::vector<std::string>& arguments);
+
+private:
+    /// The result that is set for that function, else the answer.
+    template <class Answer> auto given(const char* name, Long failure, const Answer& answer) const;
+
+    std::unique_ptr<StubLibraries> m_answers;
+};
+
+/// All libraries of a host in one struct. Set the fields, run the logic, look at `calls`.
+class StubHost : public Host, public RecordedLibraries {
+public:
+    using Range = std::pair<Long, Long>;
+    using References = std::pair<Double, Double>;
+    using Point = std::array<Long, 3>;
+
+    StubHost();
 
     /// Settings by "store|section|key", exactly as passed; TarnRegisterSetString writes here.
     std::map<std::string, std::string> settings;
@@ -113,78 +124,15 @@ public:
     /// Fires OnNotify of that notifier; nothing happens when there is none.
     void deliver(const std::string& id);
 
-    // ---- the seam ----
-
-    TnReg& tn_reg() override { return *this; }
-    TnLog& tn_log() override { return *this; }
-    TnLogKeys& Tn_log() override { return *this; }
-    TnOcuva& tn_ocuva() override { return *this; }
-    TnLibProxy& tn_lib_proxy() override { return *this; }
-    TnMicroProxy& tn_micro_proxy() override { return *this; }
-    TnVideo& tn_video() override { return *this; }
-    TnVduti& tn_vduti() override { return *this; }
-    std::unique_ptr<Notifier> createNotifier() override;
-
-    TarnLong TarnRegisterGetInt(const char* section, const char* key, TarnLong defaultValue,
-                                const char* store) override;
-    TarnLong TarnRegisterSetString(const char* section, const char* key, const char* value,
-                                   const char* store) override;
-    TarnLong TarnRegisterGetString(const char* section, const char* key, const char* defaultValue,
-                                   char* buffer, TarnLong bufferSize, const char* store) override;
-
-    void TarnPrintfVB(const char* line) override;
-    TarnLong TarnMessageBoxVB(const char* messageKey, const char* title, TarnLong style) override;
-    TarnLong TarnGetUniqueObjectKey(char* buffer, TarnLong bufferSize) override;
-    TarnLong TarnOcuvaSendMsgByName(const char* name) override;
-
-    TarnLong TarnSetVideoBoardType(TarnLong type) override;
-    TarnLong TarnSetVideoCameraType(TarnLong type) override;
-    TarnLong TarnGetVideoMag100Factors(TarnSingle* x100, TarnSingle* y100) override;
-    TarnLong TarnSetVideoMag100Factors(const TarnSingle* x100, const TarnSingle* y100) override;
-    TarnLong TarnGetStageLimits(TarnLong axis, TarnLong* lower, TarnLong* upper) override;
-    TarnLong TarnGetDirStd(char* buffer, TarnLong bufferSize) override;
-    TarnLong TarnDbObjectNew(const char* typeName) override;
-    TarnLong TarnDbObjectRead(TarnLong handle, const char* name) override;
-    TarnLong TarnDbObjectDelete(TarnLong handle) override;
-    TarnLong TarnDbGetStagePos(TarnLong handle, TarnLong* x, TarnLong* y, TarnLong* z) override;
-    TarnLong TarnIniEnumNb(const char* section, const char* store) override;
-    TarnLong TarnIniEnumString(const char* section, TarnLong number, char* buffer, TarnLong bufferSize,
-                               const char* store) override;
-    TarnLong TarnSolvePlan(TarnLong rows, const TarnDouble* matrix, const TarnDouble* rightSide,
-                           TarnDouble* solution) override;
-
-    TarnLong TarnStartStage(TarnLong axis) override;
-    TarnLong TarnLoadStageAbs(TarnLong axis, TarnSingle target) override;
-    TarnLong TarnLoadStageRelSecure(TarnLong axis, TarnSingle distance) override;
-    TarnLong TarnReadStagePos(TarnLong axis, TarnLong* value) override;
-    TarnLong TarnReadStageStatus(TarnLong axis, TarnLong zero, TarnLong* value) override;
-    TarnLong TarnAutoFocusExt(TarnLong flag) override;
-    TarnLong TarnBacklashStage(TarnLong axis) override;
-
-    TarnLong TarnVideoBoardInit() override;
-    TarnLong TarnVideoBoardShutdown() override;
-    TarnLong TarnVideoBoardStartGrab(TarnLong continuous, TarnLong show) override;
-    TarnLong TarnVideoBoardHaltGrab() override;
-    TarnLong TarnVideoSetCurrentBoardType(TarnLong type) override;
-    TarnLong TarnVideoGetCurrentBoardType() override;
     TarnLong TarnVideoBoardFunction(TarnLong functionCode, void* data) override;
-    TarnLong TarnVideoBufferAlloc(TarnBufferDesc* descriptor, TarnLong parent) override;
-    TarnLong TarnVideoGetBufferDesc(TarnLong handle, TarnBufferDesc* descriptor) override;
-    TarnLong TarnVideoSetCurrentCameraType(TarnLong type) override;
-    TarnLong TarnVideoGetCurrentCameraType() override;
-    TarnLong TarnVideoCameraSetReferences(TarnLong group, TarnDouble first, TarnDouble second) override;
-    TarnLong TarnVideoCameraGetReferences(TarnLong group, TarnDouble* first, TarnDouble* second) override;
-    TarnLong TarnVideoBufferComputeStatistics(TarnLong* buffer, TarnLong left, TarnLong top, TarnLong right,
-                                              TarnLong bottom, TarnLong* count, TarnLong* sum,
-                                              TarnDouble* varianceOut) override;
+#define STUB_ACCESS(Class, library, file, FUNCTIONS)                                                         \
+    Class& library() override { return *this; }
+    TARN_LIBRARIES(STUB_ACCESS)
+#undef STUB_ACCESS
+    std::unique_ptr<Notifier> createNotifier() override;
 
 private:
     friend class StubNotifier;
-    Long m_lastDbHandle = 0;
-
-    void record(const std::string& name, const std::vector<std::string>& arguments);
-    Long result(const std::string& name, Long otherwise) const;
-    std::vector<std::string> entriesOf(const std::string& store, const std::string& section) const;
 };
 
 } // namespace ocuva
