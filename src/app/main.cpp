@@ -3,19 +3,14 @@
 #include "app/Appearance.h"
 #include "app/HostChoice.h"
 #include "app/KeepingWatch.h"
+#include "app/ProgramHosts.h"
 #include "app/RunningCopies.h"
 #include "app/SecondStart.h"
 #include "app/modInter.h"
 #include "base/Product.h"
-#include "controls/HostMessageBox.h"
-#include "hostlink/CrashNote.h"
 #include "hostlink/LibraryHost.h"
-#include "hostlink/LoadWatch.h"
 #include "hostlink/ObservedHost.h"
 #include "hostlink/TracingHost.h"
-#include "hosts/common/bus/MessageBus.h"
-#include "hosts/common/services/DataFolder.h"
-#include "hosts/simulated/SimulatedHost.h"
 #include "journal/Journal.h"
 #include "platform/Notice.h"
 #include "platform/PathOf.h"
@@ -39,7 +34,6 @@ namespace {
 using namespace ocuva;
 
 constexpr int exitNoDisplay = 2;
-constexpr int exitNoHost = 3;
 constexpr std::chrono::seconds startPatience{60}; // with a slow board; then the other copy is woken on trust
 constexpr int exitNoCopies = 4;                   // it cannot be found out whether another copy runs
 constexpr int exitNotReached = 5;                 // another copy runs and does not answer
@@ -74,106 +68,18 @@ void refuseToStart(const std::string& reason, bool serverMode) {
     }
 }
 
-constexpr const char* crashNoteName = "host-crash.note";
-constexpr std::chrono::seconds patienceWithLibraries{20};
-
-/// What is kept of calls into libraries for the case that one of them does not come back.
-struct WatchedHost {
-    explicit WatchedHost(const std::filesystem::path& noteFile)
-        : note(noteFile, mark) {}
-    CallMark mark;
-    CrashNote note;
-};
-
-void sayWhatCrashed(const std::filesystem::path& noteFile, bool serverMode) {
-    const std::string crash = CrashNote::take(noteFile);
-    if (crash.empty()) {
-        return;
-    }
-    if (serverMode) {
-        std::fprintf(stderr, "%s: %s\n", productTitle, crash.c_str());
-    } else {
-        QMessageBox::warning(nullptr, QString::fromLatin1(productTitle), QString::fromLocal8Bit(crash));
-    }
-}
-
-/// How the program ends while its one thread is held by a library that does not finish loading.
-LoadWatch::Late endingOf(bool serverMode) {
-    return [serverMode, program = QCoreApplication::applicationFilePath().toLocal8Bit().toStdString()](
-               const std::string& running) {
-        const std::string words =
-            "Ocuva has ended: " + running + " was not finished after " +
-            std::to_string(patienceWithLibraries.count()) +
-            " seconds. Check that file and the drive and device that it needs, then start Ocuva again.";
-        std::fprintf(stderr, "%s\n", words.c_str());
-        if (!serverMode) {
-            showNotice(program, words);
-        }
-        std::_Exit(exitNoHost);
-    };
-}
-
-/// What the program needs to know of the host that it was given.
-struct ChosenHost {
-    std::unique_ptr<WatchedHost> watched; ///< outlives the host
-    std::unique_ptr<Host> host;
-    QString title;
-    QString dataFolder; ///< for the program's own files; copies with the same one are copies of each other
-    int minuteMs = modServer::idleTickMs;
-    Keeper keeper = Keeper::program; ///< of log and settings
-    QString description;             ///< for a report
-};
-
 std::optional<std::string> environment(const char* name) {
     const char* value = std::getenv(name);
     return value != nullptr ? std::optional<std::string>(value) : std::nullopt;
 }
 
-ChosenHost simulatedHost(DisplayWindows& windows) {
-    hosts::simulated::SimulatedHostOptions options;
-    options.windows = &windows;
-    options.showMessage = showHostMessageBox;
-    auto host = std::make_unique<hosts::simulated::SimulatedHost>(std::move(options));
-    const QString dataFolder = QString::fromStdString(host->dataFolder().string());
-    // A world that runs faster puts a sleeping server to its end sooner, so that a trainee need not wait.
-    const int minuteMs = qRound(host->clock().wallMs(modServer::idleTickMs));
-    return {nullptr,
-            std::move(host),
-            QCoreApplication::translate("main", "%1 (simulated instrument)")
-                .arg(QString::fromLatin1(productTitle)),
-            dataFolder,
-            minuteMs,
-            Keeper::program,
-            QStringLiteral("simulated")};
-}
-
-/// The host's own notifier is a component that its libraries do not export; ours takes its place, between the
-/// copies of one user.
-ChosenHost libraryHost(const std::filesystem::path& folder, bool serverMode) {
-    const std::filesystem::path meeting = hosts::DataFolder::locate();
-    std::filesystem::create_directories(meeting);
-    sayWhatCrashed(meeting / crashNoteName, serverMode);
-    auto watched = std::make_unique<WatchedHost>(meeting / crashNoteName);
-    const LoadWatch loading(watched->mark, patienceWithLibraries, endingOf(serverMode));
-    auto bus = std::make_shared<hosts::MessageBus>(meeting, [](const std::string& /*line*/) {});
-    auto host = std::make_unique<LibraryHost>(
-        folder, [bus] { return bus->createNotifier(); }, &watched->mark);
-    return {std::move(watched),
-            std::move(host),
-            QString::fromLatin1(productTitle),
-            QString::fromStdString(meeting.string()),
-            modServer::idleTickMs,
-            Keeper::hostLibraries,
-            QStringLiteral("libraries from %1")
-                .arg(folder.empty() ? QStringLiteral("where the system looks for them") : nameOf(folder))};
-}
-
 ChosenHost chosenHost(std::optional<DisplayWindows>& windows, bool serverMode) {
     const std::string programFolder = QCoreApplication::applicationDirPath().toStdString();
-    const HostChoice choice = chooseHost(
-        {environment("OCUVA_HOST"), environment("OCUVA_HOST_LIBRARIES"), programFolder, LibraryHost::allIn});
-    windows.emplace(choice.library ? DisplayWindows::Painter::host : DisplayWindows::Painter::program);
-    return choice.library ? libraryHost(choice.folder, serverMode) : simulatedHost(*windows);
+    const HostChoice choice =
+        chooseHost(programHosts(), {environment("OCUVA_HOST"), environment("OCUVA_HOST_LIBRARIES"),
+                                    programFolder, LibraryHost::allIn});
+    windows.emplace(choice.host->painter);
+    return choice.host->make({choice.folder, *windows, serverMode});
 }
 
 /// ISO 8601, to the millisecond, with the zone.
