@@ -21,7 +21,7 @@ public:
     std::unique_ptr<ocuva::Notifier> createNotifier() override;
     ///@}
 
-    /// What the functions work on.
+    /// The parts that the functions use.
     ///@{
     VideoBoard& board();
     Clock& clock();

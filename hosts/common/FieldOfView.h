@@ -11,7 +11,7 @@
 
 namespace hosts {
 
-/// What the optics show: stage units across the whole picture, both > 0.
+/// The field of view: stage units across the whole picture, both > 0.
 struct FieldSize {
     double width = 640.0;
     double height = 480.0;

@@ -1,5 +1,5 @@
 #pragma once
-// What a host has before it has any device: its folder, and what is kept in it.
+// The parts of a host that need no device: its folder and the files in it.
 
 #include "hosts/common/FieldOfView.h"
 #include "hosts/common/HostOptions.h"
@@ -14,7 +14,7 @@
 namespace hosts {
 
 struct HostBasis {
-    /// Throws std::runtime_error, with a sentence for the operator, when the data folder cannot be had.
+    /// Throws std::runtime_error with a sentence for the operator if the data folder cannot be used.
     HostBasis(HostOptions hostOptions, const DataFolder::Seeds& seeds);
 
     /// Made at first use, because it needs a QCoreApplication and not every user of the host has one.

@@ -1,6 +1,6 @@
 #pragma once
-// The host's libraries, function by function, over the parts that do the work. tarn_abi.h says what each
-// function means. None lets an exception out, none trusts a pointer to be there.
+// The functions of the host's libraries. tarn_abi.h defines what each function does. None throws, and each
+// checks its pointers.
 
 #include "hostlink/Host.h"
 #include "hosts/common/HostParts.h"

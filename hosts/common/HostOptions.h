@@ -1,5 +1,5 @@
 #pragma once
-// What is around a host of ours.
+// The surroundings of a host.
 
 #include "hostlink/DisplayWindow.h"
 #include "hostlink/Host.h"
@@ -11,7 +11,7 @@
 
 namespace hosts {
 
-/// What is left out is the host's own.
+/// The host supplies its own part for each missing one.
 struct HostOptions {
     /// Where stores, standards and log are; made and seeded where needed. Empty: the user's own.
     std::filesystem::path dataFolder;

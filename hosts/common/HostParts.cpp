@@ -8,8 +8,7 @@ namespace {
 
 constexpr const char* cameraTypeKey = "CameraType";
 
-// Where the program keeps the references that a camera begins with, in hundredths, one key for each camera
-// type.
+// The section with the references that a camera starts with, in hundredths, one key for each camera type.
 constexpr const char* referencesSection = "tn_video\\meteor2";
 constexpr TarnLong unchangedHundredths = -100;
 

@@ -1,4 +1,4 @@
-// What the host makes of pictures: files and statistics.
+// The host's picture functions: files and statistics.
 
 #include "hosts/common/GuardedCall.h"
 #include "hosts/common/HostLibraries.h"
@@ -13,8 +13,8 @@ namespace hosts {
 
 namespace {
 
-/// Grey levels of a region; right and bottom are its last column and row, counted from the end where negative
-/// (-1 is the last). What lies outside the frame counts for nothing.
+/// Grey levels of a region. right and bottom are its last column and row; negative numbers count from the
+/// end (-1 is the last). Pixels outside the frame are ignored.
 GreyStatistics regionStatistics(const ocuva::Frame& frame, TarnLong left, TarnLong top, TarnLong right,
                                 TarnLong bottom) {
     const int first = std::max(left, 0);

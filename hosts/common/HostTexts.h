@@ -8,8 +8,8 @@
 
 namespace hosts {
 
-/// Fills the buffer with at most size characters, and a NUL where there is room for one. Result: characters
-/// written without the NUL. A missing buffer or a size below 1 takes none.
+/// Writes at most size characters to the buffer, and a NUL if there is room. Returns the number of
+/// characters without the NUL. Writes nothing to a missing buffer or with a size below 1.
 TarnLong copyText(std::string_view text, char* buffer, TarnLong size);
 
 /// A caller's text; a missing one counts as empty.
@@ -17,7 +17,7 @@ inline std::string_view textOf(const char* text) {
     return text == nullptr ? std::string_view() : std::string_view(text);
 }
 
-/// The sentence that a message key stands for; a key that is not known is the sentence itself.
+/// The sentence for a message key; an unknown key is the sentence itself.
 std::string messageText(std::string_view key);
 
 } // namespace hosts

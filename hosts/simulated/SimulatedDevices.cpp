@@ -31,7 +31,7 @@ StageSettings stageSettings(SimConfig& config) {
             axis(zMin, zMax, speedZ, accelerationZ, startZ, backlashZ)};
 }
 
-/// What the camera really sees, which the settings only believe.
+/// The true field of the camera, which can differ from the settings.
 FieldSize trueField(HostBasis& basis, const MechanicsSettings& mechanics) {
     const FieldSize believed = basis.field.seen();
     return {believed.width * (1.0 + mechanics.scaleErrorX), believed.height * (1.0 + mechanics.scaleErrorY)};

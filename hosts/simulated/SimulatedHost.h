@@ -1,6 +1,6 @@
 #pragma once
-// The simulated host: everything that a real host's libraries do, inside this process. README.md beside this
-// file lists every setting, and what is simulated and what is not.
+// The simulated host: all functions of a real host's libraries, inside this process. README.md next to
+// this file lists every setting, and what is simulated and what is not.
 
 #include "hosts/common/DeviceHost.h"
 #include "hosts/simulated/Truth.h"
@@ -20,15 +20,15 @@ struct SimulatedHostOptions : HostOptions {
     std::shared_ptr<Clock> clock;
 };
 
-/// Used on one thread. Frames reach the windows from a thread of the camera, or from whoever advances a
-/// virtual clock.
+/// Used on one thread. Frames reach the windows from a thread of the camera, or from the thread that
+/// advances a virtual clock.
 class SimulatedHost final : public DeviceHost {
 public:
-    /// Throws std::runtime_error with a sentence for the operator when the data folder cannot be had.
+    /// Throws std::runtime_error with a sentence for the operator if the data folder cannot be used.
     explicit SimulatedHost(SimulatedHostOptions options);
     ~SimulatedHost() override;
 
-    /// What no real host tells: the truth, for tests and for the bench.
+    /// The true state, which no real host can report: for tests and benchmarks.
     ///@{
     const Truth& truth() const;
     const SurfaceShape& trueSurface() const;

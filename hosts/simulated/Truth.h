@@ -1,5 +1,6 @@
 #pragma once
-// What is really so, whatever the host reports: for tests, benches and trainers. No real host can tell it.
+// The true state behind the host's reports: for tests, benchmarks and trainers. No real host can provide
+// it.
 
 #include "hosts/common/FieldOfView.h"
 #include "hosts/simulated/mechanics/StageMechanics.h"
@@ -21,7 +22,7 @@ public:
     /// The true Z at which the place (x, y) is sharp.
     double surfaceHeight(double x, double y) const { return m_surface.at(x, y); }
 
-    /// Where the sample really is, in stage units.
+    /// The true position of the sample, in stage units.
     StagePoint position() const { return m_stage.truePosition(); }
 
     /// Stage units across the whole picture.

@@ -8,10 +8,10 @@
 
 namespace ocuva {
 
-/// What is drawn.
+/// A text with the font and the line breaks that make it fit.
 struct FittedText {
-    QFont font;
-    QStringList lines;   ///< one or two; the last one ends in an ellipsis where nothing else helped
+    QFont font;          ///< of the size that fits
+    QStringList lines;   ///< one or two; the last one ends in an ellipsis as a last resort
     bool isWhole = true; ///< nothing was left out
 };
 

@@ -6,7 +6,7 @@ namespace hosts {
 
 int AutomaticGain::follow(const ocuva::Frame& frame, const PictureControls& controls, int frames) {
     constexpr double neutralContrast = 50.0;
-    constexpr double leastContrast = 0.1; // below, the picture tells nothing about the light
+    constexpr double leastContrast = 0.1; // below this, the picture contains no information about the light
     constexpr int highestRange = 4;
     const double contrast = controls.contrast / neutralContrast;
     if (contrast < leastContrast || frame.pixels.empty() || frames < 1) {
@@ -27,7 +27,7 @@ int AutomaticGain::follow(const ocuva::Frame& frame, const PictureControls& cont
 
 int AutomaticGain::stepBack(double signal, int frames) {
     constexpr double step = 1.4142135623730951; // from one range to the next
-    constexpr double margin = 4.0;              // else noise could bring it to and fro
+    constexpr double margin = 4.0;              // otherwise noise could switch it back and forth
     const double afterwards = m_range < unity ? signal * step : signal / step;
     const bool fits = afterwards > darkest + margin && afterwards < brightest - margin;
     if (m_range == unity || !fits) {

@@ -11,19 +11,20 @@ public:
     /// 0 to 4, as a gain that is set by hand.
     int range() const { return m_range; }
 
-    /// Looks at a picture that was made with these controls at this range, and that the next frames show too
-    /// while the range stays. Gives the number of frames, at most so many, after which the next one gets
-    /// another range; 0 when it stays for all of them. One step at a time, as such a circuit follows the
-    /// light. Contrast and brightness work behind it and are reckoned out.
+    /// Evaluates a picture taken with these controls at the current range, which the next frames also show
+    /// while the range stays. Returns the number of frames, at most `frames`, after which the next one
+    /// gets another range; 0 if it stays for all of them. The range changes by one step at a time, like
+    /// such a circuit. The effects of contrast and brightness are removed first.
     int follow(const ocuva::Frame& frame, const PictureControls& controls, int frames = 1);
 
     /// Mean grey levels that are left alone. They are further apart than one step of gain, so it cannot hunt.
     static constexpr double darkest = 80.0;
     static constexpr double brightest = 175.0;
 
-    /// A picture that is neither too dark nor too bright for so many frames, and would not be one step nearer
-    /// to the range of factor 1 either, gets that step: the same light gets the same gain again, wherever the
-    /// stage was in between. With 25 frames a second the two steps from an end take less than two seconds.
+    /// A picture that has been neither too dark nor too bright for this many frames, and would not be
+    /// after one step towards the range of factor 1 either, gets that step: the same light gets the same
+    /// gain again, wherever the stage has been. At 25 frames a second the two steps from an end take less
+    /// than two seconds.
     static constexpr int patienceFrames = 20;
 
 private:

@@ -5,7 +5,7 @@
 
 namespace hosts {
 
-/// Values of 0 to 100; PictureControls.h says what they do to a picture. 50 leaves it as the camera made it.
+/// Values of 0 to 100; PictureControls.h describes their effect. 50 leaves the picture unchanged.
 class CameraReferences {
 public:
     /// group 1: contrast, brightness; group 2: hue, saturation. -1.0 leaves a value as it is; other values

@@ -1,6 +1,5 @@
 #pragma once
-// Frames that are used again once nobody looks at them, so that live video does not allocate 1.7 MB per
-// frame.
+// Reuses frames that are no longer needed, so that live video does not allocate 1.7 MB per frame.
 
 #include "hostlink/DisplayWindow.h"
 

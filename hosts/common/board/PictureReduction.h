@@ -11,8 +11,8 @@ inline constexpr int greatestReduction = 16;
 /// away.
 inline int reducedLength(int pixels, int reduction) { return pixels / reduction; }
 
-/// By how much the board reduces for a window: never so much that a dense screen shows less than it could.
-/// zoom is -n for a picture reduced n times; what is not such a number counts as -1.
+/// The reduction for a window, limited so that a dense screen shows all the detail it can. zoom is -n for
+/// a picture reduced n times; any other number counts as -1.
 int displayReduction(ocuva::Long zoom, bool fullSize, double devicePixelRatio);
 
 /// Writes into `small`, which has the reduced size, the mean of each block of reduction x reduction pixels,

@@ -18,14 +18,13 @@ namespace hosts {
 /// the board type leaves the board down, but a grab that runs goes on until it is halted.
 class VideoBoard final : private FrameReceiver {
 public:
-    /// Both outlive the board. windows: null when nobody sees live video.
+    /// Both outlive the board. windows: null if there is no live video.
     VideoBoard(FrameSource& source, const ocuva::DisplayWindows* windows);
     ~VideoBoard() override;
     VideoBoard(const VideoBoard&) = delete;
     VideoBoard& operator=(const VideoBoard&) = delete;
 
-    /// Makes the board ready; a grab that runs ends, for a board that is set up afresh grabs nothing. False,
-    /// and not ready, when the source refuses.
+    /// Makes the board ready and ends a running grab. False, and not ready, if the source refuses.
     bool init();
     /// Ends the grab, forgets the current frame.
     void shutdown();
@@ -68,8 +67,8 @@ public:
     /// The last frame grabbed, full size; null before the first.
     ocuva::FramePtr currentFrame();
 
-    /// A frame whose exposure begins after this call, for a measurement: it is neither shown nor kept. Board
-    /// and grab need not be ready. Null when the source gives none.
+    /// A frame whose exposure begins after this call, for a measurement; it is neither shown nor kept.
+    /// Board and grab need not be ready. Null if the source gives none.
     ocuva::FramePtr frameAfterNow() { return m_source.frameAfterNow(); }
 
     /// The one buffer that there is: the current frame.

@@ -1,6 +1,6 @@
 #pragma once
-// The form that a message has on its way between two processes, and how names and filters are understood.
-// Plain functions over bytes: whatever arrives, they answer.
+// The format of a message between two processes, and the rules for names and filters. Plain functions that
+// handle any bytes.
 
 #include <cstddef>
 #include <optional>
@@ -21,7 +21,7 @@ struct BusMessage {
     bool operator==(const BusMessage&) const = default;
 };
 
-/// A frame, all told, in bytes.
+/// The maximum size of a frame, in bytes.
 inline constexpr std::size_t busFrameMaxBytes = 16 * 1024;
 
 /// A frame: the four bytes "OCUB", one byte version (1), four bytes length of what follows, then component,
@@ -35,21 +35,21 @@ enum class FrameState {
     malformed, ///< no frame and no beginning of one; the stream cannot be read any further
 };
 
-/// What the beginning of a stream holds.
+/// The result of reading the beginning of a stream.
 struct DecodedFrame {
     FrameState state = FrameState::incomplete; ///< usedBytes and message count only when complete
     std::size_t usedBytes = 0;                 ///< length of the frame when complete
     BusMessage message;                        ///< filled when complete
 };
 
-/// Reads the frame at the beginning of a stream. Never asks for more than busFrameMaxBytes.
+/// Reads the frame at the beginning of a stream. Never needs more than busFrameMaxBytes.
 DecodedFrame decodeBusFrame(std::string_view bytes);
 
-/// What a subscriber wants to hear: "DST_APP=X" lets through the messages whose component is X, letter for
-/// letter; an empty filter all; a text that is neither nothing.
+/// A subscriber's filter: "DST_APP=X" matches messages whose component is exactly X, an empty filter all
+/// messages, any other text none.
 class BusFilter {
 public:
-    /// Never throws; what is not understood lets nothing through.
+    /// Never throws; an invalid filter matches nothing.
     explicit BusFilter(std::string_view text = {});
 
     /// Whether the text is empty or of the form "DST_APP=X".
@@ -63,9 +63,9 @@ private:
     std::string m_component;
 };
 
-/// The message that a name stands for: component "TN_OCUVA_SERVER", no sub-component, and as identifier the
-/// one of OCUVA_IS_SERVER_UP, OCUVA_AUTOFOCUS, OCUVA_WAKEUP and OCUVA_SLEEP that equals the name without
-/// regard to letter case; any other name as it stands.
+/// The message for a name: component "TN_OCUVA_SERVER", no sub-component, and as identifier the one of
+/// OCUVA_IS_SERVER_UP, OCUVA_AUTOFOCUS, OCUVA_WAKEUP and OCUVA_SLEEP that matches the name in any letter
+/// case; any other name unchanged.
 BusMessage messageOfName(std::string_view name);
 
 } // namespace hosts

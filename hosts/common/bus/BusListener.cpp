@@ -15,7 +15,7 @@ namespace {
 using namespace std::chrono_literals;
 
 constexpr int listenBacklog = 128;
-constexpr int maxWaiting = 8; ///< accepted connections that nobody has asked for; each has a descriptor
+constexpr int maxWaiting = 8; ///< accepted connections that are still waiting; each has a descriptor
 constexpr auto againAfter = 250ms;
 
 } // namespace
@@ -56,8 +56,8 @@ bool BusListener::open() {
     return true;
 }
 
-// A server that cannot accept a connection closes itself and says so to nobody, but what notifies it of
-// connections goes with it.
+// A server that cannot accept a connection closes itself without a signal, but its socket notifier is
+// destroyed with it.
 void BusListener::watchTheDoor() {
     if (const auto* notifier = m_server.findChild<QSocketNotifier*>()) {
         QObject::connect(notifier, &QObject::destroyed, &m_context, [this] { openAgain(); });

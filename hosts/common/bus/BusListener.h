@@ -16,8 +16,8 @@ class QLocalSocket;
 
 namespace hosts {
 
-/// Listens, and goes on listening: a process that has run out of descriptors closes its door for a moment
-/// only. Used on the thread that made it, which needs an event loop.
+/// Keeps listening: after a shortage of descriptors it opens the server again. Used on the thread that
+/// created it, which needs an event loop.
 class BusListener {
 public:
     /// Listens nowhere yet.
@@ -35,7 +35,7 @@ public:
     /// The name under which others find it at present.
     const std::string& peerName() const { return m_peerName; }
 
-    /// Whether a connection waits. Few of those that do take a descriptor.
+    /// Whether a connection is waiting. Only a few of the waiting ones take a descriptor.
     bool hasWaiting() const { return m_server.hasPendingConnections(); }
     /// The next connection that waits; null when none does.
     QLocalSocket* nextConnection() { return m_server.nextPendingConnection(); }

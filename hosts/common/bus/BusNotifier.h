@@ -22,14 +22,14 @@ class QLocalSocket;
 
 namespace hosts {
 
-/// How many connections a notifier keeps open. One more closes the one that has been idle the longest, whose
-/// sender connects again when it has something to say.
+/// Number of connections that a notifier keeps open. One more closes the one that has been idle longest;
+/// its sender reconnects with its next message.
 inline constexpr std::size_t busMaxConnections = 64;
 
-/// A notifier that other notifiers of the same data folder reach through a local socket. It listens from the
-/// first Subscribe on. Used on the thread that made it, whose event loop delivers the events; a message that
-/// arrives while a receiver runs waits until that returns, even when the receiver runs an event loop itself.
-/// Senders are served in turn, and however much they send, the event loop gets to its other work.
+/// A notifier that other notifiers of the same data folder reach through a local socket. It listens from
+/// the first Subscribe on. Used on the thread that created it, whose event loop delivers the events. A
+/// message that arrives while a receiver is running waits until that returns, even if the receiver runs an
+/// event loop. Senders are served in turn, and the event loop always gets to its other work.
 class BusNotifier final : public ocuva::Notifier {
 public:
     /// Listens nowhere yet.

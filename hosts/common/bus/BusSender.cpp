@@ -19,7 +19,7 @@ int msUntil(std::chrono::steady_clock::time_point deadline) {
         std::max<std::int64_t>(0, std::chrono::duration_cast<std::chrono::milliseconds>(left).count()));
 }
 
-/// How often the system is asked to take more while it does not say by itself that it would.
+/// Interval of further write attempts while the system does not signal that it can accept more.
 constexpr int askAgainMs = 5;
 
 bool isConnected(const QLocalSocket* socket) {
@@ -32,7 +32,7 @@ bool drain(QLocalSocket& socket, qint64 bytesLeft) {
     Time::time_point stalledAt = Time::now() + busStallLimit;
     qint64 waiting = socket.bytesToWrite();
     while (isConnected(&socket) && waiting > bytesLeft) {
-        // The system tells late that there is room again; a write finds out sooner.
+        // The system signals free space late; a write finds out sooner.
         socket.flush();
         if (socket.bytesToWrite() == waiting) {
             socket.waitForBytesWritten(askAgainMs);
@@ -110,8 +110,8 @@ bool BusSender::sendTo(const std::string& peerName, Connection& connection, cons
     if (connection.machine != m_machine) {
         return false;
     }
-    // A connection whose far end has gone shows it only when it is written to; a second attempt then learns
-    // whether the peer itself has gone.
+    // A connection whose other end has gone reports this only when it is written to; a second attempt
+    // shows whether the peer itself has gone.
     for (int attempt = 0; attempt < 2; ++attempt) {
         if (!isConnected(connection.socket.get()) && !connectTo(peerName, connection, deadline)) {
             return false;

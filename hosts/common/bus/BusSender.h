@@ -21,15 +21,15 @@ inline constexpr std::chrono::milliseconds busConnectLimit{500};
 /// How long a peer may take nothing before it counts as one that has stopped reading.
 inline constexpr std::chrono::milliseconds busStallLimit{2000};
 
-/// Carries messages to every listening notifier. Keeps one connection per peer, so that messages arrive in
-/// the order of sending.
+/// Sends messages to every listening notifier. Keeps one connection per peer, so messages arrive in the
+/// order of sending.
 ///
-/// What the system does not take at once waits here, up to a megabyte per peer. A sender that is ahead of its
-/// peer by that much goes at the peer's pace: nothing is lost as long as the peer reads. A peer that takes
-/// nothing for busStallLimit has stopped reading: with one log line all messages to it are dropped, and it
-/// holds nobody up, until it has caught up with half of what waits.
+/// Data that the system does not accept at once waits here, up to a megabyte per peer. A sender that is
+/// further ahead slows down to the pace of the peer: nothing is lost as long as the peer reads. A peer
+/// that accepts nothing for busStallLimit has stopped reading: all messages to it are dropped, with one
+/// log line, until it has read half of the waiting data.
 ///
-/// Used on the thread that made it, which needs an event loop for what waits.
+/// Used on the thread that created it, which needs an event loop for waiting data.
 class BusSender {
 public:
     /// Looks for peers at each send.

@@ -1,5 +1,5 @@
 #pragma once
-// What is particular to the platform about the bus's local sockets.
+// Platform-specific functions for the bus's local sockets.
 
 #include <string>
 
@@ -17,18 +17,18 @@ std::string newPeerName();
 /// Whether newPeerName gave that name in this process.
 bool isOfThisProcess(const std::string& peerName);
 
-/// Lets the server listen under a name made from the peer name, for this user alone. The socket lies in the
-/// first of the user's runtime folder, the folder for temporary files and /tmp whose path leaves room for its
-/// name; the data folder would often be too deep. False when none serves.
+/// Lets the server listen under a name derived from the peer name, for this user only. The socket is in
+/// the user's runtime folder, the temporary folder or /tmp, the first of them whose path leaves room for
+/// its name; the data folder would often be too deep. False if none can be used.
 bool listenForUser(QLocalServer& server, const std::string& peerName);
 
-/// Whether something has come that nobody has read yet, also what the socket itself has still to fetch.
+/// Whether there are unread data, including data that the socket itself has not fetched yet.
 bool hasUnread(const QLocalSocket& socket);
 
 /// Whether this process has room for another connection.
 bool canOpenAnother();
 
-/// Removes what the socket of a dead process has left behind; leaves alone whatever is no socket of the bus.
+/// Removes the remains of a dead process's socket; leaves alone anything that is not a socket of the bus.
 void removeBusSocket(const std::string& socketName);
 
 } // namespace hosts

@@ -1,7 +1,7 @@
 #pragma once
-// The notifier of our hosts and their messages by name, between all processes of one user that work with
-// the same data folder. There is no process in the middle: each subscribed notifier listens on a local socket
-// of its own and says so in the folder "peers" of the data folder.
+// The notifier of the hosts here and their messages by name, between all processes of one user with the
+// same data folder. There is no central process: each subscribed notifier listens on its own local socket,
+// announced in the folder "peers" of the data folder.
 
 #include "hostlink/Notifier.h"
 #include "hosts/common/bus/BusSender.h"
@@ -14,8 +14,8 @@
 
 namespace hosts {
 
-/// Needs a QCoreApplication. Used on one thread; notifiers may be made on others and then live there. Trouble
-/// is told to the log, one line each, and never disturbs the program.
+/// Needs a QCoreApplication. Used on one thread; notifiers may be created on others and then live there.
+/// Problems are logged, one line each, and never disturb the program.
 class MessageBus {
 public:
     /// `log` takes one line without a line feed; it is called on the threads of bus and notifiers.
@@ -24,9 +24,9 @@ public:
     /// The notifier may outlive the bus.
     std::unique_ptr<ocuva::Notifier> createNotifier();
 
-    /// Sends the message that the name stands for (messageOfName) to every subscribed notifier, this
-    /// process's own included, and waits until it is on its way (BusSender::flush), so that the process may
-    /// end at once. True when at least one notifier took it, whether or not its filter lets it through.
+    /// Sends the message for the name (messageOfName) to every subscribed notifier, including this
+    /// process's own, and waits until it has been passed on (BusSender::flush), so that the process may
+    /// end at once. True if at least one notifier received it, whatever its filter.
     bool sendByName(const std::string& name);
 
 private:

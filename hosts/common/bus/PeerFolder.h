@@ -1,5 +1,5 @@
 #pragma once
-// Where the notifiers of one data folder find each other.
+// The folder in which the notifiers of one data folder find each other.
 
 #include <filesystem>
 #include <functional>
@@ -14,7 +14,7 @@ using BusLog = std::function<void(std::string)>;
 
 /// A listening notifier.
 struct Peer {
-    std::string machine; ///< name of the computer that it runs on; a data folder may lie on a shared disk
+    std::string machine; ///< name of its computer; a data folder may be on a shared disk
     std::string socket;  ///< name of its local socket, UTF-8
 };
 
@@ -25,23 +25,23 @@ public:
     /// The folder is not looked at yet. An empty log keeps silent.
     PeerFolder(const std::filesystem::path& dataFolder, BusLog log);
 
-    /// Makes the peer's file, whole at once, and the folder where needed. False, after a log line, when that
-    /// cannot be done.
+    /// Creates the peer's file in one step, and the folder if necessary. False, after a log line, if that
+    /// fails.
     bool announce(const std::string& peerName, const Peer& peer) const;
-    /// The same without a log line, and only where the data folder itself is there.
+    /// The same without a log line, and only if the data folder exists.
     bool announceQuietly(const std::string& peerName, const Peer& peer) const;
     /// Whether that peer's file is there.
     bool isThere(const std::string& peerName) const;
-    /// As given at its making, with "peers" behind it.
+    /// The folder passed to the constructor, followed by "peers".
     const std::filesystem::path& path() const { return m_folder; }
     /// Removes the peer's file.
     void withdraw(const std::string& peerName) const;
     /// The names of all peers, sorted; empty when there is no folder.
     std::vector<std::string> names() const;
-    /// Nothing when the file is gone or is none of ours.
+    /// Nothing if the file is missing or not a valid peer file.
     std::optional<Peer> read(const std::string& peerName) const;
 
-    /// One line to whoever was named at the making.
+    /// Passes one line to the receiver given to the constructor.
     void log(const std::string& line) const;
 
 private:

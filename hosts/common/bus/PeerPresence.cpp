@@ -31,8 +31,8 @@ void PeerPresence::withdraw() {
     }
 }
 
-/// The data folder may have been removed, and with it the watch, or moved away, which is seen only where it
-/// was.
+/// The data folder may have been removed together with the watch, or moved away, which is reported only in
+/// its parent folder.
 void PeerPresence::watch() {
     if (const QStringList watched = m_watcher.directories(); !watched.isEmpty()) {
         m_watcher.removePaths(watched);

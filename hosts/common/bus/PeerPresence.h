@@ -11,9 +11,9 @@
 
 namespace hosts {
 
-/// The file of one peer, from announce to withdraw or the end: made again when somebody has removed it, as
-/// soon as the folder can be written. Nothing wakes it while the file is there. Used on the thread that made
-/// it, which needs an event loop.
+/// The file of one peer, from announce to withdraw or destruction. If somebody removes it, it is created
+/// again as soon as the folder can be written. Causes no wake-ups while the file exists. Used on the
+/// thread that created it, which needs an event loop.
 class PeerPresence {
 public:
     /// Nothing is announced yet.

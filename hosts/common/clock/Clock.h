@@ -1,6 +1,6 @@
 #pragma once
-// A host's one source of time. Everything in it that moves or waits asks it, so
-// that a test can drive the world with a virtual clock and never sleeps.
+// The only source of time of a host. Everything that moves or waits uses it, so that tests can drive the
+// world with a virtual clock and never sleep.
 
 #include <functional>
 #include <mutex>
@@ -16,8 +16,7 @@ public:
     /// Milliseconds since the clock was made; never goes back. Any thread.
     virtual double nowMs() const = 0;
 
-    /// Lets time pass while the caller waits for the hardware: a real clock sleeps, a virtual one
-    /// advances.
+    /// Waits for the hardware: a real clock sleeps, a virtual one advances.
     virtual void spend(double ms) = 0;
 
     /// True when time passes only by advance and spend.
@@ -44,7 +43,7 @@ private:
     double m_startSeconds;
 };
 
-/// Time that stands still until somebody advances it.
+/// A clock that stands still until it is advanced.
 class VirtualClock final : public Clock {
 public:
     double nowMs() const override;
@@ -55,15 +54,15 @@ public:
     /// Moves time on, stopping at every due time that a registered ticker names, in order.
     void advance(double ms);
 
-    /// A part of the world that acts at times of its own (the camera): `nextDueMs` names the next one
-    /// (infinity for none), `act` is called when it is reached, on the advancing thread.
+    /// A part that acts at its own times (the camera): `nextDueMs` returns the next one (infinity for
+    /// none), `act` is called when it is reached, on the advancing thread.
     struct Ticker {
         std::function<double()> nextDueMs;     ///< time of its next act, on this clock
-        std::function<void(double nowMs)> act; ///< what it does then
-        /// Called at the end of each advance, for what is worth doing only once; may be empty.
+        std::function<void(double nowMs)> act; ///< its action
+        /// Called at the end of each advance, for work that is needed only once; may be empty.
         std::function<void()> settle = {};
     };
-    /// Tickers are added and removed while time stands; returns a number for removeTicker.
+    /// Tickers are added and removed while time stands still; returns a number for removeTicker.
     int addTicker(Ticker ticker);
     /// A number that is not in use does nothing.
     void removeTicker(int number);

@@ -8,11 +8,11 @@
 
 namespace hosts {
 
-/// What the board wants of the camera.
+/// The camera settings of the board.
 struct CameraSettings {
     ocuva::Long cameraType = 0; ///< 1 to 4; 0 until one is chosen
     PictureControls
-        controls; ///< references and gain; the camera follows the light itself where it is automatic
+        controls; ///< references and gain; with automatic gain the camera follows the light itself
 };
 
 /// Receives the frames of a grab.
@@ -22,7 +22,7 @@ public:
     /// A whole frame of full size; an incomplete one is never delivered. Called on any thread, one call at a
     /// time.
     virtual void frameTaken(ocuva::FramePtr frame) = 0;
-    /// Whether a window shows what is delivered. Any thread.
+    /// Whether a window shows the delivered frames. Any thread.
     virtual bool isWatched() const = 0;
 };
 
@@ -31,7 +31,7 @@ class FrameSource {
 public:
     virtual ~FrameSource() = default;
 
-    /// Makes the camera ready for a grab and ends one that runs. False when there is no camera to be had.
+    /// Makes the camera ready for a grab and ends a running one. False if there is no camera.
     virtual bool open() = 0;
     /// Ends a grab. Nothing is delivered any more, not even a frame that was taken before.
     virtual void close() = 0;
@@ -49,11 +49,11 @@ public:
     virtual void stop() = 0;
 
     /// A frame whose exposure begins after this call, for a measurement; it is not delivered. Returns when
-    /// the frame is there, with or without a grab. Null when the camera gives none.
+    /// the frame is complete, with or without a grab. Null if the camera gives none.
     virtual ocuva::FramePtr frameAfterNow() = 0;
 
-    /// Somebody looks at the current frame: a source that puts the making of its frames off delivers the
-    /// newest one now. Others have nothing to do.
+    /// The current frame is needed: a source that delays rendering delivers the newest one now. Others do
+    /// nothing.
     virtual void catchUp() {}
 };
 

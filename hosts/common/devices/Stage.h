@@ -17,10 +17,9 @@ public:
 
     /// False for a target outside the limits, not finite, or beyond 32 bits.
     virtual bool loadAbsolute(ocuva::Long axis, double target) = 0;
-    /// Counts from where the axis is at this moment, also while it moves. False as for an absolute target.
+    /// Relative to the current position of the axis, also while it moves. False as for an absolute target.
     virtual bool loadRelative(ocuva::Long axis, double distance) = 0;
-    /// Loads the move that takes up the play, of one axis or of all with 0. It ends where the axis was bound
-    /// for.
+    /// Loads the move that takes up the play, of one axis or of all with 0. It ends at the axis's target.
     virtual bool loadBacklash(ocuva::Long axis) = 0;
 
     /// Starts the loaded moves of one axis or of all with 0; true when there was one.

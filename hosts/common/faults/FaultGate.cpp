@@ -4,8 +4,7 @@
 
 namespace hosts {
 
-// The time passes before the answer is fetched, so that a slow status tells of the moment at which it
-// arrives.
+// The time passes before the call, so that a slow status is that of the moment at which it arrives.
 bool FaultGate::admits(const char* function) const noexcept {
     return guardedCall(m_log, function, true, [&] {
         const FunctionFault fault = m_faults ? m_faults(function) : FunctionFault();

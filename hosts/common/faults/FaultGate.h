@@ -1,6 +1,6 @@
 #pragma once
-// Where faults of host functions happen: each call first asks whether its function fails or is slow.
-// A function that is well goes straight through.
+// Applies the faults of host functions: each call first checks whether its function fails or is slow.
+// Calls without a fault pass directly.
 
 #include "hostlink/InterposedHost.h"
 #include "hosts/common/clock/Clock.h"
@@ -9,7 +9,7 @@
 
 namespace hosts {
 
-/// Lets calls through, late or not at all; a handler for ocuva::InterposedHost.
+/// Lets calls through, delayed or not at all; a handler for ocuva::InterposedHost.
 class FaultGate {
 public:
     /// All outlive the gate.
@@ -18,7 +18,7 @@ public:
         , m_clock(clock)
         , m_log(log) {}
 
-    /// The result of the call, or without a call the one that stands for its failure. No exception leaves it.
+    /// The result of the call or, without a call, the result that means its failure. Throws nothing.
     template <class Call, class... Argument>
     auto operator()(const ocuva::HostCall& which, const Call& call,
                     const Argument&... /*passed*/) const noexcept {

@@ -6,13 +6,13 @@
 
 namespace hosts {
 
-/// What is wrong with one host function at a moment; the defaults are a function in order.
+/// The current fault of one host function; the defaults mean none.
 struct FunctionFault {
-    bool fails = false;  ///< it gives its failure result and does nothing else
+    bool fails = false;  ///< returns its failure result and does nothing else
     double slowMs = 0.0; ///< time on the host's clock that it takes before it answers
 };
 
-/// The fault of the function of that name. Asked at each call, from any thread; empty means no faults.
+/// The fault of the named function. Called at each host call, on any thread; empty means no faults.
 using FunctionFaults = std::function<FunctionFault(std::string_view name)>;
 
 } // namespace hosts

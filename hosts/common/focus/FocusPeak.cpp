@@ -15,12 +15,12 @@ using Samples = std::vector<FocusSample>;
 // eight.
 constexpr double leastRise = 8.0;
 
-// Detail of all sizes, blurred by a disc that grows with the distance from focus, loses its score as
-// 1 / (1 + (distance / width)^2) all the way down. The reciprocal is a parabola in Z, and the bottom of the
-// one that fits best is the focus; heights on one side alone already tell where it lies. Samples weigh by the
-// sixth power of their score: the few about the focus decide, as the foot of the curve obeys the law least.
+// The score of detail of all sizes, blurred by a disc that grows with the distance from focus, falls like
+// 1 / (1 + (distance / width)^2). Its reciprocal is a parabola in Z, and the bottom of the best fit is the
+// focus, even if all heights are on one side of it. Samples are weighted by the sixth power of their
+// score: the few near the focus decide, because the model is worst far away.
 std::optional<double> fittedTop(const Samples& samples, std::size_t best) {
-    constexpr double faintest = 0.02; // part of the best score; what lies below tells nothing
+    constexpr double faintest = 0.02; // fraction of the best score; lower scores contain no information
     const auto count = static_cast<Eigen::Index>(samples.size());
     const double middle = samples[best].z;
     const double span = static_cast<double>(samples.back().z) - samples.front().z;

@@ -1,5 +1,5 @@
 #pragma once
-// What a sweep through the focus says about where the surface is.
+// The position of the surface computed from a focus sweep.
 
 #include "base/Types.h"
 #include "hosts/common/focus/Sharpness.h"
@@ -17,14 +17,14 @@ struct FocusPeak {
     enum class Kind {
         flat,   ///< no height is sharper than the others by more than noise
         inside, ///< the sharpness rises and falls again
-        edge,   ///< it is greatest at one end of the sweep and goes on rising there
+        edge,   ///< greatest at one end of the sweep and still rising there
     };
     Kind kind = Kind::flat;
     double z = 0.0;     ///< stage units, within the sweep; unless flat
     double score = 0.0; ///< of the sharpest picture
 };
 
-/// The samples are of one place and stand in rising order of Z.
+/// The samples are from one place, in rising order of Z.
 FocusPeak focusPeak(const std::vector<FocusSample>& samples);
 
 } // namespace hosts

@@ -10,15 +10,15 @@ struct FocusPlan {
     ocuva::Long range = 18;        ///< stage units from the first Z to the last, around the present Z
     ocuva::Long points = 7;        ///< Z positions tried
     ocuva::Long fraction = 1;      ///< 1 / fraction of the picture's width and height is measured
-    bool transmittedLight = false; ///< asked for; there is reflected light only
+    bool transmittedLight = false; ///< requested, but there is only reflected light
 
     bool operator==(const FocusPlan&) const = default;
 };
 
-/// Reads the program's store afresh. "Z Range" is held within 2 to 2000 (three whole heights at least),
-/// "Number of points" within 3 to 101; unless "AutofocusOnAllImage" is on, "AutofocusOnImageFraction" gives
-/// the fraction, held within 2 to 8. What had to be held, and what is no number and so counts as its default,
-/// is told in one log line each.
+/// Reads the program's store. "Z Range" is limited to 2 to 2000 (at least three whole heights), "Number of
+/// points" to 3 to 101; unless "AutofocusOnAllImage" is on, "AutofocusOnImageFraction" gives the fraction,
+/// limited to 2 to 8. Limited values, and values that are not numbers and so count as their defaults, are
+/// logged, one line each.
 FocusPlan readFocusPlan(Stores& stores, HostLog& log);
 
 } // namespace hosts

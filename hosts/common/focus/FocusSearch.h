@@ -1,6 +1,6 @@
 #pragma once
-// The host's search for the focus: one sweep through Z, one frame at each height, and Z is put where the
-// frames say that the surface is.
+// The host's focus search: one sweep through Z with one frame at each height, after which Z is moved to
+// the computed surface.
 
 #include "hostlink/DisplayWindow.h"
 #include "hosts/common/clock/Clock.h"
@@ -17,8 +17,8 @@
 namespace hosts {
 
 enum class FocusVerdict {
-    found,    ///< Z stands at the focus
-    edge,     ///< sharpest at an end of the range: Z stands there, and a further search goes on from there
+    found,    ///< Z is at the focus
+    edge,     ///< sharpest at an end of the range: Z is there, and another search continues from there
     flat,     ///< nothing to focus on; Z is back
     refused,  ///< the stage does not go, or not on; Z is back if the stage goes so far
     noFrames, ///< there is nothing to measure; Z is back
@@ -26,13 +26,13 @@ enum class FocusVerdict {
 
 class FocusSearch {
 public:
-    /// expose takes a frame where the stage stands and returns when the frame is there; null when there is
-    /// none to be had. All outlive the search.
+    /// expose takes a frame at the current stage position and returns when it is complete; null if there
+    /// is none. All arguments outlive the search.
     FocusSearch(Stage& stage, Clock& clock, std::function<ocuva::FramePtr()> expose, HostLog& log);
 
-    /// Waits for moves that are under way, and returns when Z stands. Heights are spread evenly over the
-    /// range around where Z stands, or what the stage's limits leave of it; heights that fall on the same
-    /// whole unit are tried once. Tells the log its verdict in one line.
+    /// Waits for running moves and returns when Z is at rest. Heights are evenly spaced over the range
+    /// around the current Z, as far as the limits of the stage allow; heights that round to the same unit
+    /// are tried once. Logs its result in one line.
     FocusVerdict run(const FocusPlan& plan);
 
     /// The last move to a height comes from this far below it, or from the limit if that is nearer, because

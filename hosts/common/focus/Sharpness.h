@@ -6,7 +6,7 @@
 namespace hosts {
 
 struct Sharpness {
-    double score = 0.0;       ///< squared grey levels; near 0, on either side, where there is no detail
+    double score = 0.0;       ///< squared grey levels; near 0, positive or negative, without detail
     double uncertainty = 0.0; ///< what noise does to the score, one standard deviation or a little more
 };
 

@@ -11,8 +11,8 @@ namespace hosts {
 /// TARN_BOX_..., the result TARN_ANSWER_....
 TarnLong showBox(const std::string& text, const std::string& title, TarnLong style);
 
-/// Keeps the library in the process until it ends: its threads may be at work when the last user lets go of
-/// it.
+/// Keeps the library loaded until the process ends: its threads may still be running when the last user
+/// unloads it.
 void stayLoaded();
 
 } // namespace hosts

@@ -1,6 +1,6 @@
 #pragma once
-// The one host of a process that loads it as shared libraries. It lives in a library of its own, which the
-// seven host libraries share.
+// The single host of a process that loads it as shared libraries. It is in a library that the seven host
+// libraries share.
 
 #include "hostlink/Host.h"
 
@@ -18,18 +18,18 @@ namespace hosts {
 
 struct HostOptions;
 
-/// Made at the first call, on the user's data folder; stays until the process ends. Null when the folder
-/// cannot be had, which standard error tells once.
+/// Created at the first call, with the user's data folder; lives until the process ends. Null if the
+/// folder cannot be used, which is reported once on standard error.
 HOSTS_SHARED ocuva::Host* processHost();
 
-/// What the call gives; without a host nothing, which every function takes for its failure.
+/// The result of the call; without a host a value that every function treats as its failure.
 template <class Call> auto withHost(const Call& call) {
     ocuva::Host* host = processHost();
     using Result = decltype(call(*host));
     return host != nullptr ? call(*host) : Result();
 }
 
-/// Makes the host of these libraries; each set of libraries defines it once. May throw.
+/// Creates the host of these libraries; each set of libraries defines it once. May throw.
 std::unique_ptr<ocuva::Host> makeProcessHost(HostOptions options);
 
 /// Ends the host of the process, if there is one, and puts another in its place. What making it throws goes

@@ -24,7 +24,7 @@ template <class T> using Answer = std::unique_ptr<T, Freed>;
 
 } // namespace
 
-// A connection of its own to the window system, on a thread of its own: the program's is not ours to use.
+// Its own connection to the window system, on its own thread: the program's connection cannot be used.
 struct WindowPainter::Window {
     explicit Window(ocuva::Long handle)
         : id(static_cast<xcb_window_t>(handle)) {

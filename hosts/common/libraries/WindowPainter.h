@@ -8,9 +8,8 @@
 
 namespace hosts {
 
-/// Takes frames from any thread and draws the newest, stretched to the window. What was drawn last is drawn
-/// again where the window was covered. Made and destroyed on the thread of the window. A window that is gone
-/// is not drawn.
+/// Takes frames from any thread and draws the newest, stretched to the window. Redraws it when the window
+/// has been covered. Created and destroyed on the window's thread. A destroyed window is not drawn.
 class WindowPainter final : public ocuva::FrameSink {
 public:
     explicit WindowPainter(ocuva::Long windowHandle);

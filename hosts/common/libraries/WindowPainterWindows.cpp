@@ -10,7 +10,7 @@
 
 namespace hosts {
 
-// Listens to the messages of the window, on its thread, and answers the one that asks for the picture.
+// Receives the messages of the window, on its thread, and handles the paint message.
 struct WindowPainter::Window {
     explicit Window(ocuva::Long windowHandle)
         : handle(reinterpret_cast<HWND>(static_cast<LONG_PTR>(windowHandle))) {

@@ -9,7 +9,7 @@
 namespace hosts {
 namespace {
 
-// Pixels are turned to bytes by so many at once, which stay in the first-level cache.
+// Pixels are converted to bytes in chunks of this size, which stay in the first-level cache.
 constexpr std::size_t kChunk = 1U << 14U;
 
 HOSTS_VECTOR_CLONES void luminance(const std::uint32_t* __restrict pixels, std::uint8_t* __restrict levels,

@@ -11,8 +11,8 @@ struct GreySums {
     std::uint64_t squares = 0;
 };
 
-/// Sums of 8-bit grey levels and of their squares; exact for up to 2^32 levels. Reads nothing beyond them and
-/// asks for no alignment.
+/// Sums of 8-bit grey levels and of their squares; exact for up to 2^32 levels. Reads only these bytes, at
+/// any alignment.
 GreySums greySums(const std::uint8_t* levels, std::size_t count);
 
 } // namespace hosts

@@ -47,7 +47,7 @@ bool sizeIsSane(const std::uint32_t* pixels, int width, int height, std::string&
     return true;
 }
 
-// Runs `write` on a file aside; what it returns or throws decides whether the file takes its place.
+// Runs `write` on a temporary file; its result or exception decides whether the file replaces the target.
 bool writeAside(const std::filesystem::path& path, std::string& error,
                 const std::function<bool(const ocuva::RegularFile&, std::string&)>& write) {
     const auto fail = [&](const std::string& reason) {

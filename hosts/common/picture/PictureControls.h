@@ -18,13 +18,13 @@ struct PictureControls {
 /// True when the controls change nothing.
 bool isNeutral(const PictureControls& controls);
 
-/// What the controls do to a colour: out = matrix * in + offset, in grey levels.
+/// The effect of the controls on a colour: out = matrix * in + offset, in grey levels.
 struct ColourTransform {
     float matrix[3][3] = {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}};
     float offset = 0.0F;
 };
 
-/// Values out of range are held at its ends; those that are no number count as neutral.
+/// Values out of range are limited; invalid numbers count as neutral.
 ColourTransform transformOf(const PictureControls& controls);
 
 } // namespace hosts

@@ -33,7 +33,7 @@ std::string makeFolder(const fs::path& path) {
     return error ? sentence(path, "cannot be created", error.message()) : std::string();
 }
 
-/// Rights alone do not tell (read-only disks, full disks): only a file that was made does.
+/// Access rights are not sufficient (read-only disks, full disks): only creating a file proves it.
 std::string tryWriting(const fs::path& path) {
     const fs::path probe = path / ("probe-" + uniqueKey());
     const std::string problem = replaceFile(probe, "probe\n");

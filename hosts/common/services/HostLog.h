@@ -11,12 +11,12 @@
 
 namespace hosts {
 
-/// Writes lines "2026-11-21 03:04:05.123 <text>". Line ends at the end of the text fall away, line breaks
-/// inside are shown as " | ". What cannot be written to the file goes to stderr. Never throws; any thread.
+/// Writes lines "2026-11-21 03:04:05.123 <text>". Line ends at the end of the text are removed, line
+/// breaks inside are shown as " | ". Lines that cannot be written go to stderr. Never throws; any thread.
 ///
-/// A line is one small write into the system's cache, not onto the disk. Threads wait for each other's writes
-/// and for nothing else; the thread that makes the pictures writes a line only when it meets an unusable
-/// setting for the first time.
+/// A line is one small write into the system's cache, not to the disk. Threads wait only for each other's
+/// writes; the thread that makes the pictures writes a line only when it finds an invalid setting for the
+/// first time.
 class HostLog {
 public:
     /// nowText gives the time stamp of a line; without one it is the local time. It is called under a lock.
@@ -28,7 +28,7 @@ public:
     /// Another limit than that of FileLimit itself, from the next line on.
     void limitTo(const ocuva::FileLimit& limit);
 
-    /// As given at its making.
+    /// As passed to the constructor.
     const std::filesystem::path& path() const { return m_file.path(); }
 
 private:

@@ -26,7 +26,7 @@
 
 namespace hosts {
 
-/// The text of one file, as it is: what nobody changes keeps every byte.
+/// The text of one file; unchanged parts keep every byte.
 class IniText {
 public:
     /// A larger text is refused.
@@ -35,8 +35,8 @@ public:
     /// An empty text: every read finds nothing.
     IniText() = default;
 
-    /// Takes a text over. Nothing, and one clause in `reason` where that is wanted, when it cannot be an INI
-    /// text: larger than maxBytes; a NUL or another control character than tab, LF, VT, FF, CR and the old
+    /// Parses a text. Returns nothing, with a clause in `reason` if it is given, if this cannot be an INI
+    /// text: larger than maxBytes; a NUL or another control character than tab, LF, VT, FF, CR and the
     /// end-of-file mark 0x1A; or no section although there are lines that are neither blank nor comments.
     static std::optional<IniText> parse(std::string text, std::string* reason = nullptr);
 
@@ -47,8 +47,8 @@ public:
     /// Quick in a long text too.
     std::optional<std::string> value(std::string_view section, std::string_view key) const;
 
-    /// The whole number that the value begins with; the default when there is none or it needs more than 32
-    /// bits.
+    /// The whole number at the beginning of the value; the default if there is none or it needs more than
+    /// 32 bits.
     ocuva::Long intValue(std::string_view section, std::string_view key, ocuva::Long defaultValue) const;
 
     /// Every entry of the section as "key=value", as read, in the order of the text; a key that occurs twice
@@ -84,7 +84,7 @@ private:
     void findEntries();
 
     std::string m_text;
-    std::vector<Entry> m_entries; ///< those that count, by hash, equal ones in the order of the text
+    std::vector<Entry> m_entries; ///< the valid entries by hash, equal ones in the order of the text
 };
 
 } // namespace hosts

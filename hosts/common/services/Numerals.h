@@ -21,11 +21,11 @@ bool equalIgnoringCase(std::string_view a, std::string_view b);
 /// bits.
 std::optional<ocuva::Long> leadingWholeNumber(std::string_view text);
 
-/// The whole number that the text is, blanks round it allowed. Nothing when anything else stands there.
+/// The text as a whole number, with optional blanks around. Nothing if it contains anything else.
 std::optional<ocuva::Long> wholeNumber(std::string_view text);
 
-/// The finite number that the text is ("-2.5e-8"), blanks round it allowed; nothing when anything else stands
-/// there.
+/// The text as a finite number ("-2.5e-8"), with optional blanks around. Nothing if it contains anything
+/// else.
 std::optional<double> number(std::string_view text);
 
 /// Shortest text that `number` reads back exactly.

@@ -15,7 +15,7 @@ bool solvePlan(ocuva::Long rows, const ocuva::Double* matrix, const ocuva::Doubl
     if (!scaled.allFinite() || !right.allFinite() || columnScale.minCoeff() <= 0.0)
         return false;
 
-    // Coordinates of 25000 stand beside a column of ones; unscaled, the ones would look like noise.
+    // Coordinates of 25000 are next to a column of ones; unscaled, the ones would look like noise.
     scaled = scaled * columnScale.cwiseInverse().asDiagonal();
     Eigen::ColPivHouseholderQR<Eigen::Matrix3d> decomposition(scaled);
     decomposition.setThreshold(planRankThreshold);

@@ -12,12 +12,12 @@
 
 namespace hosts {
 
-/// What changes when somebody writes a file or puts another in its place.
+/// Properties that change when somebody writes or replaces a file.
 struct FileStamp {
     std::uint64_t size = 0; ///< bytes
     std::int64_t modifiedNs =
         0;                      ///< since 1970; as fine as the file system's clock, which may tick in seconds
-    std::int64_t changedNs = 0; ///< last change of content, name or rights; 0 where the system has none
+    std::int64_t changedNs = 0; ///< last change of content, name or rights; 0 if the system has none
     std::uint64_t identity = 0; ///< number of the file on its volume; may be given again once a file is gone
     bool operator==(const FileStamp&) const = default;
 };

@@ -23,7 +23,7 @@ namespace hosts {
 inline constexpr const char* standardType = "OCUVASTD"; ///< type name of the database object, and the section
 inline constexpr std::size_t maxStandardBytes = 1024u * 1024u;
 
-/// Where a standard is.
+/// The position of a standard.
 struct StagePosition {
     /// Stage units.
     ///@{
@@ -36,14 +36,14 @@ struct StagePosition {
 
 /// What one file holds.
 struct StandardFile {
-    std::string name;                      ///< as the file gives it, else the file's own
-    std::optional<StagePosition> position; ///< nothing where the file gives none
+    std::string name;                      ///< from the file, otherwise the file's name
+    std::optional<StagePosition> position; ///< nothing if the file contains none
     std::string problem;                   ///< why the file is no standard; empty when it is one
 };
 
 StandardFile readStandardFile(const std::filesystem::path& file);
 
-/// What a file with that text would hold; the default name stands where it gives none.
+/// The standard in a file with that text; the default name is used if the text has none.
 StandardFile standardOfText(std::string text, const std::string& defaultName);
 
 /// The text of a ".std" file that reads back as exactly this. A name that no INI text can hold (a control
@@ -58,8 +58,9 @@ struct StandardMount {
     ocuva::Long z = 0; ///< the focus at its middle
 };
 
-/// All standards of a folder (files ending in ".std", in any case of letters) by file name. What is no
-/// standard or has no position is left out with a log line; a missing folder gives none, with a log line.
+/// All standards of a folder (files ending in ".std", in any letter case) by file name. Files that are not
+/// standards or have no position are left out with a log line each; a missing folder has none, with a log
+/// line.
 std::vector<StandardMount> readStandards(const std::filesystem::path& folder, HostLog& log);
 
 } // namespace hosts

@@ -20,7 +20,7 @@ std::string stampText(const FileStamp& stamp) {
     return std::to_string(stamp.size) + ' ' + std::to_string(stamp.modifiedNs);
 }
 
-/// The file's content as INI text, or what is wrong with it.
+/// The file's content as INI text, or the problem with it.
 struct Content {
     IniText ini;
     std::string unusable;
@@ -128,8 +128,8 @@ bool Stores::setString(std::string_view section, std::string_view key, std::stri
     return lock.held() ? write(section, key, value, store) : refuse(store, lock.problem());
 }
 
-/// The caller holds the store's lock. Whoever reads meanwhile reads the old file or the new one; the new
-/// one's stamp tells them apart.
+/// The caller holds the store's lock. Concurrent readers get the old file or the new one, and recognise
+/// the new one by its stamp.
 bool Stores::write(std::string_view section, std::string_view key, std::string_view value,
                    std::string_view store) {
     constexpr int attempts = 20; // an editor cannot be that quick

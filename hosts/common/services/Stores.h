@@ -18,9 +18,9 @@
 
 namespace hosts {
 
-/// How long after its last change a file's stamp alone does not prove its content yet: file systems stamp
-/// with clocks that tick as slowly as once in 2 s, and give a file number again at once. A stamp that is no
-/// whole second comes from a clock that ticks at least every 10 ms.
+/// Time after its last change during which a file's stamp does not prove its content: some file systems
+/// have clocks that tick only once in 2 s, and reuse file numbers at once. A stamp that is not a whole
+/// second comes from a clock that ticks at least every 10 ms.
 ///@{
 inline constexpr std::int64_t settleNs = 3'000'000'000;
 inline constexpr std::int64_t fineSettleNs = 100'000'000;
@@ -29,16 +29,14 @@ inline constexpr std::int64_t fineSettleNs = 100'000'000;
 /// Whether a file that was read at nowNs (since 1970) cannot change any more behind the same stamp.
 bool isSettled(const FileStamp& stamp, std::int64_t nowNs);
 
-/// Any number of processes may read and write the same folder: a read sees every write that was finished
-/// before it, and writers of different keys lose nothing of each other. Of a file that somebody edits by
-/// hand, without the lock, while it is being written here, what was edited stays and the write is made again
-/// to it.
+/// Any number of processes may read and write the same folder. A read sees every write that was finished
+/// before it, and writers of different keys lose nothing. If somebody edits a file by hand, without the
+/// lock, while it is being written here, his edit stays and the write is repeated on it.
 ///
-/// A store name that is empty, is "." or "..", holds a separator, a colon or a control character, or ends
-/// with ".lock", ".aside", ".former" or ".swap" is refused with a log line. A file that cannot be read as INI
-/// text is like an empty one, with one log line per content; it is never overwritten: the next write moves it
-/// to
-/// "<name>.damaged-<n>". Any thread; a read never waits for a write that is on its way to a slow disk.
+/// A store name that is empty, is "." or "..", contains a separator, a colon or a control character, or
+/// ends with ".lock", ".aside", ".former" or ".swap" is refused with a log line. A file that cannot be
+/// parsed as INI text counts as empty, with one log line per content; it is never overwritten: the next
+/// write renames it to "<name>.damaged-<n>". Any thread; a read never waits for a write to a slow disk.
 class Stores {
 public:
     /// patience: how long a write waits for another process that is writing the same store.
@@ -78,8 +76,8 @@ private:
     struct Cached {
         std::optional<FileStamp> stamp;
         bool settled = false; ///< the stamp alone proves that the content is still the same
-        IniText ini;          ///< empty where the content cannot be used
-        std::string unusable; ///< that content, to tell one damage from the next
+        IniText ini;          ///< empty if the content cannot be used
+        std::string unusable; ///< that content, to recognise the same damage
         std::string problem;  ///< why it cannot be used; empty for a good or an absent file
         bool damaged = false; ///< not INI text, as opposed to a file that the system does not let us read
         std::uint64_t revision = 0;

@@ -24,7 +24,7 @@ std::uint64_t randomBits() {
         std::random_device source;
         return (static_cast<std::uint64_t>(source()) << 32) | source();
     } catch (const std::exception&) {
-        return 0; // no random source: time, process and count still tell keys apart
+        return 0; // no random source: time, process and count still make keys unique
     }
 }
 

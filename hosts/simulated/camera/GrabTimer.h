@@ -1,5 +1,5 @@
 #pragma once
-// Calls the camera at its frame rate: on a thread of its own with a real clock, as a ticker of a virtual one.
+// Calls the camera at its frame rate: on its own thread with a real clock, as a ticker of a virtual one.
 
 #include "hosts/common/clock/Clock.h"
 
@@ -13,18 +13,18 @@ namespace hosts::simulated {
 /// Commands come from one thread, and never from inside the capture.
 class GrabTimer {
 public:
-    /// periodMs is asked before each frame (simulated milliseconds, > 0), capture is called when a frame is
-    /// due, settle at the end of each advance of a virtual clock, warmUp at each start on a real one, while
-    /// the first frame is waited for. None may throw. The clock must outlive the timer; a virtual one must
-    /// not be advanced by two threads.
+    /// periodMs is called before each frame (simulated milliseconds, > 0), capture when a frame is due,
+    /// settle at the end of each advance of a virtual clock, warmUp at each start on a real one, before
+    /// the first frame. None may throw. The clock must outlive the timer; a virtual one must not be
+    /// advanced by two threads.
     GrabTimer(Clock& clock, std::function<double()> periodMs, std::function<void()> capture,
               std::function<void()> settle = {}, std::function<void()> warmUp = {});
     ~GrabTimer();
     GrabTimer(const GrabTimer&) = delete;
     GrabTimer& operator=(const GrabTimer&) = delete;
 
-    /// Starts anew; the first frame is due one period from now. Due times are a raster that does not drift: a
-    /// frame that comes too late to be taken is left out, never made up for.
+    /// Starts again; the first frame is due one period from now. Due times do not drift: a frame that is
+    /// too late is left out and not made up for.
     void start(bool continuous);
     /// Returns when no capture is running any more.
     void stop();

@@ -1,5 +1,5 @@
 #pragma once
-// Where the simulated camera's pictures come from.
+// The source of the simulated camera's pictures.
 
 #include "hosts/common/picture/PictureControls.h"
 #include "hosts/simulated/world/Exposure.h"

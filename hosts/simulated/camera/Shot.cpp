@@ -11,8 +11,8 @@ constexpr double neutral = 50.0;
 constexpr double middleGrey = 128.0;      // contrast turns about it
 constexpr double brightnessReach = 100.0; // grey levels from neutral to either end
 
-/// The controls of a source whose light is dimmed: the lamp's factor goes into the contrast, whose other
-/// effect (it turns about the middle grey) is taken back with the brightness as far as that reaches.
+/// The controls for dimmed light: the lamp's factor is applied to the contrast, and the side effect of
+/// that (the contrast pivots about middle grey) is compensated with the brightness as far as possible.
 struct Dimming {
     PictureControls controls;
     double remainder; ///< grey levels still to be added

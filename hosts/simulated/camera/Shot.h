@@ -1,6 +1,6 @@
 #pragma once
-// One picture that the camera takes, before it is developed: everything that decides its pixels. A shot is
-// cheap; a picture that nobody looks at need never be made.
+// One exposure of the camera before it is rendered: everything that determines its pixels. A shot is
+// cheap; a picture that nobody needs is never rendered.
 
 #include "hostlink/DisplayWindow.h"
 #include "hosts/simulated/camera/PictureSource.h"
@@ -43,7 +43,8 @@ public:
         : m_source(source)
         , m_noise(noise) {}
 
-    /// Fills the frame, which has the size of the shot's mode. Whatever the source throws goes on.
+    /// Renders into the frame, which has the size of the shot's mode. Exceptions of the source pass
+    /// through.
     void develop(const Shot& shot, ocuva::Frame& frame);
 
     /// A torn picture's lower half begins this part of the width too far to the left.

@@ -81,7 +81,7 @@ Shot SimulatedCamera::shoot() {
     return shot;
 }
 
-// An automatic gain follows the light from frame to frame, also over the frames that nobody saw.
+// Automatic gain follows the light from frame to frame, including frames that were not rendered.
 std::shared_ptr<ocuva::Frame> SimulatedCamera::develop(Shot& shot, int following) {
     const std::lock_guard lock(m_exposureMutex);
     const bool automatic = shot.controls.gain == PictureControls::automaticGain;
@@ -113,8 +113,8 @@ ocuva::FramePtr SimulatedCamera::frameAfterNow() {
     return frame;
 }
 
-// Runs on the grabbing thread, where an exception (no memory left for a frame) would end the program. The
-// frame is lost as on a bus that is too slow; the next may succeed.
+// Runs on the grab thread, where an exception (out of memory for a frame) would end the program. The frame
+// is lost as on a slow bus; the next one may succeed.
 void SimulatedCamera::capture() {
     try {
         const DeviceFaults broken = faults();
@@ -154,7 +154,7 @@ void SimulatedCamera::warmUp() {
         const auto scrap = m_pool.take(exposure.mode.width, exposure.mode.height);
         m_connections.pictures.render(exposure, {}, scrap->pixels.data());
     } catch (...) {
-        return; // the frame itself will tell
+        return; // rendering the frame will report it
     }
 }
 

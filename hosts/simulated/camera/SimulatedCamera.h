@@ -1,6 +1,5 @@
 #pragma once
-// The simulated camera: when frames are taken, where the stage is at that moment, and what is broken about
-// them.
+// The simulated camera: times of frames, the stage position at each of them, and faults.
 
 #include "hosts/common/FieldOfView.h"
 #include "hosts/common/board/AutomaticGain.h"
@@ -21,16 +20,17 @@ struct CameraConnections {
     Clock& clock;
     const StageMechanics& stage;
     PictureSource& pictures;
-    std::function<FieldSize()> fieldSeen = {}; ///< asked for each frame, on the grabbing thread
-    DeviceFaultsSource faults = {};            ///< asked for each frame and each command
+    std::function<FieldSize()> fieldSeen = {}; ///< called for each frame, on the grab thread
+    DeviceFaultsSource faults = {};            ///< called for each frame and each command
     double noise = 0.0;                        ///< of the pictures, grey levels, root mean square
 };
 
-/// Frames are made and delivered on a thread of its own (on a virtual clock, on the thread that advances it).
+/// Frames are rendered and delivered on the camera's own thread (with a virtual clock, on the thread that
+/// advances it).
 ///
-/// On a virtual clock nobody looks while time passes, so of all frames that are due in one advance only the
-/// last is made: at the end of the advance when a window shows it, else when somebody asks for it. Frames are
-/// numbered and placed as if all had been made.
+/// With a virtual clock, of all frames that are due in one advance only the last is rendered: at the end
+/// of the advance if a window shows it, otherwise when it is needed. Frames have numbers and places as if
+/// all had been rendered.
 class SimulatedCamera final : public FrameSource {
 public:
     explicit SimulatedCamera(CameraConnections connections);

@@ -7,14 +7,15 @@
 
 namespace hosts::simulated {
 
+/// The values of section [Mechanics].
 struct MechanicsSettings {
-    StageWear wear;
-    double scaleErrorX = 0.0; ///< the true field is 1 + this times what the settings say
-    double scaleErrorY = 0.0;
-    double tiltFactor = 1.0;
+    StageWear wear;           ///< play, vibration, drift, stall and the second controller
+    double scaleErrorX = 0.0; ///< the true field is (1 + this) times that of the settings
+    double scaleErrorY = 0.0; ///< the same for its height
+    double tiltFactor = 1.0;  ///< factor on both tilts of the sample
 };
 
-/// The grade's values where no key of its own overrides them. An unknown grade is "ideal", with a log line.
+/// The values of the grade, overridden by single keys. An unknown grade is "ideal", with a log line.
 MechanicsSettings readMechanics(SimConfig& config, Stores& stores, HostLog& log);
 
 } // namespace hosts::simulated

@@ -1,5 +1,5 @@
 #pragma once
-// The settings of section [Mechanics], each with what the three grades of an instrument make of it.
+// The settings of section [Mechanics] with their values in the three grades.
 
 #include "hosts/simulated/config/SimConfig.h"
 

@@ -1,5 +1,5 @@
 #pragma once
-// What the first start of the simulated host lays down in its data folder.
+// The files that the first start of the simulated host puts into its data folder.
 
 #include "hosts/common/services/DataFolder.h"
 

@@ -13,21 +13,21 @@
 
 namespace hosts::simulated {
 
-/// One setting: where it stands, its default and the range that is accepted, both ends included.
+/// One setting: its place, its default and the accepted range, both ends included.
 struct SimSetting {
-    /// Where it stands in the file.
+    /// Its place in the file.
     ///@{
     const char* section;
     const char* key;
     ///@}
-    /// In the unit that the comment tells.
+    /// In the unit given in the comment.
     double defaultValue;
     /// Both are accepted.
     ///@{
     double lowest;
     double highest;
     ///@}
-    const char* comment; ///< meaning and unit, as the seeded file tells it
+    const char* comment; ///< meaning and unit, as in the seeded file
 };
 
 namespace settings {
@@ -92,23 +92,23 @@ inline constexpr const SimSetting* simSettings[] = {
     &settings::surfaceHeight, &settings::noise,         &settings::logSize,
 };
 
-/// The text of a "simulator.ini" that says of every setting what it is and gives it its default.
+/// The text of a "simulator.ini" that describes every setting and gives it its default.
 std::string defaultSimConfigText();
 
-/// Reads the file once, when it is made: the world does not change while it runs. A missing file or key gives
-/// the defaults; whatever is there and cannot be used gives its default and one log line that names it. A
-/// value is the number alone; nothing may stand behind it. One thread at a time.
+/// Reads the file once, in the constructor: the world does not change during a run. A missing file or key
+/// gives the defaults; an invalid value gives its default and one log line that names it. A value is a
+/// number alone, without text after it. One thread at a time.
 class SimConfig {
 public:
     /// The log outlives it.
     SimConfig(const std::filesystem::path& file, HostLog& log);
-    /// The same for what was read already; the file's name is for the log.
+    /// The same for a text that has been read already; the file's name is for the log.
     SimConfig(FileReading reading, std::filesystem::path file, HostLog& log);
 
-    /// The value when it lies within lowest to highest (both included), else the default.
+    /// The value if it is within lowest to highest (both included), otherwise the default.
     double getDouble(std::string_view section, std::string_view key, double defaultValue, double lowest,
                      double highest);
-    /// The same for whole numbers; "2.5" is none.
+    /// The same for whole numbers; "2.5" is not one.
     ocuva::Long getLong(std::string_view section, std::string_view key, ocuva::Long defaultValue,
                         ocuva::Long lowest, ocuva::Long highest);
 
@@ -131,7 +131,7 @@ private:
     std::set<std::string> m_reported; ///< "section/key", so that each is told once
 };
 
-/// The sample of a world whose configuration is as seeded.
+/// The sample of a world with the seeded configuration.
 constexpr SurfaceShape defaultSurface() {
     return {settings::surfaceHeight.defaultValue, settings::tiltX.defaultValue, settings::tiltY.defaultValue,
             settings::curvature.defaultValue};

@@ -7,7 +7,7 @@ namespace hosts::simulated {
 
 enum class CameraFault {
     none,
-    frozen, ///< delivers no more pictures, although the grab goes on
+    frozen, ///< delivers no more pictures, although the grab continues
     stuck,  ///< delivers the same picture for ever
     black,  ///< delivers black pictures, without noise
     late,   ///< delivers pictures that are lateFrames old
@@ -18,7 +18,7 @@ enum class StageFault {
     none,
     refusing, ///< takes no move
     stalling, ///< every axis stops short as a stalled axis does
-    lying     ///< reports another position than the one where it stands
+    lying     ///< reports a wrong position
 };
 
 struct DeviceFaults {
@@ -31,7 +31,7 @@ struct DeviceFaults {
     double lamp = 1.0;              ///< light, 0 dark to 1
 };
 
-/// Asked at each use, from any thread; empty means no faults.
+/// Called at each use, on any thread; empty means no faults.
 using DeviceFaultsSource = std::function<DeviceFaults()>;
 
 inline DeviceFaults present(const DeviceFaultsSource& source) { return source ? source() : DeviceFaults(); }

@@ -99,7 +99,7 @@ constexpr DeviceRow deviceRows[] = {
      true},
 };
 
-/// The host function of that name, without regard to letter case; empty when there is none.
+/// The host function of that name in any letter case; empty if there is none.
 std::string_view hostFunction(std::string_view name) {
     const auto& names = ocuva::hostFunctionNames;
     const auto* const found = std::find_if(

@@ -1,6 +1,6 @@
 #pragma once
-// The faults that somebody wants at this moment: section [Faults] of "simulator.ini", and the lamp of section
-// [Camera]. README.md in hosts/simulated/ lists the keys.
+// The currently requested faults: section [Faults] of "simulator.ini", and the lamp of section [Camera].
+// README.md in hosts/simulated/ lists the keys.
 
 #include "hosts/common/faults/FunctionFault.h"
 #include "hosts/common/services/HostLog.h"
@@ -16,9 +16,9 @@
 
 namespace hosts::simulated {
 
-/// Looks at the file each time it is asked, so that faults come and go while the host runs; while the file
-/// does not change that costs a look at its stamp. A key that is unknown and a value that is unusable mean no
-/// fault and one log line each; a change of what is wrong is one log line too. Any thread.
+/// Checks the file at each call, so that faults can be changed while the host runs; an unchanged file
+/// costs only a look at its stamp. An unknown key or an invalid value means no fault, with one log line
+/// each; each change of the faults is one log line. Any thread.
 class FaultPlan {
 public:
     /// store: the file's name among the stores.
@@ -50,8 +50,8 @@ private:
     bool m_known = false;
     std::uint64_t m_revision = 0;
     Faults m_faults;
-    std::string m_told;               ///< the faults that the log was told last
-    std::set<std::string> m_reported; ///< so that each complaint is told once
+    std::string m_told;               ///< the faults that were logged last
+    std::set<std::string> m_reported; ///< problems that have been logged already
 };
 
 } // namespace hosts::simulated

@@ -29,5 +29,5 @@ HOSTS_EXPORT void SimulatedHostRestart(const char* dataFolder) {
     });
 }
 
-/// For tests: lets the time of that clock pass.
+/// For tests: advances the virtual clock.
 HOSTS_EXPORT void SimulatedHostAdvance(double ms) { testClock()->advance(ms); }

@@ -68,7 +68,8 @@ MotionState MotionProfile::stateAt(double timeMs) const {
     return moved(segment.start, segment.acceleration, std::max(timeMs - segment.startMs, 0.0) / 1000.0);
 }
 
-// Within a segment the axis goes one way only, so what matters is where segments begin and where it is now.
+// Within a segment the axis moves in one direction only, so only the starts of segments and the current
+// position matter.
 double MotionProfile::carriedAt(double timeMs, double carried, double play) const {
     for (const Segment& segment : m_segments) {
         if (segment.startMs >= timeMs) {

@@ -12,7 +12,7 @@ struct MotionLimits {
     double acceleration = 0.0; ///< stage units per second squared
 };
 
-/// Where an axis is and how fast it goes.
+/// Position and speed of an axis.
 struct MotionState {
     double position = 0.0; ///< stage units
     double velocity = 0.0; ///< stage units per second
@@ -21,7 +21,7 @@ struct MotionState {
 /// Times in milliseconds of the clock.
 class MotionProfile {
 public:
-    /// An axis that stands for ever.
+    /// An axis at rest.
     explicit MotionProfile(double position);
 
     /// Plans the way from a state at a time to a stop at the target. Position and velocity are continuous. An
@@ -39,9 +39,9 @@ public:
     /// profile began, and stays within [axis, axis + play]. So going up pushes it, going down first takes up
     /// the play.
     double carriedAt(double timeMs, double carried, double play) const;
-    /// From when on it stands.
+    /// The time from which the axis is at rest.
     double endMs() const { return m_endMs; }
-    /// Where it comes to stand.
+    /// The position at which it stops.
     double target() const { return m_target; }
 
 private:

@@ -139,8 +139,8 @@ bool StageMechanics::loadRelative(Long axis, double distance) {
     if (refuses || one == nullptr || !whole) {
         return false;
     }
-    // From where it is and not from where it is bound for: the program has counted the distance from a
-    // position that it read, or a picture that it showed, just now.
+    // Relative to its current position, not to its target: the program has computed the distance from a
+    // position just read or a picture just shown.
     const std::int64_t target = std::int64_t{ocuva::toLong(one->positionAt(nowMs))} + *whole;
     if (target < one->settings.lower || target > one->settings.upper) {
         return false;
@@ -209,7 +209,7 @@ bool StageMechanics::position(Long axis, Long& position) const {
 }
 
 bool StageMechanics::isMoving(Long axis, bool& moving) {
-    // Before the lock: a virtual clock runs the camera on this thread, and the camera asks for positions.
+    // Before the lock: a virtual clock runs the camera on this thread, and the camera reads positions.
     if (m_clock.isVirtual()) {
         m_clock.spend(statusReadMs);
     }

@@ -44,8 +44,8 @@ struct StagePoint {
     ///@}
 };
 
-/// Targets are whole units (half to even), so an axis always stands on one. Any thread may call; where the
-/// axis is follows from the clock alone.
+/// Targets are whole units (half to even), so an axis always stops at one. Any thread may call; positions
+/// depend only on the clock.
 class StageMechanics final : public Stage {
 public:
     /// The clock must outlive the stage. Speeds and accelerations that are not above 0 become 1, limits the
@@ -59,7 +59,7 @@ public:
     bool loadRelative(ocuva::Long axis, double distance) override;
     /// Down by the backlash distance, no further than the limit, and back up.
     bool loadBacklash(ocuva::Long axis) override;
-    /// An axis that moves turns to its new target from where it is, without a jump in place or speed.
+    /// A moving axis turns to its new target without a jump in position or speed.
     bool start(ocuva::Long axis) override;
     /// Rounded half to even while the axis moves.
     bool position(ocuva::Long axis, ocuva::Long& position) const override;
@@ -69,12 +69,12 @@ public:
     bool limits(ocuva::Long axis, ocuva::Long& lower, ocuva::Long& upper) const override;
     ///@}
 
-    /// All three axes at one instant, between whole units: where the motors are.
+    /// All three axes at one moment, between whole units: the positions of the motors.
     StagePoint exactPosition() const;
     /// One axis; 0 for an axis that there is not.
     double exactPosition(ocuva::Long axis) const;
 
-    /// Where the sample really is: the motors, less play, vibration and drift.
+    /// The true position of the sample: the motors, less play, vibration and drift.
     StagePoint truePosition() const;
 
     static constexpr double settlingHz = 12.0;   ///< how fast the sample swings after a stop
@@ -114,7 +114,7 @@ private:
     std::optional<Stall> stallOf(std::size_t index, StageFault fault) const;
     double trueAt(std::size_t index, double nowMs) const;
     bool isRefusing() const { return present(m_faults).stage == StageFault::refusing; }
-    /// Lets the other controller do what it did until now; whoever looks at the axes calls it first.
+    /// Applies the second controller's moves up to now; called before the axes are read.
     void catchUp(double nowMs) const;
 
     Clock& m_clock;
@@ -122,7 +122,7 @@ private:
     DeviceFaultsSource m_faults;
     double m_beganMs;
     mutable std::mutex m_mutex;
-    mutable std::array<Axis, 3> m_axes; // what the other controller did is worked out when somebody looks
+    mutable std::array<Axis, 3> m_axes; // moves of the second controller are computed when they are needed
     mutable double m_otherControllerDueMs;
     mutable bool m_otherControllerGoesUp = true;
 };

@@ -1,5 +1,5 @@
 #pragma once
-// What a stage that is not new does besides what it is told.
+// The faults of a worn stage.
 
 #include "base/Types.h"
 
@@ -22,14 +22,14 @@ struct StageWear {
     double settlingAmplitude = 0.0;
     double settlingMs = 300.0; ///< above 0
 
-    /// The axis that stalls, 0 for none: stallAfter units from where a move began it stops, reports that it
-    /// moves until stallTimeoutMs later, and then stands short of its target.
+    /// The stalling axis, 0 for none: stallAfter units from the start of a move it stops, reports motion
+    /// for another stallTimeoutMs, and stays short of its target.
     ocuva::Long stallAxis = 0;
     double stallAfter = 0.0;        ///< stage units
     double stallTimeoutMs = 3000.0; ///< simulated milliseconds
 
-    /// Something else that sends X, once each period, to an absolute target so far above or below where it
-    /// was bound for, in turn. 0 for nothing.
+    /// The second controller: once per period it drives X to an absolute target this far above or below
+    /// its last target, alternately. 0 for none.
     double otherControllerAmplitude = 0.0;
     double otherControllerPeriodMs = 10000.0; ///< above 0
 };

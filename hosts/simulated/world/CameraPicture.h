@@ -17,9 +17,9 @@ struct OpticsSettings {
     double noise = 2.0;        ///< grey levels, root mean square
 };
 
-/// Makes pictures. A picture is a pure function of the exposure, the world, the surface, the optics and the
-/// controls; while position and focus stay the same only the noise is made anew. One thread at a time; the
-/// world must outlive it.
+/// Renders pictures. A picture is a pure function of the exposure, the world, the surface, the optics and
+/// the controls; while position and focus do not change, only the noise is recomputed. One thread at a
+/// time; the world must outlive it.
 class CameraPicture {
 public:
     CameraPicture(const World& world, const SurfaceShape& surface, const OpticsSettings& optics = {});
@@ -27,10 +27,10 @@ public:
     /// Takes effect with the next picture.
     void setControls(const PictureControls& controls);
 
-    /// Fills mode.width * mode.height pixels 0xffRRGGBB, row by row from the top left. Positions are held
-    /// within +-1e9, and fields within a thousandth of a unit to 1e5 units per pixel; what is no number
-    /// counts as 0, a field that is none or not positive as 640 x 480 units. A mode without pixels, or larger
-    /// than 4096 either way, leaves `pixels` alone.
+    /// Fills mode.width * mode.height pixels 0xffRRGGBB, row by row from the top left. Positions are
+    /// limited to +-1e9, and fields to a thousandth of a unit to 1e5 units per pixel. An invalid number
+    /// counts as 0, an invalid or non-positive field as 640 x 480 units. A mode without pixels, or larger
+    /// than 4096 in one direction, leaves `pixels` unchanged.
     void render(const Exposure& exposure, std::uint32_t* pixels);
 
 private:

@@ -14,7 +14,7 @@ struct Exposure {
     CameraMode mode;
     double stageX = 0.0;           ///< stage units; fractions occur while the stage moves
     double stageY = 0.0;           ///< stage units
-    double stageZ = 0.0;           ///< stage units; sharp where it equals the surface height
+    double stageZ = 0.0;           ///< stage units; sharp if it equals the surface height
     double fieldWidth = 640.0;     ///< stage units across the whole picture, > 0
     double fieldHeight = 480.0;    ///< stage units
     std::uint64_t frameNumber = 0; ///< seeds the noise of this frame

@@ -1,5 +1,5 @@
 #pragma once
-// The mosaic of grains: which grain lies at each place, how far its edge is, and how grains are shaded.
+// The mosaic of grains: the grain at each place, the distance of its edge, and the shading of grains.
 
 #include "hosts/simulated/world/Hash.h"
 #include "hosts/simulated/world/Minerals.h"

@@ -34,8 +34,8 @@ struct SensorImage {
     std::array<std::vector<std::uint16_t>, 3> plane;
 };
 
-/// Forms the picture of a view. The result is a pure function of the view; only the time it takes depends on
-/// what was seen before. One thread at a time.
+/// Forms the image of a view. The result is a pure function of the view; only the time depends on earlier
+/// views. One thread at a time.
 class Lens {
 public:
     /// Radius of the blur disc per unit of defocus beyond half the depth of field, both in stage units: the

@@ -1,5 +1,5 @@
 #pragma once
-// Where the world is sampled, and the colours found there.
+// The places at which the world is sampled, and their colours.
 
 #include <cstddef>
 #include <vector>

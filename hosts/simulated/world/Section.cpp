@@ -10,7 +10,7 @@
 namespace hosts::simulated {
 namespace {
 
-// Where samples are this wide no grain can be told from the next, and looking for them would take for ever.
+// With samples this wide, grains cannot be distinguished, and finding them would take forever.
 constexpr float kMosaicFootprint = 48.0F;
 constexpr float kFineMosaicFootprint = 12.0F;
 

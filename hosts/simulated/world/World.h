@@ -1,6 +1,6 @@
 #pragma once
-// Everything that can come under the simulated microscope: an endless polished section, standards in round
-// mounts, and a graticule of known pitch. README.md beside this file lists places, sizes and colours.
+// Everything under the simulated microscope: an endless polished section, standards in round mounts, and a
+// graticule of known pitch. README.md next to this file lists places, sizes and colours.
 
 #include "hosts/simulated/world/SampleGrid.h"
 
@@ -18,8 +18,7 @@ struct Mount {
     std::string name; ///< engraved below the centre; a mineral's name in it decides the look
 };
 
-/// A pure function of place and seed: equal on every machine and for ever. May be used from any
-/// thread at once.
+/// A pure function of place and seed, equal on every machine. May be used from any thread.
 class World {
 public:
     // Radii around a mount's centre, units.
@@ -39,8 +38,8 @@ public:
 
     World(std::uint32_t seed, std::vector<Mount> mounts);
 
-    /// The true colour at a place, in grey levels before optics and noise. Places are held within
-    /// +-1e12; what is no finite number counts as 0.
+    /// The true colour at a place, in grey levels before optics and noise. Places are limited to +-1e12;
+    /// numbers that are not finite count as 0.
     Rgb colourAt(double x, double y) const;
 
     /// The colours of a grid of places: what colourAt gives, softened to the size of the samples. Places must
