@@ -1,5 +1,21 @@
 # Helpers that give every target of the tree the same rules.
 
+# The headers of Windows define words such as "near" as macros, so a source that includes them is not joined with others.
+function(ocuva_keep_system_headers_apart target)
+    get_target_property(sources ${target} SOURCES)
+    list(FILTER sources INCLUDE REGEX "\\.cpp$")
+    foreach(source ${sources})
+        cmake_path(ABSOLUTE_PATH source BASE_DIRECTORY ${CMAKE_CURRENT_SOURCE_DIR})
+        if(NOT EXISTS ${source})
+            continue()
+        endif()
+        file(STRINGS ${source} system_headers REGEX "#include (<windows\\.h>|\"platform/SystemWindow\\.h\")")
+        if(system_headers)
+            set_source_files_properties(${source} PROPERTIES SKIP_UNITY_BUILD_INCLUSION ON)
+        endif()
+    endforeach()
+endfunction()
+
 # Warnings as errors and, where asked for, sanitizers.
 function(ocuva_target_rules target)
     target_compile_options(${target} PRIVATE
@@ -10,6 +26,10 @@ function(ocuva_target_rules target)
         target_compile_options(${target} PRIVATE -Wno-restrict)
     endif()
     if(CMAKE_UNITY_BUILD)
+        if(WIN32)
+            # At the end of the folder, when all sources of the target are known.
+            cmake_language(EVAL CODE "cmake_language(DEFER CALL ocuva_keep_system_headers_apart ${target})")
+        endif()
         # Among joined sources a local name hides the constants of another source, which the other does not mean.
         target_compile_options(${target} PRIVATE -Wno-shadow)
         if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
