@@ -1,9 +1,9 @@
 // The libraries over the hardware: stage and focus, board and camera, statistics.
 
-#include "hosts/common/GuardedCall.h"
 #include "hosts/common/HostLibraries.h"
 #include "hosts/common/HostTexts.h"
 #include "hosts/common/focus/FocusSearch.h"
+#include "hosts/common/services/GuardedCall.h"
 
 namespace hosts {
 

@@ -1,10 +1,10 @@
 // The host's picture functions: files and statistics.
 
-#include "hosts/common/GuardedCall.h"
 #include "hosts/common/HostLibraries.h"
 #include "hosts/common/HostTexts.h"
 #include "hosts/common/picture/GreyStatistics.h"
 #include "hosts/common/picture/ImageFile.h"
+#include "hosts/common/services/GuardedCall.h"
 #include "hosts/common/services/Numerals.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 // The libraries that need no hardware: settings, log, messages, and the general library.
 
 #include "hostlink/HostArguments.h"
-#include "hosts/common/GuardedCall.h"
 #include "hosts/common/HostLibraries.h"
 #include "hosts/common/HostTexts.h"
+#include "hosts/common/services/GuardedCall.h"
 #include "hosts/common/services/PlanSolver.h"
 #include "hosts/common/services/UniqueKey.h"
 

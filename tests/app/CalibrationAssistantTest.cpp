@@ -1,6 +1,6 @@
 // The assistant that walks a calibration, the marks of picked points, and the hint about the next step.
 
-#include "tests/app/WindowRig.h"
+#include "tests/support/WindowRig.h"
 
 #include <QMessageBox>
 

@@ -1,4 +1,4 @@
-#include "tests/app/WindowRig.h"
+#include "tests/support/WindowRig.h"
 
 #include <QMessageBox>
 #include <QTimer>

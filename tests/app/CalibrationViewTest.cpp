@@ -3,8 +3,8 @@
 #include "app/Pictures.h"
 #include "pictures/PictureDescription.h"
 #include "pictures/PictureFile.h"
-#include "tests/app/WindowRig.h"
 #include "tests/support/PictureSamples.h"
+#include "tests/support/WindowRig.h"
 
 #include <QMessageBox>
 #include <QTimer>

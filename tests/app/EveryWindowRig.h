@@ -3,7 +3,7 @@
 
 #include "setup/frmSetup.h"
 #include "standards/frmStdList.h"
-#include "tests/app/WindowRig.h"
+#include "tests/support/WindowRig.h"
 
 #include <QTabWidget>
 

@@ -2,7 +2,7 @@
 
 #include "app/FittedText.h"
 
-#include "tests/app/WindowRig.h"
+#include "tests/support/WindowRig.h"
 
 using namespace ocuva;
 using testing::ElementsAre;

@@ -3,7 +3,7 @@
 #include "display/TwipsGeometry.h"
 #include "setup/frmSetup.h"
 #include "standards/frmStdList.h"
-#include "tests/app/WindowRig.h"
+#include "tests/support/WindowRig.h"
 
 #include <QMessageBox>
 #include <QTimer>

@@ -1,6 +1,6 @@
 #include "app/help/WhatsThis.h"
 #include "report/Report.h"
-#include "tests/app/WindowRig.h"
+#include "tests/support/WindowRig.h"
 
 #include <QWhatsThis>
 

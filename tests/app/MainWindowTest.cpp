@@ -1,7 +1,7 @@
 #include "display/TwipsGeometry.h"
 #include "setup/frmSetup.h"
-#include "tests/app/WindowRig.h"
 #include "tests/support/UsersHand.h"
+#include "tests/support/WindowRig.h"
 
 #include <QMenu>
 #include <QMessageBox>

@@ -1,6 +1,6 @@
 // When a mouse mode acts on the image.
 
-#include "tests/app/WindowRig.h"
+#include "tests/support/WindowRig.h"
 
 namespace ocuva {
 

@@ -1,6 +1,6 @@
 // What the program tells an operator about what he can do next.
 
-#include "tests/app/WindowRig.h"
+#include "tests/support/WindowRig.h"
 
 #include <QLineEdit>
 #include <QStatusTipEvent>

@@ -1,7 +1,7 @@
 #include "display/MicroMarkerPanel.h"
 #include "display/TwipsGeometry.h"
-#include "tests/app/WindowRig.h"
 #include "tests/support/Pattern.h"
+#include "tests/support/WindowRig.h"
 
 using namespace ocuva;
 using testing::Contains;

@@ -1,7 +1,7 @@
 #include "app/PackReport.h"
 
-#include "tests/app/WindowRig.h"
 #include "tests/support/Pattern.h"
+#include "tests/support/WindowRig.h"
 
 #include <QDir>
 #include <QFile>

@@ -3,8 +3,8 @@
 #include "pictures/PictureDescription.h"
 #include "pictures/PictureFile.h"
 #include "pictures/TiffFile.h"
-#include "tests/app/WindowRig.h"
 #include "tests/support/PictureSamples.h"
+#include "tests/support/WindowRig.h"
 
 #include <QFileDialog>
 #include <QLineEdit>

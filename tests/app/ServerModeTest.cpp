@@ -1,6 +1,6 @@
 #include "controls/HostMessageBox.h"
 #include "setup/frmSetup.h"
-#include "tests/app/WindowRig.h"
+#include "tests/support/WindowRig.h"
 
 #include <QLineEdit>
 #include <QMenu>

@@ -1,6 +1,6 @@
 #include "display/MicroMarkerPanel.h"
 #include "setup/frmSetup.h"
-#include "tests/app/WindowRig.h"
+#include "tests/support/WindowRig.h"
 
 #include <QMessageBox>
 #include <QTimer>

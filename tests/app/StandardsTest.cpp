@@ -1,7 +1,7 @@
 #include "standards/frmStdList.h"
-#include "tests/app/WindowRig.h"
 #include "tests/support/NamesOnList.h"
 #include "tests/support/UsersHand.h"
+#include "tests/support/WindowRig.h"
 
 #include <QFileDialog>
 #include <QLineEdit>

@@ -2,7 +2,7 @@
 // picture, its size on the screen.
 
 #include "display/MicroMarkerPanel.h"
-#include "tests/app/WindowRig.h"
+#include "tests/support/WindowRig.h"
 
 #include <QScreen>
 #include <QTimer>

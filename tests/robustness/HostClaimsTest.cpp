@@ -1,7 +1,7 @@
 // A host may claim any number. Whatever it says of its picture, its scale and its stage, the window opens on
 // its screen, soon, with a bounded number of controls, and the log has a sentence about what cannot be.
 
-#include "tests/app/WindowRig.h"
+#include "tests/support/WindowRig.h"
 
 #include <QElapsedTimer>
 #include <QScreen>

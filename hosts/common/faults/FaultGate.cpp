@@ -1,6 +1,6 @@
 #include "hosts/common/faults/FaultGate.h"
 
-#include "hosts/common/GuardedCall.h"
+#include "hosts/common/services/GuardedCall.h"
 
 namespace hosts {
 
