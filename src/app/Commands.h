@@ -26,7 +26,7 @@ enum class MenuEntry {
 /// One row. The menu bar, the page of keys, the toolbar, tips and explanations all follow from it. Texts are
 /// marked for translation in the context "Commands", those of the button in "MainToolbar".
 struct Command {
-    MenuEntry entry;                    ///< where it is found
+    MenuEntry entry;                    ///< its place in the menus
     const char* name;                   ///< the object name of its action or menu
     const char* text = "";              ///< in the menu, with access letter
     const char* key = "";               ///< the shortcut, as QKeySequence reads it; empty: none
@@ -36,8 +36,8 @@ struct Command {
     ToolbarButton button = {};          ///< without a key: it has none
     bool separatorAfterButton = false;  ///< in the layout that the toolbar comes with
     bool (*isInThisBuild)() = nullptr;  ///< always, if not given; grey and without effect otherwise
-    bool drivesStage = false;           ///< its key does nothing while somebody types into a field
-    void (*run)(frmOcuva&) = nullptr;   ///< what it does; nothing, if not given
+    bool drivesStage = false;           ///< its key is disabled while a text field has the focus
+    void (*run)(frmOcuva&) = nullptr;   ///< its action, if any
 
     /// Whether it can be run in this build of the program, wherever it is reached from.
     bool isAvailable() const { return isInThisBuild == nullptr || isInThisBuild(); }

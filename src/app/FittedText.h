@@ -25,8 +25,8 @@ FittedText fittedText(const QString& text, const QFont& font, const QSize& room)
 /// Height of two lines of a text that is a little smaller than the font.
 int heightOfTwoLines(const QFont& font);
 
-/// Parts of the font's size: below the first one nobody reads it from a chair, at the second one two lines
-/// find room in a status bar.
+/// Fractions of the font's size: text below the first one cannot be read from a chair; at the second one
+/// two lines fit into a status bar.
 ///@{
 constexpr double smallestText = 0.75;
 constexpr double twoLineText = 0.85;

@@ -1,6 +1,6 @@
 #pragma once
-// A panel of the main window: a filled rounded frame whose upper edge stands half a caption line below its
-// top, so that panels beside each other line up whether they carry a caption or not.
+// A panel of the main window: a filled rounded frame whose upper edge is half a caption line below its
+// top, so that neighbouring panels line up with and without a caption.
 
 #include <QColor>
 #include <QString>
@@ -8,7 +8,7 @@
 
 namespace ocuva {
 
-/// Paints itself; what is inside it are its children, placed by their owner.
+/// Paints itself; its contents are children placed by their owner.
 class GroupFrame final : public QWidget {
     Q_OBJECT
 
@@ -24,9 +24,9 @@ public:
     /// Empty for none.
     const QString& caption() const { return m_caption; }
 
-    /// The colour the frame is filled with: its own, or else the palette's.
+    /// The fill colour: its own, otherwise the palette's.
     QColor fillColour() const;
-    /// Gives the frame a colour of its own; the palette's colour takes it away again.
+    /// Sets the fill colour; the palette's colour removes it again.
     void setFillColour(const QColor& colour);
 
 protected:

@@ -1,5 +1,5 @@
 #pragma once
-// What the commands of the Help menu do.
+// The commands of the Help menu.
 
 #include "app/PackReport.h"
 #include "app/help/HelpWindow.h"
@@ -11,7 +11,7 @@
 
 namespace ocuva {
 
-/// The window of the manual is made when it is first asked for, and kept.
+/// The window of the manual is created at its first use and kept.
 class HelpMenu {
 public:
     /// The controls of the report's window are explained; it outlives this. The manual is looked for in the
@@ -26,7 +26,7 @@ public:
     void packReport() { m_report.run(); }
     ///@}
 
-    /// Closes what was opened.
+    /// Closes its windows.
     void unload();
 
     /// Null until the manual was opened once.

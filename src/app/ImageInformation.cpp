@@ -9,7 +9,7 @@ namespace ocuva {
 
 namespace {
 
-// A lamp says it at a glance, the text beside it says it to everybody.
+// The lamp is visible at a glance, the text next to it is for everybody.
 const QColor lampLive(38, 166, 91);
 const QColor lampStill(140, 140, 140);
 const QColor lampStopped(224, 60, 49);
@@ -75,7 +75,7 @@ void ImageInformation::frameShown() {
 
 void ImageInformation::checkLive() {
     if (m_lastSeenFrame != m_display.shownFrame()) {
-        // Frames come, but nobody looks: a window that is minimised draws none.
+        // Frames arrive without being shown: a minimised window draws none.
         m_lastSeenFrame = m_display.shownFrame();
         m_watch.frameCame(m_clock.elapsed());
     }
@@ -149,7 +149,7 @@ QString ImageInformation::nextStep() const {
                                 : tr("Click a point of the image to bring it to the centre");
 }
 
-// As long as there is no image at all, the place where one looks for it says how to get it.
+// Before the first image, the display says how to get one.
 void ImageInformation::showPrompt() {
     const bool isAsked = m_state.grabbing && !m_watch.hasStopped();
     m_display.setPrompt(isAsked ? tr("Waiting for the first image") : nextStep());

@@ -16,19 +16,20 @@
 
 namespace ocuva {
 
-/// What the panel shows of the image's state.
+/// The image's state as shown in the panel.
 struct ImageState {
     bool grabbing = false;   ///< a grab was started and not ended
     Integer zoomDivisor = 2; ///< 1 or 2
     QString storedPicture;   ///< its bare name; empty while the camera's image is shown
     bool boardReady = true;  ///< a grab can be expected to start
-    /// Of what is shown; nothing before it is known.
+    /// The scale of the image; nothing before it is known.
     std::optional<ShownScale> scale = {};
 
     bool operator==(const ImageState&) const = default;
 };
 
-/// Where the host draws the picture itself, no frame is seen here: "Live" then says only that a grab runs.
+/// If the host draws the image itself, no frame is seen here, and "Live" only means that a grab is
+/// running.
 class ImageInformation final : public QObject {
     Q_OBJECT
 
@@ -42,8 +43,8 @@ public:
     void showMagnification(Long magnification);
     /// Whether frames should come and do not.
     bool hasStopped() const { return m_state.grabbing && m_watch.hasStopped(); }
-    /// What is said of the calibration of the picture shown; a note stays. first: before all but the state of
-    /// the image, where positions are computed by it.
+    /// The text about the calibration of the shown picture; a note stays. first: right after the state of
+    /// the image, if positions are computed from the calibration.
     void showCalibration(const CalibrationWords& words, bool first);
     /// The magnification as it was shown last; 0 before that.
     Long magnification() const { return m_magnification; }
@@ -53,11 +54,10 @@ public:
     void showGreyLevels(double mean, double standardDeviation);
     /// Says that the host could not measure them.
     void showNotMeasured();
-    /// Shows what has just happened until the state changes; what to do about it is told to whoever points at
-    /// the panel.
+    /// Shows a note until the state changes; the tip of the panel has the advice.
     void showNote(const QString& note, const QString& advice = {});
-    /// Shows what the program is busy with in place of everything else, on the screen before it returns;
-    /// empty: the rest again.
+    /// Shows on the screen, before it returns, what the program is waiting for, in place of everything
+    /// else; empty: shows the rest again.
     void showBusy(const QString& what);
     /// Takes that note off the panel if it is still there.
     void takeOff(const QString& note);
@@ -70,7 +70,7 @@ private:
     /// "1:2", or both scales when they differ.
     QString zoomText() const;
     void showStoredText();
-    /// What the operator can do next about the camera's image.
+    /// The next step for the operator to get an image.
     QString nextStep() const;
     void showPrompt();
 

@@ -33,7 +33,7 @@ void KeepingWatch::watchFolder() {
     if (const QStringList watched = m_watcher.directories(); !watched.isEmpty()) {
         m_watcher.removePaths(watched); // another folder may have come under that name
     }
-    // A folder that is moved away says so only where it was.
+    // Moving a folder is reported only in its parent folder.
     for (const std::filesystem::path& folder : {m_folder, m_folder.parent_path()}) {
         m_watcher.addPath(nameOf(folder));
     }

@@ -12,17 +12,18 @@
 
 namespace ocuva {
 
-/// Whether a file can be made and written in that folder, by trying it: the system's words for why not, empty
-/// when it can. Rights alone tell neither a full disk nor a read-only one.
+/// Tries to create and write a file in the folder. Returns the system's reason if that fails, otherwise an
+/// empty text. Access rights alone show neither a full nor a read-only disk.
 std::string whyNotWritable(const std::filesystem::path& folder);
 
-/// One for the life of the window. It looks when something was lost or the folder has changed, and every two
-/// seconds while nothing can be kept; else nothing wakes it. User-interface thread.
+/// One for the life of the window. It checks the folder when something was lost or the folder has changed,
+/// and every two seconds while nothing can be stored; otherwise it causes no wake-ups. User-interface
+/// thread.
 class KeepingWatch final : public QObject {
     Q_OBJECT
 
 public:
-    /// `show` puts a note and an advice on the screen, where the next change of state takes them off.
+    /// `show` displays a note and an advice until the next change of state.
     KeepingWatch(std::filesystem::path dataFolder,
                  std::function<void(const QString& note, const QString& advice)> show);
 

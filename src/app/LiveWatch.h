@@ -1,5 +1,5 @@
 #pragma once
-// Whether the live image is live: frames must go on coming while a grab runs.
+// Whether the live image is really live: frames must keep arriving while a grab is running.
 
 #include <cstdint>
 
@@ -12,16 +12,16 @@ public:
     static constexpr std::int64_t patienceMs = 1000;
     /// Frames are counted over periods of this length.
     static constexpr std::int64_t ratePeriodMs = 1000;
-    /// A check that comes so late tells that the program itself was busy, with frames waiting for it.
+    /// A check that is this late means that the program itself was busy, with frames waiting for it.
     static constexpr std::int64_t lateMs = 250;
 
     /// A grab begins; the first check is due after patienceMs.
     void start(std::int64_t nowMs);
-    /// A frame has come. True when that changes what is to be shown: the rate is new, or the image lives
-    /// again; a check is due after patienceMs then.
+    /// A frame has arrived. True if this changes the display: the rate is new, or the image is live again;
+    /// a check is then due after patienceMs.
     bool frameCame(std::int64_t nowMs);
-    /// Asks whether the image has stopped; to be repeated after the returned time. 0 when it has stopped:
-    /// there is nothing to ask until the next frame.
+    /// Checks whether the image has stopped; to be repeated after the returned time. 0 if it has stopped:
+    /// no check is needed until the next frame.
     std::int64_t check(std::int64_t nowMs);
 
     /// As the last check has found; false again with the next frame.

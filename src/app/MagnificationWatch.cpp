@@ -8,7 +8,7 @@ namespace ocuva {
 
 namespace {
 
-// Bit for bit: a factor that is no number equals itself, and is not taken for a new one each second.
+// Bitwise: a factor that is not a number equals itself, so it does not count as a change every second.
 bool same(Single a, Single b) { return std::bit_cast<std::uint32_t>(a) == std::bit_cast<std::uint32_t>(b); }
 
 bool same(const Magnification& a, const Magnification& b) {

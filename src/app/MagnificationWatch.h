@@ -1,6 +1,6 @@
 #pragma once
-// The magnification belongs to the host and can change while the program shows a scale: when it is read
-// again, and whether what is shown is still true.
+// The host can change the magnification while the program shows a scale. This class decides when to read
+// it again, and whether the displayed scale is still correct.
 
 #include "video/Magnification.h"
 
@@ -11,7 +11,7 @@
 
 namespace ocuva {
 
-/// What the watch needs; everything outlives it.
+/// Its surroundings; everything outlives it.
 struct MagnificationWatchContext {
     /// Whether the camera's image is shown, so that its scale can be seen.
     std::function<bool()> isSeen;
@@ -20,24 +20,24 @@ struct MagnificationWatchContext {
     std::function<void(const Magnification&)> changed;
 };
 
-/// Reads only at moments that mean something, and once a second while the image is live: a program that
-/// stands still asks the host nothing. User-interface thread.
+/// Reads after certain events, and once a second while the image is live; an idle program makes no host
+/// calls. User-interface thread.
 class MagnificationWatch final : public QObject {
     Q_OBJECT
 
 public:
     /// Period of the reads while live.
     static constexpr int liveMs = 1000;
-    /// Delay of a read after a moment that asks for one, so that what is going on ends first and several such
-    /// moments cost one read.
+    /// Delay of a read after an event, so that the current action ends first and several events cause one
+    /// read.
     static constexpr int soonMs = 100;
 
-    /// Nothing is read until asked.
+    /// Reads nothing yet.
     MagnificationWatch(MagnificationWatchContext context, QObject* parent);
 
     /// What a scale was drawn with.
     void drawn(const Magnification& magnification) { m_drawn = magnification; }
-    /// What stands in the information panel.
+    /// The magnification shown in the information panel.
     void shown(Long magnification) { m_shown = magnification; }
 
     /// A move or a focus has ended, the window has become active, the live image was switched.

@@ -20,9 +20,9 @@ public:
 
     /// Throws std::out_of_range for a name that no entry has.
     QAction* action(std::string_view name) const;
-    /// Lets the commands' function keys (F1 to F9, without Shift) work while that window is the active one,
-    /// but those that drive the stage not while somebody types in one of its fields. It may go before the
-    /// menu does, and the other way round.
+    /// Enables the commands' function keys (F1 to F9, without Shift) while that window is active; those
+    /// that drive the stage not while one of its text fields has the focus. Window and menu may be
+    /// destroyed in either order.
     void lendFunctionKeys(QWidget& window) const;
 
 private:

@@ -9,7 +9,7 @@ namespace ocuva {
 
 namespace {
 
-// VGA mode: a click is a point of the picture for the calibration, which tells its position.
+// VGA mode: a click is a point of the picture whose position the calibration computes.
 class PointOnPicture final : public MouseMode {
 public:
     using MouseMode::MouseMode;

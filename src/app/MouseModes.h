@@ -1,6 +1,5 @@
 #pragma once
-// What the mouse does on the image: one object for each way of using it, chosen by the state of the program
-// at each event.
+// The mouse on the image: one object for each mode, chosen by the state of the program at each event.
 
 #include "app/PictureOnStage.h"
 #include "app/Pictures.h"
@@ -19,9 +18,9 @@ struct MousePoint {
     TwipsRect display; ///< milDisp
 };
 
-/// What the modes need; everything outlives them.
+/// The surroundings of the modes; everything outlives them.
 struct MouseModesContext {
-    /// What the state is read from, and what is done there.
+    /// The objects whose state decides the mode, and which carry out its actions.
     ///@{
     PictureOnStage& calibration;
     Pictures& pictures;
@@ -42,12 +41,12 @@ public:
     MouseMode(const MouseMode&) = delete;
     MouseMode& operator=(const MouseMode&) = delete;
 
-    /// Whether the state of the program asks for this mode. No host call.
+    /// Whether the state of the program selects this mode. Makes no host call.
     virtual bool isOn() const = 0;
 
     /// The left button, pressed on the image.
     virtual void press(const MousePoint& /*at*/) {}
-    /// The pointer moves over the image. Shows the position that is pointed at, where there is one to show.
+    /// The pointer moves over the image. Shows its stage position, if there is one to show.
     virtual void move(const MousePoint& at);
     /// The left button, released on the image. An error is reported to the operator.
     virtual void release(const MousePoint& at) = 0;
@@ -55,7 +54,7 @@ public:
     virtual void leave();
 
 protected:
-    /// What the constructor was given.
+    /// As passed to the constructor.
     const MouseModesContext& context() const { return m_context; }
 
 private:

@@ -16,14 +16,15 @@ namespace ocuva {
 
 /// What overlays need; everything outlives them.
 struct OverlayContext {
-    /// Where they lie, and the image's sizes.
+    /// The display of the overlays, and the image's sizes.
     ///@{
     const MonitorPanels& panels;
     const MonitorFields& fields;
     ///@}
-    /// Of what is shown, read afresh; nothing when a stored picture does not tell its own.
+    /// The magnification of the shown picture, read from the host; nothing if a stored picture does not
+    /// contain it.
     std::function<std::optional<Magnification>()> magnification;
-    /// How lengths are converted, and where the choice is kept.
+    /// The conversion of lengths, and the settings.
     ///@{
     const LengthConversion& conversion;
     Settings& settings;
@@ -58,7 +59,7 @@ public:
     virtual void store() {}
 
 protected:
-    /// What the constructor was given.
+    /// As passed to the constructor.
     const OverlayContext& context() const { return m_context; }
     /// Stores one of the view options; all are read and written, as they are one group.
     void storeFlag(Long ViewOptions::*flag) const;

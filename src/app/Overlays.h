@@ -14,14 +14,14 @@
 
 namespace ocuva {
 
-/// Where the switches are shown.
+/// The controls that show the switches.
 struct OverlaySwitches {
     /// Outlive the overlays.
     ///@{
     const MainMenu& menu;
     MainToolbar& tbMain;
     ///@}
-    /// Keeps the toolbar's layout, whose buttons changed.
+    /// Stores the toolbar's layout after its buttons have changed.
     std::function<void()> saveToolbar;
 };
 
@@ -31,14 +31,14 @@ public:
     /// Nothing is shown yet.
     Overlays(OverlayContext context, OverlaySwitches switches);
 
-    /// Shows what the settings say, and the micro marker.
+    /// Shows the overlays according to the settings, and the micro marker.
     void showStartState(const ViewOptions& view);
 
     /// Draws all of them, in the order of their list; the first error ends it.
     void draw(const ImagePoint& centre);
 
-    /// What a command of that name does: the overlay is switched, menu mark and toolbar button follow, and
-    /// the setting is stored where there is one. Throws std::out_of_range if no overlay has such a command.
+    /// Runs a command: the overlay is switched, menu mark and toolbar button follow, and the setting is
+    /// stored if there is one. Throws std::out_of_range if no overlay has such a command.
     void toggle(std::string_view command);
 
     /// Single overlays, as Overlay says.

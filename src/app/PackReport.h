@@ -1,5 +1,5 @@
 #pragma once
-// "Pack Report...": what somebody who is asked for help needs to see, packed into one file.
+// "Pack Report...": packs the files that are needed to help an operator into one file.
 
 #include "hostlink/Host.h"
 #include "report/ReportFiles.h"
@@ -14,29 +14,29 @@
 
 namespace ocuva {
 
-/// What a report tells that only the start of the program knows.
+/// The contents of a report that only the start of the program knows.
 struct ReportSurroundings {
     std::filesystem::path dataFolder; ///< where log, journal and settings are looked for
     Keeper keeper = Keeper::program;  ///< who keeps log and settings there
     QString host;                     ///< the host in use, in words
     std::string commandLine;          ///< as typed, local encoding
-    std::filesystem::path trace;      ///< empty where none is written
+    std::filesystem::path trace;      ///< empty if none is written
 };
 
-/// What packing needs of the window.
+/// The surroundings of packing.
 struct PackReportContext {
-    QWidget& window;                 ///< tells its screen
-    ReportSurroundings surroundings; ///< what the start has told
-    TnLogKeys& keys;                 ///< of the host; each report has one of its own
-    /// Asks for the file, beginning with a full name; empty when the operator cancels.
+    QWidget& window;                 ///< whose screen is reported
+    ReportSurroundings surroundings; ///< from the start of the program
+    TnLogKeys& keys;                 ///< of the host; each report gets a key
+    /// Asks for the file, suggesting a full name; empty if the operator cancels.
     std::function<QString(const QString& suggested)> choose;
     std::function<void(const QString&)> log;  ///< a line for the log
-    std::function<void(const QString&)> note; ///< told where the report is
-    /// Shows what the program is busy with and keeps input away, as long as what it returns lives.
+    std::function<void(const QString&)> note; ///< receives the place of the report
+    /// Shows what the program is waiting for and blocks input for the life of the returned object.
     std::function<std::shared_ptr<void>(const QString& what)> holdInput;
 };
 
-/// One for the life of the window; each run makes a report of its own.
+/// One for the life of the window; each run makes a new report.
 class PackReport {
 public:
     /// Nothing is read yet.
@@ -47,15 +47,14 @@ public:
 
 private:
     PackReportContext m_context;
-    QString m_folder; // where the last one went
+    QString m_folder; // the folder of the last report
 };
 
 /// The common save dialog; a name without extension gets that of the chosen type. Empty: cancelled.
 QString chooseReportFile(QWidget& owner, const QString& suggested);
 
-/// The text about program, system and surroundings: one "name: value" a line, UTF-8. `window` is on the
-/// screen that it tells of, `key` tells the report from every other. Of the environment only what begins
-/// with OCUVA_.
+/// The text about program, system and surroundings: one "name: value" per line, UTF-8. `window` is on the
+/// reported screen, `key` identifies the report. Of the environment only variables that begin with OCUVA_.
 std::string versionsText(const QWidget& window, const ReportSurroundings& surroundings,
                          const std::string& key);
 

@@ -1,5 +1,5 @@
 #pragma once
-// Whether the picture on the screen still shows where the stage is.
+// Whether the picture on the screen still shows the current field.
 
 #include "base/Types.h"
 #include "journal/JournalEntry.h"
@@ -8,8 +8,8 @@
 
 namespace ocuva {
 
-/// Keeps count of what the program itself knows: frames, and the moves in X and Y that it has started since
-/// the last one. The host is asked nothing; a stage that somebody else drives is not noticed.
+/// Considers only what the program knows: frames, and its own moves in X and Y since the last frame. Makes
+/// no host calls; a stage moved by another program is not noticed.
 class PictureAge {
 public:
     /// A frame was shown, or a grab began of which no frame is seen here: this is the picture now.
@@ -19,8 +19,8 @@ public:
     /// No move is under way; the stage was read there.
     void positionRead(const JournalPosition& at);
 
-    /// Whether a click on the picture brings another point to the centre than the one that is seen: there has
-    /// been no picture at all, or the stage is not where it was when the picture came.
+    /// Whether a click on the picture would centre another point than the visible one: there has been no
+    /// picture, or the stage has moved since it was taken.
     bool isOld() const { return !m_hasPicture || m_stageHasGone; }
 
 private:

@@ -17,10 +17,10 @@ QString choosePictureToOpen(QWidget& owner, const QString& folder);
 /// Suggests the name "Video"; a name without extension gets that of the chosen type, ".tif" or ".bmp".
 QString choosePictureToSave(QWidget& owner, const QString& folder);
 
-/// What is done about the description of a picture that is saved.
+/// The operator's choice about the description of a picture to be saved.
 enum class DescriptionChoice { Omit, Write, Cancel };
 
-/// What the operator has to know before a picture is saved.
+/// The information for the operator before a picture is saved.
 struct SaveQuestion {
     QStringList losses;                            ///< sentences about what would be lost
     std::optional<DescriptionWarning> description; ///< it would be that of another view
@@ -28,17 +28,17 @@ struct SaveQuestion {
     /// Whether there is anything to ask.
     bool isNeeded() const { return !losses.isEmpty() || description.has_value(); }
 };
-/// Asks all of it in one box. Enter cancels where something would be lost, else it omits the description;
+/// Asks everything in one box. Enter cancels if data would be lost, otherwise it omits the description;
 /// Escape cancels.
 DescriptionChoice askBeforeSave(QWidget& owner, const SaveQuestion& question);
 
-/// The folder that a picture was saved to or opened from last, kept from one start to the next in the user's
-/// registry beside the toolbar's layout ("Pictures/Folder"); else the user's folder for pictures.
+/// The folder of the last saved or opened picture, kept in the user's registry with the toolbar's layout
+/// ("Pictures/Folder"); otherwise the user's folder for pictures.
 class PictureFolder {
 public:
     /// Read afresh; for a folder that is gone, the one for pictures.
     QString last() const;
-    /// Keeps the folder of that picture; written at once.
+    /// Stores the folder of that picture; written at once.
     void remember(const QString& pictureName) const;
 };
 

@@ -1,6 +1,6 @@
 #pragma once
-// What the main window does with the calibration of picture against stage: the dialog that makes it, the
-// position under the mouse, and clicks that are meant for it.
+// The main window's operations on the calibration of picture against stage: its dialog, the position under
+// the mouse, and clicks for it.
 
 #include "app/StatusBar.h"
 #include "display/MonitorView.h"
@@ -14,9 +14,9 @@
 
 namespace ocuva {
 
-/// What it needs; everything outlives it.
+/// Its surroundings; everything outlives it.
 struct PictureOnStageContext {
-    /// The calibration in force, host and stage behind the dialog, and the panels that tell positions.
+    /// The calibration in use, host and stage behind the dialog, and the position panels.
     ///@{
     Calibration& calibration;
     Host& host;
@@ -25,9 +25,9 @@ struct PictureOnStageContext {
     ///@}
     QWidget& window;                            ///< owns the dialog
     std::function<void(const QString&)> report; ///< shows an error and writes it to the log
-    std::function<void(const QString&)> log;    ///< writes an error to the log, and nothing else
-    std::function<CalibrationView()> shownView; ///< what is on the monitor, as it was read last
-    std::function<void()> changed;              ///< the calibration was accepted or taken up
+    std::function<void(const QString&)> log;    ///< writes an error to the log only
+    std::function<CalibrationView()> shownView; ///< the view on the monitor, as read last
+    std::function<void()> changed;              ///< the calibration was accepted or restored
     QWidget& display;                           ///< carries the marks of picked points
     std::function<bool()> stageMoves;           ///< a watched move runs
     WalkSurroundings walk;                      ///< of the assistant
@@ -37,7 +37,7 @@ struct PictureOnStageContext {
 /// calibration takes up the one that was accepted last.
 class PictureOnStage {
 public:
-    /// The dialog is made and not shown; the calibration is not taken up yet.
+    /// Creates the dialog without showing it; the calibration is not loaded yet.
     explicit PictureOnStage(const PictureOnStageContext& context);
     ~PictureOnStage();
 
@@ -47,33 +47,33 @@ public:
     /// The calibration as the view on the monitor sees it; does not take up the one accepted last.
     ViewedCalibration viewed() const { return {m_context.calibration, m_context.shownView()}; }
 
-    /// Opens the calibration dialog beside the window.
+    /// Opens the calibration dialog next to the window.
     void openDialog();
 
-    /// The calibration was changed by something else than the dialog, which shows its points if it is open.
+    /// The calibration was changed elsewhere; the dialog shows its points if it is open.
     void calibrationChanged() { m_frmSetupStage->showPoints(); }
 
-    /// Shows the stage position of a place of the picture in the position panels. Where it cannot be computed
-    /// they show a dash, and the first failure of a run of them is logged: it happens with every move of the
-    /// mouse.
+    /// Shows the stage position of a place of the picture in the position panels. If it cannot be computed
+    /// they show a dash, and only the first failure of a series is logged, because it can happen with
+    /// every mouse move.
     void showPointedPosition(Single x, Single y, const TwipsRect& display);
 
     /// The pointer has left the picture. True when the panels still show the place that it pointed at; the
     /// stage's own position belongs there then.
     bool endPointing() { return std::exchange(m_pointing, false); }
 
-    /// Whether the next click on the image is a point for the dialog, in whatever mode.
+    /// Whether the next click on the image is a point for the dialog, in any mode.
     bool isSelecting() const { return m_frmSetupStage->isSelecting(); }
-    /// Takes the point for the dialog, and nothing else.
+    /// Only takes the point for the dialog.
     void takePoint(Single x, Single y, const TwipsRect& display);
 
-    /// The dialog's picture-click operation: takes the point, and asks whether the stage shall go there.
+    /// The dialog's picture-click operation: takes the point and asks whether to move the stage there.
     void clickPicture(Single x, Single y, const TwipsRect& display);
 
     /// A watched move has begun or ended, or the view on the monitor is another: marks are shown only where
     /// they were picked.
     void viewChanged() { refreshMarks(); }
-    /// A watched move has ended: the assistant goes on with what the operator asked for.
+    /// A watched move has ended: the assistant continues with the operator's last request.
     void moveEnded() { m_frmSetupStage->assistant().moveEnded(); }
 
     /// The marks of picked points on the display.

@@ -107,7 +107,7 @@ void Pictures::open() {
     m_context.panels.milDisp->showPicture(m_stored->picture.image);
     hold.reset();
     show();
-    // After the picture is to be seen: a box about its description stands over the picture that it is about.
+    // After the picture is visible: a box about its description appears over it.
     m_stored->described = takeCalibration();
     show();
     if (m_stored->described) {

@@ -1,5 +1,5 @@
 #pragma once
-// What the main window does with pictures: saving what is shown, and showing a stored one in place of the
+// The main window's operations on pictures: saving the shown one, and showing a stored one in place of the
 // live image.
 
 #include "app/ImageInformation.h"
@@ -19,9 +19,9 @@
 
 namespace ocuva {
 
-/// What the pictures need; everything outlives them.
+/// Their surroundings; everything outlives them.
 struct PicturesContext {
-    /// Where a picture comes from, and what is noted with it.
+    /// The source of a picture, and the contents of its notes.
     ///@{
     TnLog& log;
     CTnVideoBoard& board;
@@ -29,29 +29,29 @@ struct PicturesContext {
     const CTnStage& stage;
     const MagnificationStore& magnification;
     ///@}
-    /// The calibration, taken up from where it was kept at its first use.
+    /// The calibration, loaded at its first use.
     std::function<Calibration&()> calibration;
     /// The calibration has been replaced by that of a picture.
     std::function<void()> calibrationRead;
-    /// Where it is shown.
+    /// The controls that show it.
     ///@{
     const MonitorPanels& panels;
     ImageInformation& information;
     ///@}
-    /// Each asks for a file, beginning in a folder; empty when the operator cancels.
+    /// Each asks for a file, starting in a folder; empty if the operator cancels.
     ///@{
     std::function<QString(const QString& folder)> chooseToOpen;
     std::function<QString(const QString& folder)> chooseToSave;
     ///@}
-    /// Asks what to do about what a save would lose or write wrongly.
+    /// Asks what to do if a save would lose data or write a wrong description.
     std::function<DescriptionChoice(const SaveQuestion&)> askBeforeSave;
-    /// Shows what the program is busy with and keeps input away, as long as what it returns lives.
+    /// Shows what the program is waiting for and blocks input for the life of the returned object.
     std::function<std::shared_ptr<void>(const QString& what)> holdInput;
     /// Shows an error that leaves the picture on the screen.
     std::function<void(const QString&)> report;
     /// The window shows another image now: live or still, stored or not.
     std::function<void()> imageChanged;
-    /// Told of each picture that was saved, for the journal.
+    /// Receives each saved picture, for the journal.
     std::function<void(const QString& name)> saved = {};
 };
 
@@ -65,7 +65,7 @@ struct StoredPicture {
     QString bareName() const;
     /// As a calibration sees it.
     CalibrationView view() const;
-    /// Its field as magnification and factors; nothing when the file does not tell.
+    /// Its field as magnification and factors; nothing if the file does not contain it.
     std::optional<Magnification> field() const;
 };
 
@@ -76,9 +76,8 @@ public:
     explicit Pictures(const PicturesContext& context)
         : m_context(context) {}
 
-    /// Saves the camera's present image, or the stored picture that is shown, under a name that the operator
-    /// chooses. One question comes before a save that loses something or writes a description of another
-    /// view; when it is cancelled nothing is written, in the log neither. Throws PictureFileError.
+    /// Saves the camera's current image, or the stored picture that is shown, under a name chosen by the
+    /// operator. Asks before it writes a description of another view. Throws PictureFileError.
     void save();
 
     /// Shows a picture that the operator chooses; a running grab is halted. Its description, when it has one,

@@ -25,7 +25,7 @@ namespace {
 constexpr const char* crashNoteName = "host-crash.note";
 constexpr std::chrono::seconds patienceWithLibraries{20};
 
-/// What is kept of calls into libraries for the case that one of them does not come back.
+/// Records of calls into libraries, for a call that does not return.
 struct WatchedHost {
     explicit WatchedHost(const std::filesystem::path& noteFile)
         : note(noteFile, mark) {}

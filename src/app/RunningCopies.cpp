@@ -27,7 +27,7 @@ const auto startEntry = QStringLiteral("starting-"); // of a copy that has not s
 
 QString folderName() { return QString::fromLatin1(productTitle).toLower() + QStringLiteral("-copies"); }
 
-/// The machine belongs to it: a home may lie on a disk that several share.
+/// Includes the machine: a home folder may be on a disk that several machines share.
 QString nameOf(const QString& scope) {
     const QStringList parts{QSysInfo::machineHostName(), QDir::homePath(), scope};
     const QByteArray hash = QCryptographicHash::hash(parts.join(u'\n').toUtf8(), QCryptographicHash::Sha1);
@@ -49,7 +49,7 @@ QStringList usualPlaces() {
     return places;
 }
 
-/// Made where needed. Somebody else may have made it first, or put a link there.
+/// Creates the folder if necessary. Somebody else may have created it, or put a link there.
 QString whyNotOwn(const QString& folder) {
     const fs::path path = pathOf(folder);
     if (::mkdir(path.c_str(), S_IRWXU) != 0 && errno != EEXIST) {
@@ -70,7 +70,7 @@ bool belongsToLivingProcess(const fs::path& entry) {
     std::error_code error;
     const RegularFile file = RegularFile::openToLock(entry, error);
     if (!file.isOpen()) {
-        return false; // something else than an entry
+        return false; // not an entry
     }
     if (file.tryLock(error)) {
         fs::remove(entry, error);
@@ -79,7 +79,8 @@ bool belongsToLivingProcess(const fs::path& entry) {
     return !error;
 }
 
-/// A folder in which the copies of a scope meet, and its guard; a problem where it cannot be had.
+/// A folder in which the copies of a scope find each other, with its guard; `problem` if it cannot be
+/// used.
 struct Meeting {
     QString folder;
     std::unique_ptr<FileLock> guard;
@@ -102,7 +103,7 @@ Meeting meetingIn(const QString& place, const QString& name, std::chrono::millis
     return meeting;
 }
 
-/// Those that can be had; the reasons of the others.
+/// The usable folders; the reasons against the others.
 std::vector<Meeting> meetings(const QString& name, std::chrono::milliseconds patience,
                               QStringList& problems) {
     std::vector<Meeting> found;

@@ -9,18 +9,18 @@
 
 namespace ocuva {
 
-/// Makes this process known as a running copy for as long as the object lives. A copy that was killed is not
-/// counted: the system has freed its lock. Two copies that start at the same moment see each other in turn,
-/// so exactly one of them is the first.
+/// Registers this process as a running copy for the life of the object. A copy that was killed does not
+/// count: the system has released its lock. Two copies that start at the same moment see each other in
+/// turn, so exactly one of them is the first.
 ///
-/// Where the system has no names of a logon's own, copies meet in folders that belong to the user alone and
-/// that nobody else may write: below the user's runtime folder and in the folder for temporary files. They
-/// are known in each of them that can be had, so that copies of sessions with different surroundings find
-/// each other too. What is not the user's own folder is not used.
+/// Where the system has no names per logon session, copies find each other in folders that belong to the
+/// user and that nobody else may write: below the user's runtime folder and in the temporary folder. They
+/// register in each usable one, so that copies of different sessions find each other too. A folder that is
+/// not the user's own is not used.
 class RunningCopies {
 public:
-    /// `scope` tells apart what may run side by side: the data folder that the copies work on. Waits for a
-    /// copy that is just looking, but no longer than `patience` in each folder.
+    /// `scope` separates copies that may run at the same time: the data folder that they use. Waits for a
+    /// copy that is just checking, at most for `patience` in each folder.
     explicit RunningCopies(const QString& scope,
                            std::chrono::milliseconds patience = std::chrono::seconds(5));
     ~RunningCopies();
@@ -30,8 +30,7 @@ public:
     /// Whether another copy was running when this one began.
     bool anotherWasRunning() const { return m_anotherWasRunning; }
 
-    /// Why nobody knows that this copy runs, nor it of others: a sentence that says what to do. Empty when
-    /// all is well.
+    /// Why copies cannot find each other: a sentence that says what to do. Empty if they can.
     const QString& problem() const { return m_problem; }
 
     /// From now on this copy can be woken.
@@ -44,7 +43,7 @@ public:
 
 private:
     struct Entry; // a lock file, and on Windows a named mutex of the logon
-    /// What is known of the other copies at one moment.
+    /// The state of the other copies at one moment.
     struct Others {
         bool run = false;
         bool start = false; // one of them has not started up yet

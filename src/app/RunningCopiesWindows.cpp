@@ -51,7 +51,8 @@ RunningCopies::RunningCopies(const QString& scope, std::chrono::milliseconds pat
 }
 
 RunningCopies::Others RunningCopies::look(Enter enter) {
-    // A copy makes its start known before itself, so that nobody sees it running and takes it for started.
+    // A copy announces its start before itself, so that nobody takes a running copy for one that has
+    // started up.
     auto start = std::make_unique<Entry>(startName(m_scope));
     auto entry = std::make_unique<Entry>(mutexName(m_scope));
     const Others others{entry->wasThere, start->wasThere};

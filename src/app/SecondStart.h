@@ -1,5 +1,5 @@
 #pragma once
-// What a start does that finds another copy running, when nobody hears it.
+// What a second start does if the running copy does not respond.
 
 #include "hostlink/Host.h"
 
@@ -7,8 +7,8 @@
 
 namespace ocuva {
 
-/// Sends the wake again and again until a copy takes it: the other one may still be starting. False when none
-/// has within the patience.
+/// Repeats the wake-up until a copy receives it, because that copy may still be starting. False if none
+/// has within `patience`.
 bool wakeWithin(TnOcuva& ocuva, std::chrono::milliseconds patience);
 
 } // namespace ocuva

@@ -14,13 +14,13 @@ class QWidget;
 
 namespace ocuva {
 
-/// Takes the main window with the program's other windows off the screen and brings them back, and makes sure
-/// of it as WindowOnScreen says. A window that comes back is in front of the others and has the keys.
-/// User-interface thread.
+/// Hides the main window with the program's other windows and brings them back, and ensures that the
+/// window system does it (WindowOnScreen). A window that comes back is in front of the others and has the
+/// focus. User-interface thread.
 class SleepingWindow final : private WindowHands {
 public:
-    /// The window outlives it. `applyState` gives the window its normal or minimised state. `givenUp` is
-    /// called when the window system has not done what was requested.
+    /// The window outlives it. `applyState` sets the normal or minimised state. `givenUp` is called if the
+    /// window system has not carried out a request.
     SleepingWindow(QWidget& window, std::function<void(bool minimised)> applyState,
                    std::function<void()> givenUp);
 

@@ -1,6 +1,6 @@
 #pragma once
-// What the main window does with standards: the drop-down of the Stage button, choosing a file, driving to a
-// standard, and the move dialog that all of it goes through.
+// The main window's operations on standards: the drop-down of the Stage button, choosing a file, driving
+// to a standard, and the move dialog that all of this uses.
 
 #include "app/toolbar/MainToolbar.h"
 #include "standards/StandardList.h"
@@ -12,9 +12,9 @@
 
 namespace ocuva {
 
-/// What it needs; everything outlives it.
+/// Its surroundings; everything outlives it.
 struct StandardsContext {
-    /// Where the list is kept and shown, and what moves the stage.
+    /// The list, its display, and the stage.
     ///@{
     TnReg& reg;
     TnLibProxy& libProxy;
@@ -23,7 +23,7 @@ struct StandardsContext {
     ///@}
     QWidget& window;                            ///< owns the dialogs
     std::function<void(const QString&)> report; ///< shows an error
-    /// Asks for the file of a standard in a folder; empty when the operator cancels.
+    /// Asks for the file of a standard in a folder; empty if the operator cancels.
     std::function<QString(const QString& folder)> chooseFile;
     std::filesystem::path unfinishedList = {}; ///< the program's own file for a list that is being stored
 };
@@ -35,17 +35,18 @@ public:
     explicit Standards(const StandardsContext& context);
     ~Standards();
 
-    /// Opens the move dialog beside the window, showing where the stage stands.
+    /// Opens the move dialog next to the window, with the stage position.
     void openMoveDialog();
 
-    /// Lets the operator choose a standard, appends it to the list, rebuilds the drop-down and, with moveNow,
-    /// drives there. False when he cancels, or when the name is too long for the list, which is reported.
+    /// Lets the operator choose a standard, appends it to the list, rebuilds the drop-down and, with
+    /// moveNow, drives there. False if he cancels, or if the name is too long for the list, which is
+    /// reported.
     bool AddStandard(bool moveNow);
 
     /// Rebuilds the drop-down of the Stage button. A name that is stored twice has one item.
     void FillStageMenu();
 
-    /// Drives to a standard; nothing happens when the host cannot tell where it is.
+    /// Drives to a standard; nothing happens if the host does not know its position.
     void goTo(const std::string& name);
 
     /// Closes the move dialog.

@@ -26,7 +26,7 @@ StatusPanel::StatusPanel(const QString& key, const QString& toolTip, QWidget* pa
     setToolTip(toolTip);
     setAccessibleName(toolTip);
     setTextFormat(Qt::PlainText);
-    setFocusPolicy(Qt::TabFocus); // a click leaves the focus where one works
+    setFocusPolicy(Qt::TabFocus); // a click does not take the focus
 }
 
 void StatusPanel::setText(const QString& text) {
@@ -147,7 +147,7 @@ StatusBar::StatusBar(QWidget* parent)
             panel->setCaption(key);
             addWidget(panel);
         } else {
-            // It takes what room there is, and never makes the window wider.
+            // It uses the available room and never makes the window wider.
             panel->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
             panel->setMinimumHeight(heightOfTwoLines(panel->font()));
             connect(panel, &StatusPanel::clicked, this, &StatusBar::informationClicked);

@@ -18,11 +18,11 @@ public:
     /// The key is its object name; the tooltip is its name for screen readers too.
     StatusPanel(const QString& key, const QString& toolTip, QWidget* parent);
 
-    /// Tells screen readers too, which read a panel by what it is and not by what it says.
+    /// Also informs screen readers, which read a panel's name and not its text.
     void setText(const QString& text);
 
-    /// A letter at the left end of the panel, which belongs to the panel like the rest of it; the text goes
-    /// to the right end, and the panel has room for the longest position. text() stays what it is.
+    /// A letter at the left end of the panel, which belongs to it. The text is then at the right end, and
+    /// the panel has room for the longest position. text() does not change.
     void setCaption(const QString& caption);
 
     /// A round lamp of that colour before the text.
@@ -33,7 +33,7 @@ public:
     /// Whether all of a text would be shown.
     bool hasRoomFor(const QString& text) const;
 
-    /// Shows another text in place of its own for as long as it is not empty; text() stays what it is.
+    /// Shows another text in place of its own as long as it is not empty; text() does not change.
     void setTip(const QString& tip);
     /// Empty while it shows its own text.
     const QString& tip() const { return m_tip; }

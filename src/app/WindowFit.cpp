@@ -44,7 +44,7 @@ void WindowFit::stop() {
 }
 
 void WindowFit::imageSized() {
-    m_reduction = 0; // the board has just been told the zoom
+    m_reduction = 0; // the board has just received the zoom
     if (m_started) {
         m_tSized.start();
     }
@@ -63,7 +63,7 @@ bool WindowFit::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::Show:
             watchScreen();
             m_tSized.start();
-            m_tLetGo.start(); // by then the window system has told how wide the frame is
+            m_tLetGo.start(); // by then the window system has reported the frame's width
             break;
         case QEvent::Resize:
         case QEvent::WindowStateChange:
@@ -119,7 +119,7 @@ PixelSize WindowFit::around() const {
     return {pixelsX(m_context.sizing.aroundImageX()), pixelsY(m_context.sizing.aroundImageY())};
 }
 
-// What the image needs is more than the window has: better stretched than cut off.
+// The image does not fit into the window: stretching it is better than cutting it.
 void WindowFit::fitMaximised() {
     const QSize window = m_context.window.size();
     const QSize display = m_context.display.size();
@@ -143,14 +143,14 @@ void WindowFit::fitNormal() {
         fittedWindow({picture(), sizeOf(window.size()), around(), sizeOf(room), m_before});
     const QSize wanted(fitted.width, fitted.height);
     const auto asked = std::pair(window.size(), wanted);
-    // A window system that insists on another size is not asked for the same one twice.
+    // If the window system refuses a size, the same size is not requested again.
     if (wanted == window.size()) {
         m_asked.reset();
     } else if (m_asked != asked) {
         m_asked = asked;
         window.resize(wanted);
     }
-    // Before it is exposed, the window system has not said where the window is.
+    // Before it is exposed, the window system has not reported the place of the window.
     const QWindow* handle = window.windowHandle();
     if (window.isVisible() && handle != nullptr && handle->isExposed()) {
         bringOnScreen();

@@ -1,6 +1,6 @@
 #pragma once
-// Keeps the main window within its screen and in the camera's proportions, once the operator has let go of
-// it, and tells the board by how much it may reduce the picture.
+// Keeps the main window within its screen and in the camera's proportions once the operator has let go of
+// it, and tells the board the possible reduction.
 
 #include "display/MonitorFit.h"
 
@@ -14,14 +14,14 @@
 
 namespace ocuva {
 
-/// What the fit needs of the main window; everything outlives it.
+/// The parts of the main window that the fit uses; everything outlives it.
 struct WindowFitContext {
     QWidget& window;             ///< the main window
     const QWidget& display;      ///< milDisp
-    const MonitorSizing& sizing; ///< the picture's size, and what the window has around the display
+    const MonitorSizing& sizing; ///< the picture's size, and the window's parts around the display
     /// Sizes the image from the window, as after a resize by the operator.
     std::function<void()> fillWindow;
-    /// Asks the board for the picture reduced so many times.
+    /// Requests this reduction from the board.
     std::function<void(Integer)> askBoard;
     std::function<void(const QString&)> log; ///< one line in the host's log
 };
@@ -45,7 +45,7 @@ public:
 
     /// The program has sized the image: the fit follows as soon as the event loop runs.
     void imageSized();
-    /// The board was told by somebody else to reduce as the zoom says.
+    /// Another class has set the board's reduction to that of the zoom.
     void boardReducesAsZoomSays();
 
 protected:
@@ -70,7 +70,7 @@ private:
     bool m_started = false;
     PixelSize m_before;                              // the display as it was settled last
     std::optional<std::pair<QSize, QSize>> m_asked;  // from which size to which, last
-    Integer m_reduction = 0;                         // what the board was asked for; 0: as the zoom says
+    Integer m_reduction = 0;                         // requested from the board; 0: that of the zoom
     std::optional<std::pair<Long, Long>> m_reported; // the implausible size that was logged
 };
 

@@ -24,7 +24,8 @@ namespace {
 constexpr Long designBottomMargin = 180;
 constexpr Long designWindowWidth = 8190;
 
-// Where the program keeps a list of standards while it is being stored; nowhere without a folder of its own.
+// The file that keeps a list of standards while it is being stored; none without a folder of the program's
+// own.
 std::filesystem::path unfinishedListFile(const std::filesystem::path& ownFolder) {
     return ownFolder.empty() ? ownFolder : ownFolder / "standards.unfinished";
 }

@@ -51,9 +51,9 @@ class frmSetup;
 class frmSplash;
 class WindowPlace;
 
-/// What the main window needs of the world; everything outlives it.
+/// The surroundings of the main window; everything outlives it.
 struct MainWindowContext {
-    /// What stands behind the seam, and what the process is doing.
+    /// The host, and the state of the process.
     ///@{
     Host& host;
     DisplayWindows& displayWindows;
@@ -64,8 +64,8 @@ struct MainWindowContext {
     QString windowTitle;                  ///< says so when the host is simulated
     std::function<void()> endProcess;     ///< the last step of the exit operation
     int minuteMs = modServer::idleTickMs; ///< a minute of the idle clock, in milliseconds on the wall
-    JournalSink journal = {};             ///< told what is done to the instrument
-    ReportSurroundings report = {};       ///< what a packed report tells of the start
+    JournalSink journal = {};             ///< receives the actions on the instrument
+    ReportSurroundings report = {};       ///< for a packed report, from the start of the program
 };
 
 /// One for the life of the process. It owns board, image, stage and all dialogs. User-interface thread.
@@ -120,7 +120,7 @@ public:
 
     /// Runs a command as its menu item, shortcut or toolbar key does.
     void run(const Command& chosen);
-    /// What the commands do that are named in them.
+    /// The actions of the commands of the same names.
     ///@{
     void mnuAcq_Click();
     void mnuZoom_Click();
@@ -140,9 +140,10 @@ public:
     ///@}
     /// Its MoveEnd is handled here.
     CTnStage& cxsStage() override { return m_stage; }
-    /// When the move has ended, the information panel names the first axis that is not where it was sent.
+    /// When the move has ended, the information panel names the first axis that has not reached its
+    /// target.
     void farMoveStarted(Long x, Long y, Long z) override;
-    /// Keeps pointer and keys away for as long as what it returns lives.
+    /// Blocks pointer and keys for the life of the returned object.
     ///@{
     std::shared_ptr<void> holdInput() override { return holdInput(QString()); }
     std::shared_ptr<void> holdInput(const QString& what) override;
@@ -161,16 +162,16 @@ public:
     /// The images that the toolbar chooses from: small and large, plain, under the pointer, disabled.
     const ToolbarImageLists imageLists;
 
-    /// Asks for the file of a standard; the common open-file dialog unless set otherwise.
+    /// Asks for the file of a standard; by default the common open-file dialog.
     std::function<QString(const QString& folder)> chooseStandard;
     /// Ask for the file of a picture; the common dialogs unless set otherwise.
     ///@{
     std::function<QString(const QString& folder)> choosePictureToOpen;
     std::function<QString(const QString& folder)> choosePictureToSave;
     ///@}
-    /// Asks what to do about what a save would lose or write wrongly; a message box unless set otherwise.
+    /// Asks what to do if a save would lose data or write a wrong description; by default a message box.
     std::function<DescriptionChoice(const SaveQuestion&)> askBeforeSave;
-    /// Asks for the file of a report, suggesting one; the common save dialog unless set otherwise.
+    /// Asks for the file of a report, suggesting one; by default the common save dialog.
     std::function<QString(const QString& suggested)> chooseReport;
 
     /// The controls and timers, by their names.
@@ -222,13 +223,13 @@ private:
 
     /// Runs a handler with the input held; an error that leaves it is shown by the general error report.
     void guarded(const std::function<void()>& handler);
-    /// As guarded, for what the host asks for: an error goes to the log alone. Nobody may be there to answer
-    /// a box, and the host's next message must not wait for one.
+    /// Like guarded, for requests of the host: an error goes to the log only. Nobody may be there to
+    /// answer a box, and the host's next message must not wait for an answer.
     void guardedForHost(const std::function<void()>& handler);
     void log(const QString& line);
     void logError(const QString& text);
     void reportError(const QString& text);
-    /// Where a box belongs that answers what the operator just did: over the dialog in use, if there is one.
+    /// The parent of a message box about the operator's last action: the dialog in use, if there is one.
     QWidget* frontWindow();
     void imageChanged();
     std::optional<Magnification> shownMagnification() const;
@@ -240,7 +241,7 @@ private:
     void makeWatches();
     bool cameraImageIsSeen() const;
     std::optional<ShownScale> scaleOf(const QSize& picture) const;
-    /// What is on the monitor, by what the panels say: no host is asked.
+    /// The view on the monitor according to the panels; no host call is made.
     CalibrationView shownView() const;
     void showCalibration();
     PictureOnStageContext calibrationContext();

@@ -1,4 +1,4 @@
-// What the calibration needs of the main window.
+// The main window's part of the calibration.
 
 #include "app/frmOcuva.h"
 #include "setup/frmSetup.h"
@@ -52,7 +52,7 @@ void frmOcuva::takeOver(const CalibrationField& field) {
     m_settings.writeView(view);
     DrawMicroMarker();
     if (m_frmSetup != nullptr && m_frmSetup->isVisible()) {
-        m_frmSetup->close(); // it shows what was before; opened again it shows what is now
+        m_frmSetup->close(); // it shows old values; opened again it shows the current ones
     }
 }
 

@@ -146,7 +146,7 @@ void frmOcuva::setWindowSize(Long width, Long height) {
 }
 
 Long frmOcuva::displayHandle() const {
-    m_fit->boardReducesAsZoomSays(); // whoever asks for the handle hands the display over
+    m_fit->boardReducesAsZoomSays(); // the handle is requested for a display hand-over
     return m_panels->milDisp->hWnd();
 }
 
@@ -322,7 +322,7 @@ void frmOcuva::changeEvent(QEvent* event) {
 
 bool frmOcuva::event(QEvent* event) {
     if (event->type() == QEvent::StatusTip) {
-        // A message of the status bar would hide where the stage stands; only the last panel lends its room.
+        // A message of the status bar would hide the stage position; only the last panel lends its room.
         sbMain->panel(QStringLiteral("Info"))->setTip(static_cast<QStatusTipEvent*>(event)->tip());
         return true;
     }
@@ -335,8 +335,8 @@ void frmOcuva::applyWindowState(ServerWindow::State state) {
 
 void frmOcuva::noteWindowState(bool minimised) {
     if (minimised) {
-        // Only noted: the window is hidden next, and a window system that were asked to minimise it would
-        // answer late, perhaps after a wake that it would undo.
+        // Only stored: the window is hidden next, and a window system asked to minimise it would answer
+        // late, perhaps after a wake-up that it would undo.
         overrideWindowState(Qt::WindowMinimized);
     } else {
         setWindowState(Qt::WindowNoState);
@@ -350,7 +350,7 @@ void frmOcuva::hideWindow() { m_sleeping.layDown(); }
 void frmOcuva::enableIdleTimer(bool on) {
     if (!on) {
         tServerCheckIdle->stop();
-    } else if (!tServerCheckIdle->isActive()) { // a minute that has begun goes on
+    } else if (!tServerCheckIdle->isActive()) { // a running minute continues
         tServerCheckIdle->start();
     }
 }

@@ -17,7 +17,7 @@ public:
     /// From now on every opening shows the OK button.
     void EnableOkButton();
 
-    /// Shows the window at once, painted, in front of the others, without waiting for the message loop.
+    /// Shows and paints the window in front of the others, without waiting for the message loop.
     void showAndRepaint();
 
     /// As about box: modal to that window until the user closes it.

@@ -1,4 +1,4 @@
-// The composition root: chooses the host that stands behind the seam, and starts the program on it.
+// The composition root: chooses the host and starts the program with it.
 
 #include "app/Appearance.h"
 #include "app/HostChoice.h"
@@ -88,8 +88,8 @@ std::string timeNow() {
     return now.toOffsetFromUtc(now.offsetFromUtc()).toString(Qt::ISODateWithMs).toStdString();
 }
 
-/// A start that found another copy, and woke it or not. A copy that nobody can reach must not make every
-/// further start end without a word.
+/// Ends a start that found another copy. If that copy does not respond, the start must not end without an
+/// explanation.
 int endAsSecond(Host& host, bool taken, bool serverMode) {
     constexpr std::chrono::seconds patience{15}; // a start takes no longer, on the slowest of machines
     if (serverMode || taken || wakeWithin(host.tn_ocuva(), patience)) {

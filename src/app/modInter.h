@@ -11,23 +11,23 @@
 
 namespace ocuva {
 
-/// What the start needs of the world; everything outlives it.
+/// The surroundings of the start; everything outlives it.
 struct StartContext {
-    /// What stands behind the seam.
+    /// The host.
     ///@{
     Host& host;
     DisplayWindows& displayWindows;
     Automation& automation;
     ///@}
     std::string commandLine;                    ///< the words after the program's name, as they were typed
-    std::function<bool()> anotherCopyIsRunning; ///< asked once, after the command line has been scanned
+    std::function<bool()> anotherCopyIsRunning; ///< called once, after the command line has been scanned
     QString windowTitle;                        ///< says so when the host is simulated
     std::function<void()> endProcess;           ///< the last step of the exit operation
     int minuteMs = modServer::idleTickMs;       ///< a minute of the idle clock, in milliseconds on the wall
-    JournalSink journal = {};                   ///< told what is done to the instrument
-    ReportSurroundings report = {};             ///< what a packed report tells of the start
-    /// Called before another copy is woken: waits until it can be. False when none is left, so that this one
-    /// starts; without this function it can be woken at once.
+    JournalSink journal = {};                   ///< receives the actions on the instrument
+    ReportSurroundings report = {};             ///< for a packed report, from the start of the program
+    /// Called before another copy is woken: waits until that is possible. False if no copy is left, so
+    /// that this one starts; without this function a copy can be woken at once.
     std::function<bool()> otherCopyIsUp = {};
     /// Called when the start is complete: this copy can be woken from now on.
     std::function<void()> startedUp = {};
@@ -40,8 +40,8 @@ public:
     explicit modInter(const StartContext& context);
     ~modInter();
 
-    /// Starts the program. False when this copy has nothing to do, because another one runs: the process ends
-    /// at once.
+    /// Starts the program. False if this copy has nothing to do because another one is running: the
+    /// process then ends.
     bool Main();
 
     /// There once Main has returned true; the flags before, too.
@@ -52,7 +52,7 @@ public:
     ///@}
 
 private:
-    /// Whether another copy is there to go on instead of this one; woken already where it has to be.
+    /// Whether another copy takes over; it has been woken if necessary.
     bool leaveItToAnotherCopy();
 
     StartContext m_context;

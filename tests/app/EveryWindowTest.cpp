@@ -1,5 +1,4 @@
-// What holds for every window of the program: it can be read aloud, worked with the keyboard alone, and it
-// stands where it was left.
+// Requirements on every window of the program: screen readers, keyboard operation, and remembered places.
 
 #include "controls/WindowPlace.h"
 #include "tests/app/EveryWindowRig.h"

@@ -1,4 +1,4 @@
-// One deed of the operator is one action, and what the panel says about it is true.
+// Each action of the operator is carried out once, and the panel describes it correctly.
 
 #include "display/TwipsGeometry.h"
 #include "setup/frmSetup.h"

@@ -1,4 +1,4 @@
-// What the program tells an operator about what he can do next.
+// The program's hints on the operator's next step.
 
 #include "tests/support/WindowRig.h"
 
@@ -36,7 +36,7 @@ struct NextStep : WindowRig {
         host.calls.clear();
         return *dialog;
     }
-    // Presses a Z button and lets its move be watched for as many ticks as the stage moves, and one more.
+    // Presses a Z button and watches its move for as many ticks as the stage moves, and one more.
     void stepZ(int ticksMoving) {
         window().upDown().cmdUp[0]->click();
         window().tStageMove->stop();

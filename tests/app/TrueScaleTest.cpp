@@ -1,5 +1,5 @@
-// What the window says of its scale is true: the magnification that the host has, the proportions of the
-// picture, its size on the screen.
+// The window shows its scale correctly: the host's magnification, the proportions of the picture, its size
+// on the screen.
 
 #include "display/MicroMarkerPanel.h"
 #include "tests/support/WindowRig.h"

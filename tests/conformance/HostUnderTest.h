@@ -1,5 +1,5 @@
 #pragma once
-// What any host behind the seam must do, whoever wrote it. Add a host by adding a row to hostsUnderTest().
+// The requirements on any host. Add a host by adding a row to hostsUnderTest().
 
 #include "hostlink/Host.h"
 
@@ -73,7 +73,7 @@ private:
     std::vector<char> m_bytes;
 };
 
-/// Calls a function that fills a text buffer with every size from 0 to more than the text needs, and expects
-/// at each size what the boundary promises: nothing beyond the buffer, a cut and not a refusal, and a NUL
-/// where there is room.
+/// Calls a function that fills a text buffer with every size from 0 to more than the text needs, and
+/// checks the contract for each size: nothing beyond the buffer, truncation instead of refusal, and a NUL
+/// if there is room.
 void expectBoundedText(const std::string& text, const std::function<TarnLong(char*, TarnLong)>& fill);

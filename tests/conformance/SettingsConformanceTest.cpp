@@ -23,14 +23,14 @@ protected:
     }
 };
 
-// Guards against a host that makes up values of its own for keys that nobody has written.
+// Guards against a host that invents values for missing keys.
 TEST_P(SettingsConformance, AnAbsentKeyGivesTheCallersDefault) {
     EXPECT_EQ(getInt("No such section", "No such key", -77), -77);
     EXPECT_EQ(getString("No such section", "No such key", "mine"), "mine");
     EXPECT_EQ(host().tn_reg().TarnRegisterGetInt("A", "B", 5, "TARN"), 5);
 }
 
-// Guards against writes that are kept until some later moment: the set-up dialog reads back what it wrote.
+// Guards against delayed writes: the set-up dialog reads its values back at once.
 TEST_P(SettingsConformance, AWrittenValueIsReadAtOnce) {
     EXPECT_NE(set("Configuration", "Some number", "42"), 0);
     EXPECT_EQ(getInt("Configuration", "Some number", 0), 42);
@@ -94,7 +94,7 @@ TEST_P(SettingsConformance, ASectionIsCountedAndListedFromOne) {
     });
 }
 
-// Guards against a log that ends the program it is to help: whatever the line is, the call returns.
+// Guards against a log call that ends the program: the call returns for any line.
 TEST_P(SettingsConformance, TheLogTakesAnyLine) {
     const std::string longLine(100000, 'x');
     for (const char* line :

@@ -44,7 +44,7 @@ private:
     }
 };
 
-// Guards against limits that shut the stage up or lie about where it stands.
+// Guards against limits that exclude the stage's own position.
 TEST_P(StageConformance, EveryAxisIsInsideItsLimits) {
     for (const TarnLong axis : axes) {
         EXPECT_LT(lower(axis), upper(axis));
@@ -67,8 +67,8 @@ TEST_P(StageConformance, ALoadedMoveWaitsForItsStart) {
     }
 }
 
-// Guards against an end of move that is told before the axis stands: the read-outs would show a place on the
-// way.
+// Guards against an end of move that is reported too early: the panels would show an intermediate
+// position.
 TEST_P(StageConformance, TheStatusSaysMovingUntilTheTargetIsReached) {
     const TarnLong target = at(1) + 2000;
     stage().TarnLoadStageRelSecure(1, 2000.0F);
@@ -80,7 +80,7 @@ TEST_P(StageConformance, TheStatusSaysMovingUntilTheTargetIsReached) {
     EXPECT_EQ(at(1), target);
 }
 
-// Guards against waits that never end: the Z buttons ask in a loop that does nothing else.
+// Guards against waits that never end: the Z buttons poll the status in a loop.
 TEST_P(StageConformance, ALoopThatOnlyAsksForTheStatusEnds) {
     stage().TarnLoadStageRelSecure(3, 10.0F);
     stage().TarnStartStage(3);
@@ -89,7 +89,7 @@ TEST_P(StageConformance, ALoopThatOnlyAsksForTheStatusEnds) {
     EXPECT_FALSE(moving(3));
 }
 
-// Guards against a start of nothing that is taken for a move.
+// Guards against a start without a loaded move that counts as a move.
 TEST_P(StageConformance, AStartWithNothingLoadedReturnsZero) {
     EXPECT_EQ(stage().TarnStartStage(0), 0);
     for (const TarnLong axis : axes) {
@@ -147,8 +147,8 @@ TEST_P(StageConformance, InvalidDistancesAreRefused) {
     EXPECT_EQ(stage().TarnStartStage(1), 0);
 }
 
-// Guards against a place typed, or clicked on the image, during a move that the stage then misses: the
-// program counts the distance from where it has just read, or seen, that the stage is.
+// Guards against missing a position that is typed or clicked during a move: the program computes the
+// distance from a position just read or an image just shown.
 TEST_P(StageConformance, ARelativeMoveOfAMovingAxisCountsFromWhereItIs) {
     constexpr TarnLong readLate = 300; // units that an axis may go between the read and the load
     const TarnLong wanted = at(1) - 1000;
@@ -161,7 +161,7 @@ TEST_P(StageConformance, ARelativeMoveOfAMovingAxisCountsFromWhereItIs) {
     EXPECT_NEAR(at(1), wanted, readLate);
 }
 
-// Guards against the read of a wrong axis, or a crash, on a code that is none.
+// Guards against reading a wrong axis, or a crash, with an invalid axis code.
 TEST_P(StageConformance, UnknownAxesAreRefused) {
     for (const TarnLong axis : {-1, 4, 1000}) {
         TarnLong a = 11;

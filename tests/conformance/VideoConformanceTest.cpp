@@ -198,7 +198,7 @@ TEST_P(VideoConformance, StatisticsCountEveryPixelOfTheBuffer) {
     EXPECT_LE(found.variance, 255.0 * 255.0 / 4.0 + 1.0);
 }
 
-// Guards against figures that move while the picture stands.
+// Guards against statistics that change while the picture does not.
 TEST_P(VideoConformance, StatisticsOfAHaltedPictureStayTheSame) {
     bringUp();
     grabForAWhile();

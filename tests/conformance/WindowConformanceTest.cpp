@@ -1,5 +1,5 @@
-// The program's window on each host: what the operator does reaches the host, and what he reads is the
-// host's.
+// The program's window with each host: the operator's actions reach the host, and the display shows the
+// host's values.
 
 #include "app/modInter.h"
 #include "tests/conformance/HostUnderTest.h"

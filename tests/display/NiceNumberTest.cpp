@@ -8,8 +8,8 @@ using namespace ocuva;
 
 namespace {
 
-// The rule once more, from the decimal text: the leading digit chooses from a table, and every further digit
-// is a nought.
+// The rule computed from the decimal text: the leading digit chooses from a table, and all further digits
+// become zeros.
 Integer byTheTable(int value) {
     static constexpr const char* digits[]{"1", "1", "2", "2", "5", "5", "5", "5", "10", "10"};
     std::string text = std::to_string(value);

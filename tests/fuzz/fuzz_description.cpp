@@ -23,7 +23,7 @@ std::string bare(std::string_view text) {
     return result;
 }
 
-/// Numbers may come with noughts in front or as "-0"; everything else is one way only.
+/// Numbers may have leading zeros or be "-0"; everything else has one form only.
 bool hasOddNumber(std::string_view text) {
     for (std::size_t i = 0; i + 1 < text.size(); ++i) {
         const bool begins = i == 0 || (text[i - 1] < '0' || text[i - 1] > '9');

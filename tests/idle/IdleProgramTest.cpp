@@ -1,6 +1,5 @@
-// A program that nobody uses must leave the machine to the measurement that runs on it: with live off and
-// nothing moving, no timer and no thread of its own wakes it. Counted, not timed: a busy machine changes
-// nothing.
+// An idle program must leave the machine to the running measurement: with live off and nothing moving, no
+// timer or thread of its own wakes it. Counted, not timed, so that a busy machine does not matter.
 
 #include "app/modInter.h"
 #include "hosts/simulated/SimulatedHost.h"

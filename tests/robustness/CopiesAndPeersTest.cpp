@@ -1,4 +1,4 @@
-// Copies of the program find each other, or say that they cannot, whatever somebody put in their way.
+// Copies of the program find each other, or report that they cannot, whatever somebody has planted.
 #include "Planted.h"
 #include "app/KeepingWatch.h"
 #include "app/RunningCopies.h"

@@ -1,5 +1,5 @@
-// A host may claim any number. Whatever it says of its picture, its scale and its stage, the window opens on
-// its screen, soon, with a bounded number of controls, and the log has a sentence about what cannot be.
+// A host may report any number. For any picture size, scale or stage position the window opens on its
+// screen, quickly, with a limited number of controls, and the log names impossible values.
 
 #include "tests/support/WindowRig.h"
 

@@ -1,4 +1,4 @@
-// Names that the program opens by itself stand for pipes, devices, folders and links.
+// The program's own file names refer to pipes, devices, folders and links.
 #include "Planted.h"
 #include "base/FileLock.h"
 #include "base/LineFile.h"

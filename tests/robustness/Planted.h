@@ -1,5 +1,5 @@
 #pragma once
-// Things that an attacker, or an accident, puts where a program expects a file of its own.
+// Objects that an attacker, or an accident, puts in place of a program's file.
 
 #include <chrono>
 #include <csignal>

@@ -27,7 +27,7 @@ private:
 #endif
 };
 
-/// Forgets all that the program keeps in the registry: its toolbar, and where its windows stand.
+/// Removes all of the program's values from the registry: its toolbar and the places of its windows.
 void emptyRegistry();
 
 } // namespace ocuva

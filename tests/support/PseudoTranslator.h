@@ -1,7 +1,7 @@
 #pragma once
-// A language that nobody speaks, to see what becomes of texts in others: each is between square brackets, a
-// third longer, with accents. What is cut off shows no bracket at its end, what is put together from pieces
-// shows two pairs, and what was never given to a translator shows none.
+// An invented language for testing translations: each text is in square brackets, a third longer, with
+// accents. A text that is cut off shows no closing bracket, one composed of pieces shows two pairs, and
+// one that bypasses translation shows none.
 
 #include <QTranslator>
 

@@ -18,7 +18,7 @@ namespace ocuva {
 
 class StubHost;
 
-/// The notifier that StubHost hands out. Nothing travels anywhere: a test delivers what it likes.
+/// The notifier of StubHost. It transports nothing: a test delivers messages itself.
 class StubNotifier final : public Notifier {
 public:
     explicit StubNotifier(StubHost& host);
@@ -46,7 +46,7 @@ struct StubLibraries : TnReg, TnLog, TnLogKeys, TnOcuva, TnLibProxy, TnMicroProx
 /// The functions of StubHost: each writes its call down, and fetches its answer from elsewhere.
 class RecordedLibraries : public StubLibraries {
 public:
-    /// Every call in order with what was passed in, as in `TarnLoadStageRelSecure(3, -25)`; texts are quoted,
+    /// Every call in order with its arguments, as in `TarnLoadStageRelSecure(3, -25)`; texts are quoted,
     /// records and arrays are in braces. The notifier's Subscribe and Send are among them.
     std::vector<std::string> calls;
     /// Runs after a call was written down and before it answers; gets the bare name of the function.

@@ -72,14 +72,14 @@ Notice misuse(const std::string& reason) {
     return {"tarnsend: " + reason + "\nTry: tarnsend --help\n", exitUsage};
 }
 
-/// A whole number not below the smallest; nothing for anything else.
+/// A whole number of at least `smallest`; nothing for any other text.
 std::optional<int> numberFrom(const QString& text, int smallest) {
     bool understood = false;
     const int number = text.toInt(&understood);
     return understood && number >= smallest ? std::optional(number) : std::nullopt;
 }
 
-/// What is wrong with a combination of options; empty for nothing.
+/// The problem with a combination of options; empty if there is none.
 std::string contradiction(const QCommandLineParser& parser, const Options& options) {
     const bool listens = parser.isSet(options.listen);
     const bool hasMessage = !parser.positionalArguments().isEmpty();

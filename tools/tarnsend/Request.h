@@ -1,5 +1,5 @@
 #pragma once
-// What the command line asks tarnsend for.
+// The request on tarnsend's command line.
 
 #include <chrono>
 #include <optional>
@@ -14,8 +14,8 @@ enum ExitCode : int {
     exitDone = 0,
     exitTrouble = 1, ///< the data folder or the bus cannot be used
     exitUsage = 2,
-    exitTimeOut = 3, ///< what was waited for did not come
-    exitNobody = 4,  ///< no program listens: nobody took the message
+    exitTimeOut = 3, ///< the expected message did not arrive
+    exitNobody = 4,  ///< no program listens: nobody received the message
 };
 
 struct Request {

@@ -75,7 +75,7 @@ int fulfil(const Request& request) {
 } // namespace
 
 int main(int argc, char** argv) {
-    // A locale that Qt would rather not see is no news to whoever calls this from a script.
+    // Qt's warning about an unsuitable locale is of no use to scripts.
     const QtMessageHandler usualMessages =
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString&) {});
     const QCoreApplication application(argc, argv);

@@ -39,7 +39,7 @@ private:
 
     QDir m_folder;
     qreal m_roomWidth = 0;
-    QMap<QString, QSize> m_sizes; // empty for those that are not there
+    QMap<QString, QSize> m_sizes; // empty for missing pictures
     QMap<QString, QPixmap> m_fitted;
 };
 

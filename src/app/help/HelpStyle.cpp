@@ -31,7 +31,7 @@ QColor mixed(const QColor& a, const QColor& b, qreal share) {
     return {mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue())};
 }
 
-/// Colours that lie between the ground and the text, so that they fit any palette.
+/// Colours between background and text colour, so that they fit any palette.
 QColor ground(const QPalette& palette, qreal share) {
     return mixed(palette.color(QPalette::Base), palette.color(QPalette::Text), share);
 }

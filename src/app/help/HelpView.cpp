@@ -20,7 +20,7 @@ namespace {
 // Longer lines are hard to read.
 constexpr int widestLineInEms = 46;
 
-// How a heading is named in links: small letters, blanks as hyphens, nothing else but letters and digits.
+// The anchor of a heading in links: small letters, blanks as hyphens, only letters and digits.
 QString anchorOf(const QString& heading) {
     QString anchor;
     for (const QChar c : heading.toLower()) {

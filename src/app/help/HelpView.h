@@ -12,7 +12,7 @@
 
 namespace ocuva {
 
-/// Where the contents of a text lead.
+/// An entry of the table of contents.
 struct Heading {
     int level;    ///< 1 is a chapter
     QString text; ///< as it is read, without marks
@@ -34,11 +34,11 @@ public:
     std::vector<Heading> headings() const;
     /// Brings the heading at that position to the top.
     void scrollToPosition(int position);
-    /// The index of the heading whose text stands at the top of the view; -1 above the first.
+    /// The index of the heading whose section is at the top of the view; -1 above the first.
     int headingAtTop() const;
 
-    /// Marks every place where the text stands, in any letter case, and shows the first from where the view
-    /// is. Returns how many there are; an empty text marks nothing.
+    /// Marks every match of the text, in any letter case, and shows the first one from the current place.
+    /// Returns the number of matches; an empty text marks nothing.
     int search(const QString& text);
     /// Shows the next or the one before, round the ends.
     void step(bool forward);

@@ -1,5 +1,5 @@
 #pragma once
-// The manual in a window of its own: contents on the left, the text on the right, a search above.
+// The window of the manual: contents on the left, the text on the right, a search above.
 
 #include "app/help/HelpView.h"
 #include "app/help/ManualText.h"
@@ -14,17 +14,16 @@
 
 namespace ocuva {
 
-/// Modeless and without a parent, so that it can lie beside the main window or behind it. It remembers size
-/// and place for the user.
+/// Modeless and without a parent, so that it can be next to the main window or behind it. It remembers
+/// size and place for the user.
 class HelpWindow : public QWidget {
     Q_OBJECT
 
 public:
-    /// Opened for the very first time it stands beside that window; null leaves the place to the window
-    /// system.
+    /// Opens next to that window the first time; null leaves the place to the window system.
     HelpWindow(const QDir& manual, const std::vector<KeyRow>& keys, const QWidget* beside = nullptr);
 
-    /// Brings the chapter with that title to the top; without such a chapter the text stays.
+    /// Brings the chapter with that title to the top; without such a chapter the text does not move.
     void showChapter(const QString& title);
 
     /// The controls: text, contents, the search and how many places it found.

@@ -1,5 +1,5 @@
 #pragma once
-// The text of the help: the manual's pages as they lie in the program's folder, and the page of keys.
+// The text of the help: the manual's pages from the program's folder, and the page of keys.
 
 #include <QDir>
 #include <QString>
@@ -12,7 +12,7 @@ namespace ocuva {
 struct KeyRow {
     QString key;     ///< as the keyboard names it: "Ctrl+S"
     QString command; ///< without access letter: "Save As"
-    QString menu;    ///< that the command stands in
+    QString menu;    ///< the menu of the command
 };
 
 /// The title of the page of keys.
@@ -21,8 +21,8 @@ QString keysTitle();
 /// A heading and a table in Markdown, one row a command.
 QString keysPage(const std::vector<KeyRow>& keys);
 
-/// Where the manual lies, seen from the folder of the program file: the same in the tree of a build and where
-/// the program is installed.
+/// The manual's folder, relative to the folder of the program file: the same in a build tree and in an
+/// installation.
 QDir manualFolder(const QString& programFolder);
 
 /// The whole help as one Markdown text: the manual, the keys, the chapter for trainers. A page that cannot be

@@ -8,7 +8,7 @@ namespace ocuva {
 
 namespace {
 
-// Where an item keeps the text as it was given, before "&" was doubled for the menu.
+// The property with an item's original text, before "&" was doubled for the menu.
 constexpr char givenText[] = "givenText";
 
 } // namespace
@@ -24,7 +24,7 @@ void ButtonMenus::showEmptyLine() {
 }
 
 void ButtonMenus::clear() {
-    // Deleted later: the list may be cleared by what one of its own items has set off.
+    // Deleted later: an action of one of the items may clear the list.
     for (QAction* item : m_menu->actions()) {
         m_menu->removeAction(item);
         item->deleteLater();

@@ -25,7 +25,7 @@ public:
     /// Of the items, without the greyed line.
     int count() const;
     QString key(int index) const;  ///< empty when there is no such item
-    QString text(int index) const; ///< as given to add; empty when there is no such item
+    QString text(int index) const; ///< as passed to add; empty if there is no such item
 
     /// The menu that shows the list. Typing the beginning of a text goes to
     /// its item. Its triggered signal gives actions whose data() is the item's key.

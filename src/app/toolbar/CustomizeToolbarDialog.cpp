@@ -62,8 +62,7 @@ QMimeData* ButtonList::mimeData(const QList<QListWidgetItem*>& items) const {
     return dragged;
 }
 
-// The base class would take the dragged rows out of the list after a move; here the dialog fills the lists
-// anew.
+// The base class would remove the dragged rows after a move; here the dialog refills the lists.
 void ButtonList::startDrag(Qt::DropActions) {
     const QList<QListWidgetItem*> items = selectedItems();
     if (items.isEmpty()) {
@@ -169,7 +168,7 @@ void CustomizeToolbarDialog::connectControls() {
     connect(lstCurrent, &QListWidget::itemDoubleClicked, cmdRemove, &QPushButton::click);
     connect(lstAvailable, &QListWidget::currentRowChanged, this, &CustomizeToolbarDialog::enableButtons);
     connect(lstCurrent, &QListWidget::currentRowChanged, this, &CustomizeToolbarDialog::enableButtons);
-    // Queued: the lists are filled anew, which must not happen under a drag that is still ending.
+    // Queued: the lists are refilled, which must not happen during a drag that is still ending.
     connect(lstCurrent, &ButtonList::rowDropped, this, &CustomizeToolbarDialog::dropOnCurrent,
             Qt::QueuedConnection);
     connect(lstAvailable, &ButtonList::rowDropped, this, &CustomizeToolbarDialog::dropOnAvailable,

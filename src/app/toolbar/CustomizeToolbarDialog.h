@@ -18,7 +18,7 @@ class ButtonList final : public QListWidget {
     Q_OBJECT
 
 public:
-    /// The name stands in rowDropped of the other list.
+    /// The name is an argument of the other list's rowDropped.
     explicit ButtonList(const QString& name);
 
 Q_SIGNALS:
@@ -34,8 +34,8 @@ protected:
     void dropEvent(QDropEvent* event) override;
 };
 
-/// Works on a copy of the layout and reports every change at once. Nothing is left to confirm: closing only
-/// closes.
+/// Works on a copy of the layout and reports every change at once. There is nothing to confirm; closing
+/// only closes.
 class CustomizeToolbarDialog final : public QDialog {
     Q_OBJECT
 

@@ -119,7 +119,7 @@ void drawSetup(const IconCanvas& canvas, const IconInk& ink, bool) {
     canvas.ring({12, 12}, 3, ink.accent, none);
 }
 
-// Not a button's: what stands for a separator in lists.
+// Not for a button: represents a separator in lists.
 void drawSeparator(const IconCanvas& canvas, const IconInk& ink, bool) {
     canvas.line({12, 4}, {12, 20}, ink.unlit);
 }

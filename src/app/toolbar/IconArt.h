@@ -18,8 +18,8 @@ inline constexpr QLatin1StringView overflowIconKey{"Overflow"};
 /// overflowIconKey.
 QStringList iconKeys();
 
-/// A square transparent image of sizePx (1 or more) device pixels with that icon. `on` gives the image of an
-/// active function where the icon has one. An unknown key gives an empty (fully transparent) image.
+/// A square transparent image of sizePx (1 or more) device pixels with that icon. `on` gives the image of
+/// an active function if the icon has one. An unknown key gives an empty (fully transparent) image.
 QImage drawIcon(const QString& key, bool on, const IconInk& ink, int sizePx);
 
 /// The program's own emblem, an eyepiece with its reticle on a badge; it does not follow the palette.

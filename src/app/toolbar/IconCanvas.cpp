@@ -22,7 +22,7 @@ IconCanvas::IconCanvas(QPainter& painter, int sizePx)
     m_painter.setRenderHint(QPainter::Antialiasing);
 }
 
-// The middle of an outline lies between two pixels when its width is even and on a pixel when it is odd.
+// The middle of an outline is between two pixels if its width is even, and on a pixel if it is odd.
 qreal IconCanvas::snapped(qreal units) const {
     const qreal px = units * m_pxPerUnit;
     return m_strokePx % 2 == 0 ? std::round(px) : std::floor(px) + 0.5;

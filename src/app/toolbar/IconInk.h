@@ -17,7 +17,7 @@ enum class IconLook {
 struct IconInk {
     QColor line;       ///< outlines
     QColor body;       ///< faint filling of outlined shapes (translucent)
-    QColor accent;     ///< the part of the motif that says what the button does
+    QColor accent;     ///< the part of the motif that shows the button's function
     QColor accentBody; ///< filling of shapes whose function is active (translucent)
     QColor unlit;      ///< a lamp that is off
     QColor lit;        ///< a lamp that is on

@@ -52,7 +52,7 @@ struct ToolbarImageLists {
     ///@}
 };
 
-/// Which item of the arrays the setting "LargeIcons" asks for: 0 for zero, 1 for any other value.
+/// The item of the arrays for the setting "LargeIcons": 0 for zero, 1 for any other value.
 constexpr std::size_t imageListItem(Long largeIcons) { return largeIcons != 0 ? 1 : 0; }
 
 } // namespace ocuva

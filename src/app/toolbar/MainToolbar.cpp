@@ -168,13 +168,13 @@ void MainToolbar::customize() {
     dialog->open();
 }
 
-// All items are made anew, so that the order in which Tab visits them is their order on the bar.
+// All items are created again, so that Tab visits them in their order on the bar.
 void MainToolbar::showLayout() {
     m_drag.cancel();
     const QWidget* const focused = focusWidget();
     const QString focusedKey = focused != nullptr && focused->hasFocus() ? focused->objectName() : QString();
     for (QAction* shown : actions()) {
-        // It lives on until the next turn of the event loop; nobody shall find it by its name meanwhile.
+        // It exists until the next turn of the event loop; it must not be found by its name meanwhile.
         widgetForAction(shown)->setObjectName(QString());
     }
     clear();
@@ -226,7 +226,7 @@ void MainToolbar::contextMenuEvent(QContextMenuEvent* event) {
 }
 
 void MainToolbar::mouseDoubleClickEvent(QMouseEvent* event) {
-    // A disabled button lets the double click through, yet it is no empty place.
+    // A disabled button passes the double-click on, but it is not an empty place.
     const QWidget* const under = childAt(event->position().toPoint());
     if (event->button() == Qt::LeftButton && qobject_cast<const QToolButton*>(under) == nullptr) {
         customize();

@@ -15,13 +15,13 @@
 
 namespace ocuva {
 
-/// The buttons in an order of the user's choice. Buttons are addressed by key. A
-/// button that the user has taken off the bar keeps its value, enabled state and menu and comes back with
-/// them. A key that names no button changes nothing and is warned of in the log.
+/// The buttons in the user's order. Buttons are addressed by key. A button that the user has removed keeps
+/// its value, enabled state and menu, and comes back with them. A key without a button changes nothing and
+/// causes a warning in the log.
 ///
-/// The user rearranges the bar with Shift+drag or Alt+drag, with the context menu, or in the dialog that a
-/// double click beside the buttons opens. The arrow keys, Home and End go from button to button, Space and
-/// Enter click, Down opens the drop-down. Buttons that find no room are in the menu of the chevron at the
+/// The user rearranges the bar by dragging with Shift or Alt, with the context menu, or in the dialog that
+/// a double-click next to the buttons opens. The arrow keys, Home and End go from button to button, Space
+/// and Enter click, Down opens the drop-down. Buttons without room are in the menu of the chevron at the
 /// end.
 class MainToolbar final : public QToolBar {
     Q_OBJECT
@@ -60,7 +60,7 @@ public:
     /// names no button. Does not emit customized.
     bool restoreLayout(const QString& text);
 
-    /// What is on the bar.
+    /// The buttons on the bar.
     const ToolbarLayout& buttonLayout() const { return m_layout; }
 
 public Q_SLOTS:

@@ -11,7 +11,7 @@ namespace ocuva {
 enum class ButtonStyle {
     Push,     ///< acts on a click
     Check,    ///< stays pressed while its function is active
-    Dropdown, ///< acts on a click and carries a drop-down menu beside it
+    Dropdown, ///< acts on a click and has a drop-down menu
     Separator
 };
 

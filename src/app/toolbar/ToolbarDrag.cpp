@@ -137,7 +137,7 @@ int ToolbarDrag::gapAt(QPoint barPos) const {
     for (int i = 0; i < actions.size(); ++i) {
         const QWidget* const item = m_bar.widgetForAction(actions.at(i));
         const int middle = item->geometry().center().x();
-        // Items that found no room are hidden and lie behind the visible ones.
+        // Items without room are hidden and have places behind the visible ones.
         if (item->isVisible() && (mirrored ? barPos.x() < middle : barPos.x() > middle)) {
             gap = i + 1;
         }

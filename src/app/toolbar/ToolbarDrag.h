@@ -9,10 +9,10 @@
 
 namespace ocuva {
 
-/// Watches the items of a horizontal bar. An item pressed with Shift or Alt held is not clicked but dragged:
-/// a mark shows where it would go; let go over the bar it is moved there, let go away from the bar it is
-/// removed, and Escape leaves everything as it was. It only reports; the owner changes the bar. Item and gap
-/// numbers count the bar's actions.
+/// Watches the items of a horizontal bar. An item pressed with Shift or Alt held is dragged instead of
+/// clicked: a mark shows its new place. Released over the bar it is moved there, released elsewhere it is
+/// removed, and Escape cancels. It only reports; the owner changes the bar. Item and gap numbers count the
+/// bar's actions.
 class ToolbarDrag final : public QObject {
     Q_OBJECT
 

@@ -42,8 +42,8 @@ public:
     /// False when there is no such item.
     bool remove(int index);
 
-    /// Moves the item to the gap before the item that now stands at `gap` (0 to size()). False and no change
-    /// when either number is out of range or the item already stands there.
+    /// Moves the item to the gap before the item that is now at `gap` (0 to size()). False and no change
+    /// if either number is out of range or the item is already there.
     bool move(int index, int gap);
 
     int size() const { return static_cast<int>(m_keys.size()); } ///< buttons and separators

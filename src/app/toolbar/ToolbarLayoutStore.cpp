@@ -19,7 +19,7 @@ ToolbarLayoutStore::ToolbarLayoutStore(QString title)
     : m_title(std::move(title)) {}
 
 QString ToolbarLayoutStore::load() const {
-    // A settings file edited by hand may lack the quotes round the text; its commas then make it a list.
+    // A settings file edited by hand may lack the quotes around the text; its commas then make it a list.
     return UserRegistry(m_title).value(valuePath).toStringList().join(u',');
 }
 

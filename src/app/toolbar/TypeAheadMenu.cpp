@@ -21,7 +21,7 @@ std::optional<int> TypeAhead::type(const QString& text, qint64 nowMs, int patien
     const bool isOneLetter =
         std::all_of(m_typed.begin(), m_typed.end(), [this](QChar c) { return c == m_typed.front(); });
     const QString wanted = isOneLetter ? m_typed.first(1) : m_typed;
-    // A longer beginning may still be that of the present entry; a single letter goes on to the next one.
+    // A longer text may still match the current entry; a single letter goes to the next one.
     const int first = std::max(current, -1) + (isOneLetter ? 1 : 0);
     const auto count = static_cast<int>(entries.size());
     for (int i = 0; i < count; ++i) {

@@ -14,12 +14,13 @@ namespace ocuva {
 /// again and again goes through the entries that begin with it.
 class TypeAhead {
 public:
-    /// Takes what a key gave, at a time in milliseconds that never decreases. Gives the index of the entry to
-    /// go to; nothing when none begins with what was typed. `current` is the entry chosen now, -1 for none.
+    /// Takes the text of a key press, at a time in milliseconds that never decreases. Returns the index of
+    /// the entry to go to; nothing if none begins with the typed text. `current` is the selected entry, -1
+    /// for none.
     std::optional<int> type(const QString& text, qint64 nowMs, int patienceMs, const QStringList& entries,
                             int current);
 
-    /// Whether a key at that time continues what was typed, so that a blank belongs to the name.
+    /// Whether a key at that time continues the typed text, so that a blank belongs to the name.
     bool continues(qint64 nowMs, int patienceMs) const;
 
 private:

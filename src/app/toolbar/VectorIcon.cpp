@@ -73,7 +73,7 @@ protected:
     QImage draw(int sidePx, QIcon::Mode, QIcon::State) const override { return drawEmblem(sidePx); }
 };
 
-// Hands each request on to the image that stands for its mode and state.
+// Passes each request to the image for its mode and state.
 class ButtonIconEngine final : public QIconEngine {
 public:
     explicit ButtonIconEngine(const ButtonImages& images)

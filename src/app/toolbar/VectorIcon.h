@@ -1,5 +1,5 @@
 #pragma once
-// Icons drawn afresh for whatever size, pixel ratio and palette they are shown at.
+// Icons drawn for any size, pixel ratio and palette.
 
 #include "app/toolbar/IconInk.h"
 
@@ -8,12 +8,12 @@
 
 namespace ocuva {
 
-/// One drawing in one look, whatever mode or state it is asked for; only a selected list row has it in the
-/// highlight's text colour. It follows the application's palette.
+/// One drawing in one look for every mode and state; only in a selected list row it has the highlight's
+/// text colour. It follows the application's palette.
 QIcon vectorIcon(const QString& key, bool on, IconLook look);
 
-/// The images of a button: for each QIcon mode (Normal, Active = hot, Disabled) and state (Off, On) the icon
-/// that stands for it.
+/// The images of a button: the icon for each QIcon mode (Normal, Active = hot, Disabled) and state (Off,
+/// On).
 struct ButtonImages {
     /// By mode, for the states Off and On.
     ///@{
