@@ -1,5 +1,5 @@
 // How many ready frames a second come onto a real window, through the real mailbox and the real display
-// control, beside a plain video player of the same size on the same screen. Another thread has the next frame
+// control, compared with a plain video player of the same size on the same screen. Another thread has the next frame
 // ready as soon as the one before is being drawn. Needs a display; bench/run brings a virtual one.
 
 #include "display/MilDisplay.h"

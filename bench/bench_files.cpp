@@ -1,4 +1,4 @@
-// What saving and opening a large picture costs beside libtiff alone, and filling long lists of standards.
+// The cost of saving and opening a large picture compared with libtiff alone, and of filling long lists.
 #include "app/toolbar/ButtonMenus.h"
 #include "standards/StandardText.h"
 #include "standards/frmStdList.h"

@@ -30,7 +30,7 @@ struct Bench {
     }
     void move() {
         exposure.stageX += kPixelsPerFrame * exposure.fieldWidth / exposure.mode.width;
-        exposure.stageY += 0.3; // no row of tiles is met at the same fraction of a pixel for ever
+        exposure.stageY += 0.3; // so that rows of tiles do not keep the same fraction of a pixel
     }
 };
 

@@ -54,7 +54,7 @@ QByteArray png(int sizePx) {
     return buffer.data();
 }
 
-// A table of the pictures, then the pictures themselves as PNG; a side of 256 is told as 0.
+// A table of the pictures, then the pictures themselves as PNG; a side of 256 is stored as 0.
 bool writeIco(const QString& folder) {
     QFile file(folder + QStringLiteral("/ocuva.ico"));
     if (!file.open(QIODevice::WriteOnly)) {

@@ -31,7 +31,7 @@ VIAddVersionKey "LegalCopyright" "MIT license"
 
 Section
     SetOutPath "$INSTDIR"
-    ; Host libraries of the user beside the program stay.
+    ; Host libraries that the user has put into the program's folder stay.
     RMDir /r "$INSTDIR\manual"
     File /r "${STAGE}/*"
     WriteUninstaller "$INSTDIR\uninstall.exe"

@@ -23,7 +23,7 @@ file(GLOB host_qt /usr/lib/*/cmake/Qt6HostInfo)
 cmake_path(GET host_qt PARENT_PATH host_cmake)
 set(QT_HOST_PATH_CMAKE_DIR ${host_cmake} CACHE PATH "Where the host's Qt describes itself")
 
-# One program that needs nothing beside it.
+# One program without further files.
 set(ZLIB_USE_STATIC_LIBS ON)
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static")

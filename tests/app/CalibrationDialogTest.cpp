@@ -382,7 +382,7 @@ TEST_F(MoveToTheCursor, SaysWhereTheStageIsInTheEnd) {
     EXPECT_EQ(host.logLines.size(), 1U);
 }
 
-TEST_F(MoveToTheCursor, WaitsWithoutHoldingTheWindowUpAndNeitherPicksNorReadsNorAsksMeanwhile) {
+TEST_F(MoveToTheCursor, WaitsWithoutBlockingTheWindowAndDisablesPickingAndReading) {
     startInVgaMode();
     calibrate();
     open();
@@ -423,7 +423,7 @@ TEST_F(MoveToTheCursor, GivesTheKeyboardFocusBackToTheButtonThatHadItUnlessTheOp
     }
 }
 
-TEST_F(MoveToTheCursor, GivesAStalledStageUpAndSaysSo) {
+TEST_F(MoveToTheCursor, ReportsAStalledStageAndStopsWaiting) {
     startInVgaMode();
     calibrate();
     open();
@@ -492,7 +492,7 @@ TEST_F(LastCalibration, IsPutBackIntoTheBoxesAndUsedAfterOk) {
     EXPECT_THAT(hint(), HasSubstr("Press OK"));
 }
 
-TEST_F(LastCalibration, ThatIsNotThereLeavesTheBoxesAsTheyAre) {
+TEST_F(LastCalibration, IfMissingLeavesTheBoxesUnchanged) {
     open();
     type(0, {"1", "2", "3", "4", "5"});
     press(dialog().cmdRestore);

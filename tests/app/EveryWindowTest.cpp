@@ -78,7 +78,7 @@ std::vector<std::string> outOfReachOfTab(QWidget& window) {
 
 } // namespace
 
-TEST_F(EveryWindow, IsThereToBeLookedAt) {
+TEST_F(EveryWindow, CanBeShown) {
     std::set<std::string> names;
     for (const QWidget* shown : windowsOnScreen()) {
         names.insert(shown->objectName().toStdString());

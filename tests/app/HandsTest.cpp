@@ -132,7 +132,7 @@ TEST_F(InputDuringACall, IsDroppedInTheMoveDialogTheBacklashTheBoardAndTheCalibr
     EXPECT_EQ(presses, 5);
 }
 
-TEST_F(InputDuringACall, IsDroppedWhileTheBoardIsPutUpOrDown) {
+TEST_F(InputDuringACall, IsDroppedWhileTheBoardIsInitialisedOrShutDown) {
     action("mnuSetup")->trigger();
     SetupBoardPage& page = *window().setupDialog()->boardPage;
     std::string said;

@@ -53,7 +53,7 @@ TEST(HostChoice, ANamedFolderComesBeforeTheProgramsOwn) {
     EXPECT_EQ(choice.folder, "elsewhere");
 }
 
-TEST(HostChoice, WantedLibrariesThatAreNowhereAreLookedForByTheSystem) {
+TEST(HostChoice, RequestedLibrariesThatAreNotFoundAreLeftToTheSystem) {
     HostSurroundings around = surroundings(false);
     around.wantedHost = "library";
     const HostChoice choice = choose(around);

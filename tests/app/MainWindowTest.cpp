@@ -339,7 +339,7 @@ TEST_F(MainWindow, APanelOfThePositionShowsItsLetterAndHasRoomForTheLongestPosit
     EXPECT_NE(left(), letter);
 }
 
-TEST_F(MainWindow, APanelOfTheStatusBarIsWorkedWithTheKeyboardToo) {
+TEST_F(MainWindow, APanelOfTheStatusBarCanBeUsedWithTheKeyboard) {
     host.position = {{axisX, 5}};
     StatusPanel* const panelY = window().sbMain->panel(QStringLiteral("Y"));
     EXPECT_EQ(panelY->focusPolicy(), Qt::TabFocus);
@@ -354,7 +354,7 @@ TEST_F(MainWindow, APanelOfTheStatusBarIsWorkedWithTheKeyboardToo) {
     EXPECT_THAT(panel("Info"), testing::HasSubstr("mean 42.0"));
 }
 
-TEST_F(MainWindow, ItsPanelsAndItsMonitorFrameTellWhatTheyAre) {
+TEST_F(MainWindow, ItsPanelsAndItsMonitorFrameHaveNamesForScreenReaders) {
     EXPECT_EQ(window().sbMain->panel(QStringLiteral("X"))->toolTip(),
               QStringLiteral("Stage X current position"));
     EXPECT_EQ(window().sbMain->panel(QStringLiteral("Y"))->toolTip(),

@@ -197,7 +197,7 @@ TEST_F(MicroMarkerOnTheWindow, IsShownFromTheStartAndFollowsItsMenuItem) {
     EXPECT_TRUE(marker().isVisible());
 }
 
-TEST_F(MicroMarkerOnTheWindow, SaysItsLengthInTheLabelsExactWords) {
+TEST_F(MicroMarkerOnTheWindow, ShowsItsLengthInTheExactLabelText) {
     EXPECT_EQ(label(), " 100 \xc2\xb5");
     EXPECT_EQ(barPixels(), 60);
 }
@@ -288,7 +288,7 @@ TEST_F(InformationPanel, WithoutAScaleStillShowsTheStageAtTheStart) {
     EXPECT_FALSE(marker().isVisible());
 }
 
-TEST_F(InformationPanel, GreyLevelsThatWereMeasuredGoAwayWithAnAutofocusFromTheMenuAndFromTheHost) {
+TEST_F(InformationPanel, MeasuredGreyLevelsDisappearWithAnAutofocusFromTheMenuOrTheHost) {
     host.pixelCount = 1;
     for (const auto& focus : {std::function<void()>([this] { action("mnuFocus")->trigger(); }),
                               std::function<void()>([this] { window().DoFocus(); })}) {

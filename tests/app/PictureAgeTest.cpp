@@ -50,7 +50,7 @@ TEST(PictureAge, AMoveOfZAloneAndAPositionWithoutAnyMoveMakeNoPictureOld) {
     EXPECT_FALSE(age.isOld());
 }
 
-TEST(PictureAge, AMoveFromAnUnknownPlaceIsNotTakenBack) {
+TEST(PictureAge, AMoveFromAnUnknownPlaceStaysCounted) {
     PictureAge age = freshPicture();
     age.moveStarted(axisAll, {});
     age.positionRead(here);

@@ -72,7 +72,7 @@ TEST_F(MouseOverTheImage, WorksOnADisplayWiderThan16BitsOfTwips) {
     EXPECT_THAT(host.logLines, IsEmpty());
 }
 
-TEST_F(MouseOverTheImage, LeavesTheStagesOwnPositionBehindWhenItHasGone) {
+TEST_F(MouseOverTheImage, ShowsTheStagePositionAfterItHasLeft) {
     host.position = {{axisX, 7}, {axisY, 8}, {axisZ, 9}};
     QWidget* display = window().panels().milDisp;
     const auto leave = [display] {

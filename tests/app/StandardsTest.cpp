@@ -255,7 +255,7 @@ TEST_F(MoveDialog, AddsAChosenStandardToTheListAndTheMenuAndDrivesThereAtOnce) {
                                      "TarnLoadStageRelSecure(3, 7)"));
 }
 
-TEST_F(MoveDialog, RefusesAStandardWhosePathTheListCouldNotHold) {
+TEST_F(MoveDialog, RefusesAStandardWithATooLongPath) {
     const std::string longest = "/std/" + std::string(119, 'a') + ".std";
     window().chooseStandard = [&longest](const QString&) { return QString::fromStdString(longest); };
     action("mnuMove")->trigger();

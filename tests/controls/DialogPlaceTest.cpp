@@ -97,7 +97,7 @@ TEST(DialogPlace, CoversAsLittleOfTheImageAsPossibleAndNeverTheStatusBar) {
     }
 }
 
-TEST(DialogPlace, ThatMayBeMadeSmallerIsSoBeforeItCoversAnything) {
+TEST(DialogPlace, IsMadeSmallerIfPossibleBeforeItCoversAnything) {
     const QSize page(900, 600);
     EXPECT_EQ(dialogPlace(mainWindowAt({200, 450, 500, 350}), page, {600, 400}), QRect(100, 0, 900, 444));
     EXPECT_EQ(dialogPlace(mainWindowAt({0, 100, 350, 700}), page, {600, 400}), QRect(356, 100, 644, 600));

@@ -43,7 +43,7 @@ TEST_F(EscapeInADialog, PutsTheTextBackAndOnlyASecondOneClosesTheDialog) {
     EXPECT_FALSE(dialog.isVisible());
 }
 
-TEST_F(EscapeInADialog, ClosesAtOnceWhatWasTakenOverByEnter) {
+TEST_F(EscapeInADialog, ClosesAtOnceAfterEnterHasAppliedTheText) {
     text->setFocus();
     QTest::keyClick(text, Qt::Key_7);
     QTest::keyClick(text, Qt::Key_Return);

@@ -45,14 +45,14 @@ struct HeldKeysInAWindow : testing::Test {
 
 } // namespace
 
-TEST(HeldKey, MayRepeatWhatMovesTheCursorOrAValueByStepsEverywhere) {
+TEST(HeldKey, MayRepeatEverywhereIfItMovesTheCursorOrAValueBySteps) {
     for (const int key : {Qt::Key_Left, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_Tab}) {
         EXPECT_TRUE(mayRepeat(key, plain, false)) << key;
         EXPECT_TRUE(mayRepeat(key, plain, true)) << key;
     }
 }
 
-TEST(HeldKey, MayRepeatWhatWritesOrDeletesOnlyWhereOneTypes) {
+TEST(HeldKey, MayRepeatInTextFieldsIfItWritesOrDeletes) {
     for (const int key : {Qt::Key_7, Qt::Key_A, Qt::Key_Space, Qt::Key_Backspace, Qt::Key_Delete}) {
         EXPECT_TRUE(mayRepeat(key, plain, true)) << key;
         EXPECT_FALSE(mayRepeat(key, plain, false)) << key;
@@ -89,7 +89,7 @@ TEST_F(HeldKeysInAWindow, APressInTheMillisecondOfItsReleaseIsARepetitionToo) {
     EXPECT_EQ(clicks, 2);
 }
 
-TEST_F(HeldKeysInAWindow, AHeldDigitIsWrittenAgainAndAgain) {
+TEST_F(HeldKeysInAWindow, AHeldDigitRepeats) {
     field.setFocus();
     send(QEvent::KeyPress, Qt::Key_7, QStringLiteral("7"), false);
     send(QEvent::KeyPress, Qt::Key_7, QStringLiteral("7"), true);

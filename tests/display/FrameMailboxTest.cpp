@@ -72,7 +72,7 @@ TEST(DisplayWindows, DeliverToTheSinkOfTheHandleUntilDetach) {
     EXPECT_EQ(one.take(), nullptr);
 }
 
-TEST(DisplayWindows, TellHowDenseTheScreenOfAWindowIs) {
+TEST(DisplayWindows, ReportTheDensityOfAWindowsScreen) {
     FrameMailbox box([] {});
     DisplayWindows windows;
     windows.attach(11, box);

@@ -67,7 +67,7 @@ TEST(NeededReduction, IsLessThanThatOfTheZoomWhereThePictureIsShownLarger) {
     EXPECT_EQ(neededReduction({0, 0}, {384, 288}, 2), 2);
 }
 
-TEST(FittedWindow, KeepsAWindowThatShowsThePictureTruly) {
+TEST(FittedWindow, KeepsAWindowWithTrueProportions) {
     for (const PixelSize display : {PixelSize{384, 288}, {768, 576}, {600, 450}, {601, 450}, {600, 451}}) {
         EXPECT_EQ(fitted(display, {384, 288}), withAround(display));
     }
@@ -99,7 +99,7 @@ TEST(FittedWindow, KeepsTheSmallestImageAndItsProportion) {
     EXPECT_EQ(fitted({5, 5}, {384, 288}, hugeScreen, {576, 768}), withAround({24, 32}));
 }
 
-TEST(FittedWindow, OfAPictureThatNoCameraHasIsOnlyBroughtToTheScreen) {
+TEST(FittedWindow, ForAnImpossiblePictureIsOnlyMovedOntoTheScreen) {
     constexpr int most = std::numeric_limits<int>::max();
     for (const PixelSize absurd : {PixelSize{0, 0}, {-5, 100}, {most, 1}, {1, most}, {-most, -most}}) {
         EXPECT_EQ(fitted({500, 300}, {384, 288}, {1280, 1024}, absurd), withAround({500, 300}));

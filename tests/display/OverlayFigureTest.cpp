@@ -86,7 +86,7 @@ struct OnTheLiveImage : testing::Test {
 
 } // namespace
 
-TEST_F(OnTheLiveImage, EveryOverlayIsReadableOnEveryGround) {
+TEST_F(OnTheLiveImage, EveryOverlayIsVisibleOnEveryBackground) {
     showAll();
     for (std::uint32_t grey = 0; grey <= 255; grey += 5) {
         const QImage picture = over(0xff000000U | grey << 16U | grey << 8U | grey);
@@ -188,7 +188,7 @@ TEST_F(OnTheLiveImage, AFrameIsDrawnOnceWithAndWithoutOverlays) {
     EXPECT_EQ(counter.paints, without);
 }
 
-TEST_F(OnTheLiveImage, AFigureThatGoesIsPaintedOverWithAMarginAsScreensOfABrokenScaleNeed) {
+TEST_F(OnTheLiveImage, AHiddenFigureIsRepaintedWithAMarginForFractionalScreenScales) {
     over(0xff808080);
     frCross.place({{112, 143, 70, 2}}, true);
     frCross.show(true);

@@ -131,7 +131,7 @@ TEST(GridGeometry, WiderThanThePictureHasNoBarOnIt) {
     EXPECT_THAT(gridBars(centre, {2000, 1500, 33}, mapping(), screen).bars, IsEmpty());
 }
 
-TEST(GridGeometry, BelowTwoPixelsShowsNoGridRatherThanAFilledPicture) {
+TEST(GridGeometry, BelowTwoPixelsShowsNoGridInsteadOfAFilledPicture) {
     for (const Long pitch : {Long{1}, Long{0}, Long{-1}, std::numeric_limits<Long>::min()}) {
         EXPECT_THAT(gridBars(centre, {pitch, 50, 1}, mapping(), screen).bars, IsEmpty()) << pitch;
         EXPECT_THAT(gridBars(centre, {50, pitch, 1}, mapping(), screen).bars, IsEmpty()) << pitch;
@@ -150,7 +150,7 @@ TEST(GridGeometry, NeverHidesMoreThanHalfOfThePicture) {
     }
 }
 
-TEST(GridGeometry, HasNoRoomForOutlinesWhenItIsFine) {
+TEST(GridGeometry, HasNoOutlinesIfItIsFine) {
     EXPECT_FALSE(gridBars(centre, {7, 50, 1}, mapping(), screen).roomForOutline);
     EXPECT_TRUE(gridBars(centre, {8, 50, 1}, mapping(), screen).roomForOutline);
 }

@@ -260,7 +260,7 @@ class Desk:
         return self._do("xdotool", "getwindowname", window).strip()
 
     def wait_for_dialog(self, process, window):
-        """The window that comes up beside the given one."""
+        """The window that appears in addition to the given one."""
         return wait_until(lambda: [other for other in self.windows(process) if other != window], "No dialog came up")[0]
 
     def wait_until_closed(self, process, window):

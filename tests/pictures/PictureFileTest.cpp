@@ -237,7 +237,7 @@ TEST_F(OpenedPictures, OfGarbageAreRefusedAndLibtiffSaysNothingOnStandardError) 
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }
 
-TEST_F(OpenedPictures, ThatClaimMorePixelsThanTheyHoldAreRefusedBeforeMemoryIsTaken) {
+TEST_F(OpenedPictures, WithFewerPixelsThanDeclaredAreRefusedBeforeMemoryIsAllocated) {
     writeForeign("huge.tif", [](TIFF* file) {
         TIFFSetField(file, TIFFTAG_BITSPERSAMPLE, 8);
         TIFFSetField(file, TIFFTAG_PHOTOMETRIC, PHOTOMETRIC_MINISBLACK);
@@ -380,7 +380,7 @@ TEST_F(OpenedPictures, WithAnEndlessDescriptionReadOnlyItsBeginning) {
               (std::vector<PictureNote>{{QStringLiteral("stageX"), QStringLiteral("5")}}));
 }
 
-TEST_F(OpenedPictures, OfSeveralPagesOrMoreBitsLoseTheNotesThatSpeakOfThemAndSayWhatASaveLoses) {
+TEST_F(OpenedPictures, OfSeveralPagesOrMoreBitsLoseTheNotesAboutThemAndReportWhatASaveLoses) {
     constexpr const char* description =
         "ImageJ=1.53t\nimages=2\nslices=2\nhyperstack=true\nmin=0.0\nmax=4095.0\nstageX=5\n";
     writeForeign("stack.tif", [](TIFF* file) {

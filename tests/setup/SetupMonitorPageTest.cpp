@@ -47,7 +47,7 @@ TEST_F(MonitorPage, AGridChangeRedrawsTheMainWindowsGridAtOnceAndStoresIt) {
                             written("GridSizeY", "90"), written("GridLineWidth", "1")));
 }
 
-TEST_F(MonitorPage, OneReadsWhatOneTypedWhenThePageOpensAgain) {
+TEST_F(MonitorPage, ShowsTheTypedValuesWhenItOpensAgain) {
     type(page().txtGridWidth, "37");
     open(SetupTab::Monitor);
     EXPECT_EQ(text(page().txtGridWidth), "37");
@@ -72,7 +72,7 @@ TEST_F(MonitorPage, TheErrorReportWaitsUntilTheFocusHasArrived) {
     EXPECT_TRUE(page().txtGridHeight->hasFocus());
 }
 
-TEST_F(MonitorPage, ABoxThatIsOnlyLookedAtIsNotWrittenBack) {
+TEST_F(MonitorPage, ABoxThatIsOnlyVisitedIsNotWrittenBack) {
     page().txtGridWidth->setFocus();
     page().txtGridHeight->setFocus();
     page().chkShowGrid->setFocus();
@@ -109,7 +109,7 @@ TEST_F(MonitorPage, ACrossLengthThatIsTypedIsOneChange) {
     EXPECT_EQ(setting("CrossSize"), "350");
 }
 
-TEST_F(MonitorPage, AnUpDownHoldsTheCrossWithinSensibleLengthsButNeverCutsAStoredOne) {
+TEST_F(MonitorPage, AnUpDownLimitsTheCrossButNeverAStoredLength) {
     EXPECT_EQ(page().udCrossSize->minimum(), 1);
     EXPECT_EQ(page().udCrossSize->maximum(), 4000);
     EXPECT_EQ(page().udCrossThick->maximum(), 200);

@@ -85,7 +85,7 @@ TEST_F(HelpText, FollowsALinkToAHeading) {
     EXPECT_EQ(view.headingAtTop(), 1);
 }
 
-TEST_F(HelpText, IsReadableInADarkPaletteThatComesLater) {
+TEST_F(HelpText, IsReadableAfterAChangeToADarkPalette) {
     show(QStringLiteral("| a | b |\n|---|---|\n| c | d |\n"));
     QPalette dark = view.palette();
     dark.setColor(QPalette::Base, Qt::black);
@@ -104,7 +104,7 @@ TEST_F(HelpSearch, FindsEveryPlaceInAnyLetterCase) {
     EXPECT_EQ(view.extraSelections().size(), 200);
 }
 
-TEST_F(HelpSearch, StepsForwardAndBackRoundTheEnds) {
+TEST_F(HelpSearch, StepsForwardAndBackAcrossTheEnds) {
     show(longPage);
     view.search(QStringLiteral("word"));
     view.step(false);
@@ -113,14 +113,14 @@ TEST_F(HelpSearch, StepsForwardAndBackRoundTheEnds) {
     EXPECT_EQ(view.shownPlace(), 0);
 }
 
-TEST_F(HelpSearch, BeginsWhereOneReads) {
+TEST_F(HelpSearch, BeginsAtTheVisibleText) {
     show(longPage);
     view.scrollToPosition(view.headings()[1].position);
     view.search(QStringLiteral("word"));
     EXPECT_EQ(view.shownPlace(), 100);
 }
 
-TEST_F(HelpSearch, MarksNothingWithoutATextAndStepsNowhere) {
+TEST_F(HelpSearch, DoesNothingWithoutAText) {
     show(longPage);
     view.search(QStringLiteral("word"));
     EXPECT_EQ(view.search(QString()), 0);
@@ -140,7 +140,7 @@ TEST_F(HelpPicture, IsNeverWiderThanTheWindow) {
     EXPECT_EQ(view.horizontalScrollBar()->maximum(), 0);
 }
 
-TEST_F(HelpPicture, IsNotBlownUpBeyondItsOwnSize) {
+TEST_F(HelpPicture, IsNotEnlargedBeyondItsOwnSize) {
     picture("small.png", 40, 30);
     show(QStringLiteral("![small](small.png)\n"));
     EXPECT_NEAR(heightOfBlock(0), 30, 10);
@@ -209,7 +209,7 @@ TEST_F(ManualWindow, ComesBackWhereItWasLeftAndAsLarge) {
     EXPECT_EQ(QRect(again.pos(), again.size()), left);
 }
 
-TEST_F(ManualWindow, ThatWasLeftOnAScreenThatIsGoneComesBackOnOneThatIsThere) {
+TEST_F(ManualWindow, LastShownOnAMissingScreenComesBackOnAPresentOne) {
     WindowPlaceStore().save(QStringLiteral("frmHelp"), {QPoint(9000, 7000), QSize(640, 400)});
     HelpWindow window(QDir(QStringLiteral(DOCS_FOLDER)), {});
     window.show();

@@ -39,7 +39,7 @@ TEST(ManualText, SaysWhichPageIsMissingAndHasTheOthers) {
     EXPECT_THAT(text, HasSubstr("# Lessons"));
 }
 
-TEST(ManualText, HasARowForEachKeyAndNoneIsBrokenByABarInItsName) {
+TEST(ManualText, HasAnIntactRowForEachKey) {
     const std::string text =
         keysPage({{QStringLiteral("F7"), QStringLiteral("Live"), QStringLiteral("View")},
                   {QStringLiteral("Ctrl+|"), QStringLiteral("Bar"), QStringLiteral("File")}})

@@ -65,7 +65,7 @@ TEST(MainToolbar, AClickOnAButtonReportsItsKey) {
                                                     "Focus", "Setup", "Stage"}));
 }
 
-TEST(MainToolbar, AValueSetByTheProgramPressesTheButtonWithoutAClick) {
+TEST(MainToolbar, ASetValuePressesTheButtonWithoutAClick) {
     ToolbarRig rig;
     for (const char* const key : {"Acq", "Zoom", "Cross", "Grid"}) {
         rig.bar.setValue(text(key), true);
