@@ -22,16 +22,20 @@ namespace {
 
 #ifdef _WIN32
 
-std::optional<FileStamp> stampOf(HANDLE handle) {
-    BY_HANDLE_FILE_INFORMATION info{};
-    if (!GetFileInformationByHandle(handle, &info))
-        return std::nullopt;
-    const auto joined = [](DWORD high, DWORD low) { return (static_cast<std::uint64_t>(high) << 32) | low; };
+std::uint64_t joined(DWORD high, DWORD low) { return (static_cast<std::uint64_t>(high) << 32) | low; }
+
+/// Of what the system says about an open file, and about a name.
+template <class About> FileStamp stampFrom(const About& info) {
     constexpr std::int64_t ticksTo1970 = 116444736000000000; // of 100 ns, from 1601
     const auto ticks = static_cast<std::int64_t>(
         joined(info.ftLastWriteTime.dwHighDateTime, info.ftLastWriteTime.dwLowDateTime));
-    return FileStamp{joined(info.nFileSizeHigh, info.nFileSizeLow), (ticks - ticksTo1970) * 100, 0,
-                     joined(info.nFileIndexHigh, info.nFileIndexLow)};
+    return {joined(info.nFileSizeHigh, info.nFileSizeLow), (ticks - ticksTo1970) * 100, 0,
+            joined(info.ftCreationTime.dwHighDateTime, info.ftCreationTime.dwLowDateTime)};
+}
+
+std::optional<FileStamp> stampOf(HANDLE handle) {
+    BY_HANDLE_FILE_INFORMATION info{};
+    return GetFileInformationByHandle(handle, &info) ? std::optional(stampFrom(info)) : std::nullopt;
 }
 
 std::optional<FileStamp> stampOf(const ocuva::RegularFile& file) {
@@ -118,7 +122,14 @@ std::string replaceFile(const std::filesystem::path& file, std::string_view text
 
 #ifdef _WIN32
 
+// A store is looked at before each value that is read, and opening a file takes many times as long as asking
+// for its name. Only what a link leads to has to be opened.
 std::optional<FileStamp> fileStamp(const std::filesystem::path& file) {
+    WIN32_FILE_ATTRIBUTE_DATA info{};
+    if (!GetFileAttributesExW(file.c_str(), GetFileExInfoStandard, &info))
+        return std::nullopt;
+    if ((info.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0)
+        return stampFrom(info);
     const HANDLE handle = CreateFileW(file.c_str(), FILE_READ_ATTRIBUTES,
                                       FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                       OPEN_EXISTING, FILE_ATTRIBUTE_NORMAL, nullptr);

@@ -18,7 +18,8 @@ struct FileStamp {
     std::int64_t modifiedNs =
         0;                      ///< since 1970; as fine as the file system's clock, which may tick in seconds
     std::int64_t changedNs = 0; ///< last change of content, name or rights; 0 if the system has none
-    std::uint64_t identity = 0; ///< number of the file on its volume; may be given again once a file is gone
+    std::uint64_t identity =
+        0; ///< number of the file on its volume, which may be given again; on Windows its birth
     bool operator==(const FileStamp&) const = default;
 };
 

@@ -58,6 +58,7 @@ TEST(HostLog, ALineThatTheFileCannotTakeGoesToStderr) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "T lost?\n");
 }
 
+#ifndef _WIN32 // Wine keeps a deleted file under its name until it is closed, and does not say so
 TEST(HostLog, ADeletedFileIsCreatedAgain) {
     const TempFolder folder;
     HostLog log(folder / "log", [] { return std::string("T"); });
@@ -66,6 +67,7 @@ TEST(HostLog, ADeletedFileIsCreatedAgain) {
     log.line("two");
     EXPECT_EQ(folder.read("log"), "T two\n");
 }
+#endif
 
 TEST(HostLog, AFaultyTimeSourceCostsNoLine) {
     const TempFolder folder;
@@ -97,5 +99,7 @@ TEST(LineFile, AFailureIsReportedInTheSystemsWords) {
     const TempFolder folder;
     EXPECT_FALSE(LineFile(folder / "lines").writeLine("x\n"));
     EXPECT_EQ(folder.read("lines"), "x\n");
-    EXPECT_EQ(LineFile(folder / "none/lines").writeLine("x\n").message(), "No such file or directory");
+    const std::error_code error = LineFile(folder / "none/lines").writeLine("x\n");
+    EXPECT_EQ(error, std::errc::no_such_file_or_directory);
+    EXPECT_EQ(error.message(), std::system_category().message(error.value()));
 }
