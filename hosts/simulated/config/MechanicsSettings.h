@@ -9,10 +9,16 @@ namespace hosts::simulated {
 
 /// The values of section [Mechanics].
 struct MechanicsSettings {
-    StageWear wear;           ///< play, vibration, drift, stall and the second controller
-    double scaleErrorX = 0.0; ///< the true field is (1 + this) times that of the settings
-    double scaleErrorY = 0.0; ///< the same for its height
-    double tiltFactor = 1.0;  ///< factor on both tilts of the sample
+    /// Play, vibration, drift, stall and the second controller.
+    StageWear wear;
+    /// The true field is (1 + this) times the field that the settings give: width and height. A fraction,
+    /// -0.2 to 0.2.
+    ///@{
+    double scaleErrorX = 0.0;
+    double scaleErrorY = 0.0;
+    ///@}
+    /// Factor on both tilts of the sample, -100 to 100.
+    double tiltFactor = 1.0;
 };
 
 /// The values of the grade, overridden by single keys. An unknown grade is "ideal", with a log line.
