@@ -186,6 +186,9 @@ void frmOcuva::makeWatches() {
                                                    [this](const Magnification& now) {
                                                        guardedForHost([this] { DrawMicroMarker(); });
                                                        showMagnification(now.magnification);
+                                                       if (m_frmSetup && m_frmSetup->isVisible()) {
+                                                           m_frmSetup->followMagnification();
+                                                       }
                                                    }},
                                                   this);
 }

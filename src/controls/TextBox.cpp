@@ -16,6 +16,17 @@ TextBox::TextBox(QWidget* parent)
     connect(this, &QLineEdit::editingFinished, this, [this] { m_before = text(); });
 }
 
+void TextBox::follow(const QString& value) {
+    m_before = value;
+    if (isModified() || text() == value) {
+        return;
+    }
+    setText(value);
+    if (hasFocus()) {
+        selectAll();
+    }
+}
+
 void TextBox::setDigits(int count) {
     m_digits = count;
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);

@@ -14,6 +14,10 @@ public:
     /// Empty, as wide as a text box is.
     explicit TextBox(QWidget* parent = nullptr);
 
+    /// A value that has changed elsewhere: shown unless the operator has typed something; Escape then
+    /// restores this value.
+    void follow(const QString& value);
+
     /// Makes the box wide enough for that many digits, instead of as wide as possible.
     void setDigits(int count);
 

@@ -112,6 +112,12 @@ void SetupMonitorPage::showGrid() {
     txtGridHeight->setText(QString::number(grid.y));
 }
 
+void SetupMonitorPage::followMagnification() {
+    const StagePair grid = m_overlays.gridMicrometres();
+    txtGridWidth->follow(QString::number(grid.x));
+    txtGridHeight->follow(QString::number(grid.y));
+}
+
 void SetupMonitorPage::showCross() {
     const CrossLengths cross = m_overlays.cross();
     setWidening(*udCrossSize, cross.CrossSize);

@@ -26,6 +26,8 @@ public:
     void showStartup();
     /// The grid in micrometres, by the present magnification.
     void showGrid();
+    /// The same, but a box with typed text keeps it.
+    void followMagnification();
 
     /// The controls, by their names.
     ///@{

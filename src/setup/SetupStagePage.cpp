@@ -107,6 +107,13 @@ void SetupStagePage::showMagnification() {
     txtMagY100->setText(QString::fromStdString(texts.y100));
 }
 
+void SetupStagePage::followMagnification() {
+    const MagnificationTexts texts = m_magnification.texts();
+    txtMag->follow(QString::fromStdString(texts.magnification));
+    txtMagX100->follow(QString::fromStdString(texts.x100));
+    txtMagY100->follow(QString::fromStdString(texts.y100));
+}
+
 void SetupStagePage::magnification_LostFocus() {
     guarded([this] {
         m_magnification.set({txtMag->text().toStdString(), txtMagX100->text().toStdString(),

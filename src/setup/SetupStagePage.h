@@ -22,6 +22,9 @@ public:
 
     void load() override;
 
+    /// The magnification and the field as the host has them now; a box with typed text keeps it.
+    void followMagnification();
+
     /// The controls, by their names; lblMoveSymbols are those of X and Y.
     ///@{
     QGroupBox* frMagnification = nullptr;

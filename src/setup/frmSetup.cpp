@@ -7,6 +7,8 @@
 #include <QEvent>
 #include <QHBoxLayout>
 
+#include <utility>
+
 namespace ocuva {
 
 frmSetup::frmSetup(const SetupContext& context, QWidget* owner)
@@ -106,9 +108,17 @@ void frmSetup::report(const QString& text) {
         this, [this, text] { m_context.report(text); }, Qt::QueuedConnection);
 }
 
+void frmSetup::followMagnification() {
+    stagePage->followMagnification();
+    monitorPage->followMagnification();
+}
+
 bool frmSetup::event(QEvent* event) {
     if (event->type() == QEvent::WindowActivate) {
         monitorPage->showStartup();
+        if (std::exchange(m_wasActive, true)) {
+            followMagnification();
+        }
     }
     return QDialog::event(event);
 }

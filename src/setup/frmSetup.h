@@ -30,6 +30,10 @@ public:
     /// Of the page that is showing.
     SetupTab shownTab() const { return m_shownTab; }
 
+    /// Magnification or field may have changed outside the dialog: texts that depend on them are read again,
+    /// except typed ones.
+    void followMagnification();
+
     QTabWidget* tsSetup = nullptr; ///< its pages are frsetup0 to frsetup4
     /// The pages, in the order of the tabs.
     ///@{
@@ -57,6 +61,7 @@ private:
     SetupContext m_context;
     VideoDefaults m_defaults;
     SetupTab m_shownTab = SetupTab::Autofocus;
+    bool m_wasActive = false; // what was loaded is new at the first activation
 };
 
 } // namespace ocuva

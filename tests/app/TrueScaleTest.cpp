@@ -2,6 +2,7 @@
 // on the screen.
 
 #include "display/MicroMarkerPanel.h"
+#include "setup/frmSetup.h"
 #include "tests/support/WindowRig.h"
 
 #include <QScreen>
@@ -88,6 +89,15 @@ TEST_F(MagnificationBesideTheWindow, IsReadAgainEachSecondWhileLive) {
     host.logLines.clear();
     QTest::qWait(2 * MagnificationWatch::liveMs);
     EXPECT_THAT(host.logLines, IsEmpty()) << "said once";
+}
+
+TEST_F(MagnificationBesideTheWindow, IsFollowedByTheOpenSetUp) {
+    action("mnuSetup")->trigger();
+    const auto magnification = [this] { return window().setupDialog()->stagePage->txtMag->text(); };
+    ASSERT_EQ(magnification(), QStringLiteral("400"));
+    action("mnuAcq")->trigger();
+    setMagnification("100");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return magnification() == QStringLiteral("100"); }, 2500));
 }
 
 TEST_F(MagnificationBesideTheWindow, WithAnInvalidFieldIsReadOnce) {

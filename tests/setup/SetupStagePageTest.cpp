@@ -66,6 +66,35 @@ TEST_F(StagePage, AnotherMagnificationUpdatesTheGridsMicrometresAndKeepsItsPixel
     EXPECT_EQ(setting("GridSizeX"), "120");
 }
 
+TEST_F(StagePage, BoxesWithoutTypedTextFollowAMagnificationThatChangedElsewhere) {
+    set("GridSizeX", "120");
+    host.settings["TARN.INI|tn_video|VideoMag"] = "800";
+    host.magFactorX = 1280.0F;
+    dialog->followMagnification();
+    EXPECT_EQ(text(page().txtMag), "800");
+    EXPECT_EQ(text(page().txtMagX100), "1280");
+    EXPECT_EQ(text(dialog->monitorPage->txtGridWidth), "25");
+    EXPECT_THAT(changes(), IsEmpty());
+}
+
+TEST_F(StagePage, ATypedTextStaysAndEscapeRestoresTheMagnificationThatTheHostHasNow) {
+    page().txtMag->setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(page().txtMag, QStringLiteral("25"));
+    host.settings["TARN.INI|tn_video|VideoMag"] = "800";
+    dialog->followMagnification();
+    EXPECT_EQ(text(page().txtMag), "25");
+    QTest::keyClick(page().txtMag, Qt::Key_Escape);
+    EXPECT_EQ(text(page().txtMag), "800");
+}
+
+TEST_F(StagePage, TheDialogFollowsWhenItBecomesActiveAgain) {
+    host.settings["TARN.INI|tn_video|VideoMag"] = "800";
+    QApplication::setActiveWindow(nullptr);
+    EXPECT_EQ(text(page().txtMag), "400");
+    QApplication::setActiveWindow(dialog.get());
+    EXPECT_EQ(text(page().txtMag), "800");
+}
+
 TEST_F(StagePage, AnOptionStoresItsIndexForItsAxis) {
     click(page().optMoveX[1]);
     EXPECT_EQ(setting("MoveXInverse"), "1");
