@@ -118,6 +118,9 @@ public:
     /// Shows a note in the information panel until the state changes; the advice is its tip.
     void showNote(const QString& note, const QString& advice);
 
+    /// The general error report: a line in the log and, while the window is visible, a message box.
+    void reportError(const QString& text);
+
     /// Runs a command as its menu item, shortcut or toolbar key does.
     void run(const Command& chosen);
     /// The actions of the commands of the same names.
@@ -228,7 +231,6 @@ private:
     void guardedForHost(const std::function<void()>& handler);
     void log(const QString& line);
     void logError(const QString& text);
-    void reportError(const QString& text);
     /// The parent of a message box about the operator's last action: the dialog in use, if there is one.
     QWidget* frontWindow();
     void imageChanged();

@@ -1,6 +1,7 @@
 // The composition root: chooses the host and starts the program with it.
 
 #include "app/Appearance.h"
+#include "app/ErrorEdge.h"
 #include "app/HostChoice.h"
 #include "app/KeepingWatch.h"
 #include "app/ProgramHosts.h"
@@ -37,6 +38,11 @@ constexpr int exitNoDisplay = 2;
 constexpr std::chrono::seconds startPatience{60}; // with a slow board; then the other copy is woken on trust
 constexpr int exitNoCopies = 4;                   // it cannot be found out whether another copy runs
 constexpr int exitNotReached = 5;                 // another copy runs and does not answer
+
+/// It cannot be found out whether another copy runs.
+struct CopiesUnknown : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
 
 std::string commandLineText(int argc, char** argv) {
     std::string text;
@@ -105,14 +111,15 @@ int endAsSecond(Host& host, bool taken, bool serverMode) {
     return exitNotReached;
 }
 
-int runOn(Host& askedHost, DisplayWindows& windows, const std::string& commandLine, const ChosenHost& chosen,
-          const QString& traceFile) {
+int runOn(Application& application, Host& askedHost, DisplayWindows& windows, const std::string& commandLine,
+          const ChosenHost& chosen, const QString& traceFile) {
     const std::unique_ptr<Automation> automation = systemAutomation();
     std::optional<RunningCopies> copies;
     const auto anotherCopyIsRunning = [&] {
         copies.emplace(chosen.dataFolder);
-        return copies->problem().isEmpty() ? copies->anotherWasRunning()
-                                           : throw std::runtime_error(copies->problem().toLocal8Bit());
+        return copies->problem().isEmpty()
+                   ? copies->anotherWasRunning()
+                   : throw CopiesUnknown(copies->problem().toLocal8Bit().toStdString());
     };
     modInter* window = nullptr;
     const std::filesystem::path dataFolder = pathOf(chosen.dataFolder);
@@ -140,15 +147,16 @@ int runOn(Host& askedHost, DisplayWindows& windows, const std::string& commandLi
             const bool knowsAnswer = chosen.keeper == Keeper::program;
             return endAsSecond(host, wakeTaken || !knowsAnswer, inter.flags().serverMode);
         }
-    } catch (const std::exception& error) {
-        if (copies && copies->problem().isEmpty()) {
-            throw;
-        }
+    } catch (const CopiesUnknown& error) {
         refuseToStart(error.what(), inter.flags().serverMode);
         return exitNoCopies;
     }
     window = &inter;
-    return QApplication::exec();
+    application.eventErrors().setReport(
+        [&inter](const QString& text) { inter.mainWindow().reportError(text); });
+    const int code = QApplication::exec();
+    application.eventErrors().setReport({});
+    return code;
 }
 
 } // namespace
@@ -158,7 +166,7 @@ int main(int argc, char** argv) {
     // Every word of the command line is the program's own; Qt takes none.
     int qtArgc = 1;
     const QtMessageHandler usualMessages = qInstallMessageHandler(quietStartMessages);
-    QApplication application(qtArgc, argv);
+    Application application(qtArgc, argv);
     qInstallMessageHandler(usualMessages);
     QApplication::setApplicationName(QString::fromLatin1(productTitle));
     QGuiApplication::setDesktopFileName(QString::fromLatin1(productDesktopId));
@@ -183,9 +191,13 @@ int main(int argc, char** argv) {
     }
 
     const QString traceFile = qEnvironmentVariable("OCUVA_TRACE");
-    if (traceFile.isEmpty()) {
-        return runOn(*chosen.host, *windows, commandLine, chosen, traceFile);
-    }
-    TracingHost tracingHost(*chosen.host, pathOf(traceFile));
-    return runOn(tracingHost, *windows, commandLine, chosen, traceFile);
+    const auto start = [&] {
+        if (traceFile.isEmpty()) {
+            return runOn(application, *chosen.host, *windows, commandLine, chosen, traceFile);
+        }
+        TracingHost tracingHost(*chosen.host, pathOf(traceFile));
+        return runOn(application, tracingHost, *windows, commandLine, chosen, traceFile);
+    };
+    return startOrExplain(start,
+                          [&flags](const std::string& reason) { refuseToStart(reason, flags.serverMode); });
 }
