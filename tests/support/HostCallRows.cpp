@@ -2,7 +2,6 @@
 
 #include "hostlink/JsonText.h"
 
-#include <cstring>
 #include <ostream>
 #include <span>
 #include <tuple>
@@ -47,7 +46,13 @@ TARN_LIBRARIES(LIBRARY_OF)
 
 template <class T> bool isUntouched(const T&, const T&) { return true; }
 template <class T> bool isUntouched(const Returned<T>& now, const Returned<T>& before) {
-    return std::memcmp(&now.value, &before.value, sizeof now.value) == 0;
+    return now.value == before.value;
+}
+bool isUntouched(const Returned<TarnBufferDesc>& now, const Returned<TarnBufferDesc>& before) {
+    const auto fields = [](const TarnBufferDesc& d) {
+        return std::tie(d.recordSize, d.width, d.height, d.bitsPerSample, d.bands);
+    };
+    return fields(now.value) == fields(before.value);
 }
 
 template <class Library, class Result, class... Parameter, class... Argument>
