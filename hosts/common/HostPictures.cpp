@@ -8,6 +8,7 @@
 #include "hosts/common/services/Numerals.h"
 
 #include <algorithm>
+#include <limits>
 
 namespace hosts {
 
@@ -71,6 +72,9 @@ TarnLong VideoLibrary::TarnVideoBufferComputeStatistics(TarnLong* buffer, TarnLo
         const ocuva::FramePtr frame = m_parts.board.currentFrame();
         const GreyStatistics found =
             frame ? regionStatistics(*frame, left, top, right, bottom) : GreyStatistics();
+        if (found.sum > static_cast<std::uint64_t>(std::numeric_limits<TarnLong>::max())) {
+            return false;
+        }
         *pixelCount = static_cast<TarnLong>(found.count);
         *pixelSum = static_cast<TarnLong>(found.sum);
         *variance = found.variance;

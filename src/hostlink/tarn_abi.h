@@ -10,7 +10,11 @@
  *  - The host writes at most as many characters as a text buffer holds, and a NUL only if there is room for
  *    it. The result is the number of characters without the NUL. A longer text is truncated, not refused.
  *  - "Non-zero on success": the hosts of this project return 1; callers test for zero only.
- *  - All functions are called from the program's user-interface thread.
+ *  - A function that fails leaves the variables that it would have filled as they were: the last known value
+ *    stays, and no 0 is invented.
+ *  - All functions are called from the program's user-interface thread, whose window takes no input meanwhile.
+ *    Each returns at once, within 20 ms: none waits for a device. Only TarnAutoFocusExt and TarnMessageBoxVB
+ *    take longer, and what writes a file takes as long as the disk.
  *  - Axes: 1 = X, 2 = Y, 3 = Z, and 0 = all axes where a function says so. Stage positions and lengths are
  *    whole stage units (1 unit = 1 micrometre on the simulated stage).
  *
@@ -42,8 +46,8 @@ typedef double TarnDouble;
  * rest. */
 typedef struct TarnBufferDesc {
     TarnLong recordSize;
-    TarnLong width;         /* pixels */
-    TarnLong height;        /* pixels */
+    TarnLong width;         /* pixels, 1 to 32767 */
+    TarnLong height;        /* pixels, 1 to 32767; both together at most 100 million pixels */
     TarnLong bitsPerSample; /* 8 */
     TarnLong bands;         /* 1 = grey, 3 = colour */
 } TarnBufferDesc;
@@ -160,7 +164,9 @@ TarnLong TARN_CALL TarnSolvePlan(TarnLong rows, const TarnDouble* matrix, const 
 
 /* ---- tn_micro_proxy: stage and focus ---- */
 
-/* Starts the loaded move of one axis, or of all with 0. Result: non-zero if a move was loaded. */
+/* Starts the loaded move of one axis, or of all with 0, and does not wait for its end. Result: non-zero if a
+ * move was loaded. The axis is busy at once: its status is 1 from this call until it is at rest, also before
+ * the motor turns. */
 TarnLong TARN_CALL TarnStartStage(TarnLong axis);
 /* Loads an absolute target for axis 1, 2 or 3, rounded to whole units; TarnStartStage starts the move.
  * Non-zero on success; a target outside the limits is refused. */
@@ -168,10 +174,13 @@ TarnLong TARN_CALL TarnLoadStageAbs(TarnLong axis, TarnSingle target);
 /* Loads a move relative to the current position of the axis, also while it moves. Non-zero on success; a
  * target outside the limits is refused, and nothing is loaded. */
 TarnLong TARN_CALL TarnLoadStageRelSecure(TarnLong axis, TarnSingle distance);
-/* Current position of axis 1, 2 or 3. Non-zero on success. */
+/* Current position of axis 1, 2 or 3. Non-zero on success. A device that does not answer is a failure, and
+ * *position keeps the last known value. */
 TarnLong TARN_CALL TarnReadStagePos(TarnLong axis, TarnLong* position);
 /* Status of axis 1, 2 or 3: 1 while it moves, 0 while it is at rest. The second argument is always 0.
- * Non-zero on success. */
+ * Non-zero on success. A move ends by report or by silence: the program takes an axis to be at rest when its
+ * status is 0, and also when its status cannot be read. A host that loses its device while an axis moves
+ * therefore fails here; it does not report a move for ever. */
 TarnLong TARN_CALL TarnReadStageStatus(TarnLong axis, TarnLong zero, TarnLong* status);
 /* Searches for the focus and returns once Z has stopped at the chosen position, or back where it began.
  * flag: -1. Result: TARN_FOCUS_...; only the journal uses it. */
@@ -212,7 +221,7 @@ TarnLong TARN_CALL TarnVideoCameraSetReferences(TarnLong group, TarnDouble first
 TarnLong TARN_CALL TarnVideoCameraGetReferences(TarnLong group, TarnDouble* first, TarnDouble* second);
 /* Grey-level statistics (0 to 255; colour pixels count with their luminance) of a region of a buffer.
  * Buffer 0 is the current frame; the region 0, 0, -1, -1 is all of it. Non-zero on success; before the
- * first frame the three results are 0. */
+ * first frame the three results are 0. A sum that 32 bits do not hold is a failure. */
 TarnLong TARN_CALL TarnVideoBufferComputeStatistics(TarnLong* buffer, TarnLong left, TarnLong top,
                                                     TarnLong right, TarnLong bottom, TarnLong* pixelCount,
                                                     TarnLong* pixelSum, TarnDouble* variance);

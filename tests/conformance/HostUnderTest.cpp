@@ -1,11 +1,27 @@
 #include "tests/conformance/HostUnderTest.h"
 
 #include <algorithm>
+#include <chrono>
+
+std::vector<HostFactory> hostsUnderTest() {
+    return {
+        {"Simulated", simulatedHostUnderTest},
+        {"KeepingItsPlace", hostThatKeepsItsPlace},
+        {"SharedLibraries", libraryHostUnderTest},
+    };
+}
 
 HostConformance::HostConformance()
     : m_underTest(GetParam().make()) {}
 
 HostConformance::~HostConformance() = default;
+
+void expectAtOnce(const char* call, const std::function<void()>& run) {
+    constexpr std::chrono::milliseconds crowdedMachine{500};
+    const auto began = std::chrono::steady_clock::now();
+    run();
+    EXPECT_LT(std::chrono::steady_clock::now() - began, crowdedMachine) << call;
+}
 
 GuardedBuffer::GuardedBuffer(TarnLong size)
     : m_size(size)

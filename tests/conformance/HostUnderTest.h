@@ -28,15 +28,23 @@ public:
     virtual Standard knownStandard() = 0;
 };
 
+/// One row of the table of hosts.
 struct HostFactory {
     std::string name; ///< letters and digits
-    std::function<std::unique_ptr<HostUnderTest>()> make;
+    std::unique_ptr<HostUnderTest> (*make)();
 };
 
 inline void PrintTo(const HostFactory& factory, std::ostream* out) { *out << factory.name; }
 
+/// The table, in HostUnderTest.cpp.
 std::vector<HostFactory> hostsUnderTest();
-HostFactory libraryHostUnderTest();
+
+/// What makes each of them.
+///@{
+std::unique_ptr<HostUnderTest> simulatedHostUnderTest();
+std::unique_ptr<HostUnderTest> hostThatKeepsItsPlace();
+std::unique_ptr<HostUnderTest> libraryHostUnderTest();
+///@}
 
 /// The fixture of every suite: a new host for each test.
 class HostConformance : public testing::TestWithParam<HostFactory> {
@@ -54,6 +62,9 @@ private:
 };
 
 inline std::string hostName(const testing::TestParamInfo<HostFactory>& info) { return info.param.name; }
+
+/// Runs one call and expects it back without a wait for a device: 20 ms on a machine that does nothing else.
+void expectAtOnce(const char* call, const std::function<void()>& run);
 
 /// A text buffer between canaries: a host that writes past the size it was given is caught.
 class GuardedBuffer {

@@ -37,6 +37,4 @@ private:
 
 } // namespace
 
-HostFactory libraryHostUnderTest() {
-    return {"SharedLibraries", [] { return std::make_unique<LibraryHostUnderTest>(); }};
-}
+std::unique_ptr<HostUnderTest> libraryHostUnderTest() { return std::make_unique<LibraryHostUnderTest>(); }

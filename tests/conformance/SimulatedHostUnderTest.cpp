@@ -7,9 +7,12 @@
 
 namespace {
 
-class SimulatedHostUnderTest final : public HostUnderTest {
+class SimulatedHostUnderTest : public HostUnderTest {
 public:
-    SimulatedHostUnderTest() {
+    explicit SimulatedHostUnderTest(const std::string& simulatorIni = {}) {
+        if (!simulatorIni.empty()) {
+            m_folder.write("simulator.ini", simulatorIni);
+        }
         hosts::simulated::SimulatedHostOptions options;
         options.dataFolder = m_folder.path();
         options.clock = m_clock;
@@ -24,14 +27,30 @@ public:
         return standard;
     }
 
+    hosts::simulated::SimulatedHost& simulated() { return *m_host; }
+
 private:
     TempFolder m_folder;
     std::shared_ptr<hosts::VirtualClock> m_clock = std::make_shared<hosts::VirtualClock>();
     std::unique_ptr<hosts::simulated::SimulatedHost> m_host;
 };
 
+// A device stands where the last test left it. This one stands close to its limits, and complains when it is left
+// elsewhere.
+class HostThatKeepsItsPlace final : public SimulatedHostUnderTest {
+public:
+    HostThatKeepsItsPlace()
+        : SimulatedHostUnderTest("[Stage]\nStartX=24990\nStartY=-24990\nStartZ=995\n") {}
+    ~HostThatKeepsItsPlace() override {
+        const hosts::simulated::StagePoint left = simulated().stage().exactPosition();
+        EXPECT_EQ(left.x, 24990.0);
+        EXPECT_EQ(left.y, -24990.0);
+        EXPECT_EQ(left.z, 995.0);
+    }
+};
+
 } // namespace
 
-std::vector<HostFactory> hostsUnderTest() {
-    return {{"Simulated", [] { return std::make_unique<SimulatedHostUnderTest>(); }}, libraryHostUnderTest()};
-}
+std::unique_ptr<HostUnderTest> simulatedHostUnderTest() { return std::make_unique<SimulatedHostUnderTest>(); }
+
+std::unique_ptr<HostUnderTest> hostThatKeepsItsPlace() { return std::make_unique<HostThatKeepsItsPlace>(); }

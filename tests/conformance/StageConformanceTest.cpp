@@ -1,47 +1,27 @@
-#include "tests/conformance/HostUnderTest.h"
+#include "tests/conformance/StageUnderTest.h"
 
 #include <limits>
 
 namespace {
 
-constexpr TarnLong axes[] = {1, 2, 3};
+constexpr auto& axes = stageAxes;
 
 class StageConformance : public HostConformance {
 protected:
-    ocuva::TnMicroProxy& stage() { return host().tn_micro_proxy(); }
+    void TearDown() override { m_stage.bringBack(); }
 
-    TarnLong at(TarnLong axis) {
-        TarnLong position = -987654;
-        EXPECT_NE(stage().TarnReadStagePos(axis, &position), 0);
-        return position;
-    }
-    bool moving(TarnLong axis) {
-        TarnLong status = -1;
-        EXPECT_NE(stage().TarnReadStageStatus(axis, 0, &status), 0);
-        EXPECT_TRUE(status == 0 || status == 1) << status;
-        return status != 0;
-    }
-    void settle() {
-        for (int tries = 0; moving(1) || moving(2) || moving(3); ++tries) {
-            ASSERT_LT(tries, 100000) << "the stage does not come to rest";
-            underTest().letTimePass(20.0);
-        }
-    }
-    void moveTo(TarnLong axis, TarnLong target) {
-        EXPECT_NE(stage().TarnLoadStageAbs(axis, static_cast<TarnSingle>(target)), 0);
-        EXPECT_NE(stage().TarnStartStage(axis), 0);
-        settle();
-    }
-    TarnLong lower(TarnLong axis) { return limit(axis, false); }
-    TarnLong upper(TarnLong axis) { return limit(axis, true); }
+    ocuva::TnMicroProxy& stage() { return host().tn_micro_proxy(); }
+    TarnLong at(TarnLong axis) { return m_stage.at(axis); }
+    bool moving(TarnLong axis) { return m_stage.moving(axis); }
+    void settle() { m_stage.settle(); }
+    void moveTo(TarnLong axis, TarnLong target) { m_stage.moveTo(axis, target); }
+    TarnLong lower(TarnLong axis) { return m_stage.lower(axis); }
+    TarnLong upper(TarnLong axis) { return m_stage.upper(axis); }
+    TarnLong inside(TarnLong axis, TarnLong units) { return m_stage.inside(axis, units); }
+    void loadRelative(TarnLong axis, TarnLong distance) { m_stage.loadRelative(axis, distance); }
 
 private:
-    TarnLong limit(TarnLong axis, bool wantUpper) {
-        TarnLong low = 0;
-        TarnLong high = 0;
-        EXPECT_NE(host().tn_lib_proxy().TarnGetStageLimits(axis, &low, &high), 0);
-        return wantUpper ? high : low;
-    }
+    StageUnderTest m_stage{underTest()};
 };
 
 // Guards against limits that exclude the stage's own position.
@@ -58,20 +38,22 @@ TEST_P(StageConformance, EveryAxisIsInsideItsLimits) {
 TEST_P(StageConformance, ALoadedMoveWaitsForItsStart) {
     for (const TarnLong axis : axes) {
         const TarnLong began = at(axis);
-        EXPECT_NE(stage().TarnLoadStageRelSecure(axis, 5.0F), 0);
+        const TarnLong way = inside(axis, 5);
+        loadRelative(axis, way);
         underTest().letTimePass(500.0);
         EXPECT_EQ(at(axis), began);
         EXPECT_NE(stage().TarnStartStage(axis), 0);
         settle();
-        EXPECT_EQ(at(axis), began + 5);
+        EXPECT_EQ(at(axis), began + way);
     }
 }
 
 // Guards against an end of move that is reported too early: the panels would show an intermediate
 // position.
 TEST_P(StageConformance, TheStatusSaysMovingUntilTheTargetIsReached) {
-    const TarnLong target = at(1) + 2000;
-    stage().TarnLoadStageRelSecure(1, 2000.0F);
+    const TarnLong way = inside(1, 2000);
+    const TarnLong target = at(1) + way;
+    loadRelative(1, way);
     EXPECT_NE(stage().TarnStartStage(1), 0);
     EXPECT_TRUE(moving(1));
     settle();
@@ -80,9 +62,42 @@ TEST_P(StageConformance, TheStatusSaysMovingUntilTheTargetIsReached) {
     EXPECT_EQ(at(1), target);
 }
 
+// Guards against a program that asks once, is told that nothing moves, and reads a place on the way.
+TEST_P(StageConformance, AStartedAxisIsBusyAtOnce) {
+    for (const TarnLong axis : axes) {
+        loadRelative(axis, inside(axis, 50));
+        EXPECT_NE(stage().TarnStartStage(axis), 0);
+        EXPECT_TRUE(moving(axis)) << "axis " << axis;
+        settle();
+    }
+    for (const TarnLong axis : axes) {
+        loadRelative(axis, inside(axis, 50));
+    }
+    EXPECT_NE(stage().TarnStartStage(0), 0);
+    EXPECT_TRUE(moving(1) && moving(2) && moving(3)) << "all axes";
+}
+
+// Guards against a window that freezes while the stage is under way.
+TEST_P(StageConformance, NoCallWaitsForAMove) {
+    TarnLong number = 0;
+    TarnLong other = 0;
+    const TarnLong way = inside(1, 20000);
+    expectAtOnce("load", [&] { loadRelative(1, way); });
+    expectAtOnce("start", [&] { stage().TarnStartStage(1); });
+    EXPECT_TRUE(moving(1)) << "the start waited for the end";
+    expectAtOnce("position", [&] { stage().TarnReadStagePos(1, &number); });
+    expectAtOnce("status", [&] { stage().TarnReadStageStatus(1, 0, &number); });
+    expectAtOnce("limits", [&] { host().tn_lib_proxy().TarnGetStageLimits(1, &number, &other); });
+    expectAtOnce("load while it moves", [&] { loadRelative(1, way < 0 ? 1 : -1); });
+    expectAtOnce("start while it moves", [&] { stage().TarnStartStage(1); });
+    expectAtOnce("backlash", [&] { stage().TarnBacklashStage(2); });
+    expectAtOnce("start of backlash", [&] { stage().TarnStartStage(2); });
+    EXPECT_TRUE(moving(2));
+}
+
 // Guards against waits that never end: the Z buttons poll the status in a loop.
 TEST_P(StageConformance, ALoopThatOnlyAsksForTheStatusEnds) {
-    stage().TarnLoadStageRelSecure(3, 10.0F);
+    loadRelative(3, inside(3, 10));
     stage().TarnStartStage(3);
     while (moving(3)) {
     }
@@ -103,12 +118,14 @@ TEST_P(StageConformance, AStartOfAllAxesStartsEveryLoadedOne) {
     const TarnLong x = at(1);
     const TarnLong y = at(2);
     const TarnLong z = at(3);
-    stage().TarnLoadStageRelSecure(1, 30.0F);
-    stage().TarnLoadStageRelSecure(2, -40.0F);
+    const TarnLong wayX = inside(1, 30);
+    const TarnLong wayY = inside(2, 40);
+    loadRelative(1, wayX);
+    loadRelative(2, wayY);
     EXPECT_NE(stage().TarnStartStage(0), 0);
     settle();
-    EXPECT_EQ(at(1), x + 30);
-    EXPECT_EQ(at(2), y - 40);
+    EXPECT_EQ(at(1), x + wayX);
+    EXPECT_EQ(at(2), y + wayY);
     EXPECT_EQ(at(3), z);
 }
 
@@ -151,8 +168,9 @@ TEST_P(StageConformance, InvalidDistancesAreRefused) {
 // distance from a position just read or an image just shown.
 TEST_P(StageConformance, ARelativeMoveOfAMovingAxisCountsFromWhereItIs) {
     constexpr TarnLong readLate = 300; // units that an axis may go between the read and the load
-    const TarnLong wanted = at(1) - 1000;
-    stage().TarnLoadStageRelSecure(1, 3000.0F);
+    const TarnLong way = inside(1, 3000);
+    const TarnLong wanted = at(1) + way / 3; // on the way already, or still ahead
+    loadRelative(1, way);
     stage().TarnStartStage(1);
     underTest().letTimePass(60.0);
     EXPECT_NE(stage().TarnLoadStageRelSecure(1, static_cast<TarnSingle>(wanted - at(1))), 0);
@@ -173,6 +191,8 @@ TEST_P(StageConformance, UnknownAxesAreRefused) {
         EXPECT_EQ(stage().TarnLoadStageRelSecure(axis, 0.0F), 0);
         EXPECT_EQ(stage().TarnStartStage(axis), 0);
         EXPECT_EQ(stage().TarnBacklashStage(axis), 0);
+        EXPECT_EQ(a, 11) << "a failed read leaves the last known value";
+        EXPECT_EQ(b, 22);
     }
 }
 

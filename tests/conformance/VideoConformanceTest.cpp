@@ -1,5 +1,6 @@
 #include "tests/conformance/HostUnderTest.h"
 
+#include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
@@ -110,6 +111,62 @@ TEST_P(VideoConformance, ABufferIsDescribedOnceTheBoardIsReady) {
     EXPECT_EQ(found.bitsPerSample, 8);
     EXPECT_TRUE(found.bands == 1 || found.bands == 3) << found.bands;
     EXPECT_EQ(found.recordSize, TarnLong{sizeof(found)});
+}
+
+// Guards against a monitor, a file or a statistic of a size that the program cannot take.
+TEST_P(VideoConformance, PicturesOfEveryCameraTypeHaveASizeThatTheProgramTakes) {
+    constexpr TarnLong largestSide = 32767;
+    constexpr std::int64_t mostPixels = 100'000'000;
+    bringUp();
+    for (const TarnLong type : {1, 2, 3, 4}) {
+        video().TarnVideoSetCurrentCameraType(type);
+        TarnBufferDesc found{};
+        found.recordSize = sizeof(found);
+        const TarnLong handle = video().TarnVideoBufferAlloc(&found, TARN_BUFFER_CURRENT);
+        ASSERT_NE(video().TarnVideoGetBufferDesc(handle, &found), 0) << type;
+        EXPECT_TRUE(found.width >= 1 && found.width <= largestSide) << type << ": " << found.width;
+        EXPECT_TRUE(found.height >= 1 && found.height <= largestSide) << type << ": " << found.height;
+        EXPECT_LE(std::int64_t{found.width} * found.height, mostPixels) << type;
+    }
+}
+
+// Guards against sliders, sizes and figures that show an invented 0 after a call that failed.
+TEST_P(VideoConformance, AFailedReadLeavesTheLastKnownValue) {
+    TarnBufferDesc descriptor{sizeof(TarnBufferDesc), 11, 22, 33, 44};
+    EXPECT_EQ(video().TarnVideoGetBufferDesc(0, &descriptor), 0) << "the board is not ready";
+    EXPECT_EQ(descriptor.width, 11);
+    EXPECT_EQ(descriptor.bands, 44);
+    TarnDouble first = 5.5;
+    TarnDouble second = 6.5;
+    EXPECT_EQ(video().TarnVideoCameraGetReferences(9, &first, &second), 0);
+    EXPECT_EQ(first, 5.5);
+    EXPECT_EQ(second, 6.5);
+    TarnLong buffer = 77;
+    TarnLong count = 1;
+    TarnLong sum = 2;
+    TarnDouble variance = 3.0;
+    EXPECT_EQ(
+        host().tn_vduti().TarnVideoBufferComputeStatistics(&buffer, 0, 0, -1, -1, &count, &sum, &variance),
+        0);
+    EXPECT_EQ(count, 1);
+    EXPECT_EQ(sum, 2);
+    EXPECT_EQ(variance, 3.0);
+}
+
+// Guards against a window that freezes while the camera is set up or a frame is awaited.
+TEST_P(VideoConformance, NoCallWaitsForAFrame) {
+    TarnBufferDesc descriptor{sizeof(TarnBufferDesc), 0, 0, 0, 0};
+    TarnLong gain = -1;
+    bringUp();
+    expectAtOnce("single grab", [&] { video().TarnVideoBoardStartGrab(0, 1); });
+    expectAtOnce("grab", [&] { video().TarnVideoBoardStartGrab(1, 1); });
+    expectAtOnce("camera type", [&] { video().TarnVideoSetCurrentCameraType(2); });
+    expectAtOnce("references", [&] { video().TarnVideoCameraSetReferences(1, 40.0, 60.0); });
+    expectAtOnce("gain", [&] { video().TarnVideoBoardFunction(TARN_BOARD_FUNCTION_GAIN, &gain); });
+    expectAtOnce("buffer", [&] { video().TarnVideoBufferAlloc(&descriptor, TARN_BUFFER_CURRENT); });
+    expectAtOnce("halt", [&] { video().TarnVideoBoardHaltGrab(); });
+    expectAtOnce("shutdown", [&] { video().TarnVideoBoardShutdown(); });
+    expectAtOnce("initialisation", [&] { video().TarnVideoBoardInit(); });
 }
 
 // Guards against a host that knows a longer record and writes past the caller's.

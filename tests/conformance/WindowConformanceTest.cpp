@@ -2,7 +2,7 @@
 // host's values.
 
 #include "app/modInter.h"
-#include "tests/conformance/HostUnderTest.h"
+#include "tests/conformance/StageUnderTest.h"
 #include "tests/support/OwnRegistry.h"
 
 #include <QTest>
@@ -17,7 +17,12 @@ class WindowConformance : public HostConformance {
 protected:
     WindowConformance() {
         emptyRegistry();
+        stage.moveToTheMiddle();
         start();
+    }
+    void TearDown() override {
+        inter.reset();
+        stage.bringBack();
     }
 
     void start() {
@@ -39,11 +44,7 @@ protected:
     std::string panel(const char* key) {
         return window().sbMain->panel(QString::fromLatin1(key))->text().toStdString();
     }
-    TarnLong at(TarnLong axis) {
-        TarnLong position = 0;
-        EXPECT_NE(host().tn_micro_proxy().TarnReadStagePos(axis, &position), 0);
-        return position;
-    }
+    TarnLong at(TarnLong axis) { return stage.at(axis); }
     /// Until the window has seen the end of the move and shows where the stage stands.
     void settle() {
         EXPECT_TRUE(QTest::qWaitFor([this] {
@@ -55,6 +56,7 @@ protected:
         EXPECT_EQ(panel("Z"), std::to_string(at(axisZ)));
     }
 
+    StageUnderTest stage{underTest()};
     DisplayWindows windows;
     NoAutomation automation;
     std::unique_ptr<modInter> inter;
