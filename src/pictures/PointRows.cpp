@@ -177,6 +177,11 @@ void PointRows::setBusy(bool busy) {
     }
 }
 
+void PointRows::setLocked(bool locked) {
+    m_locked = locked;
+    enableRows();
+}
+
 void PointRows::enableRows() {
     for (std::size_t i = 0; i < m_rows.size(); ++i) {
         const Row& row = m_rows.at(i);
@@ -184,9 +189,11 @@ void PointRows::enableRows() {
         row.LabelPtI->setEnabled(inUse);
         for (TextBox* box : row.boxes) {
             box->setEnabled(inUse);
+            box->setReadOnly(m_locked);
+            box->setFocusPolicy(m_locked ? Qt::ClickFocus : Qt::StrongFocus);
         }
-        row.ButI->setEnabled(inUse && !m_busy);
-        row.ButX->setEnabled(inUse && !m_busy);
+        row.ButI->setEnabled(inUse && !m_busy && !m_locked);
+        row.ButX->setEnabled(inUse && !m_busy && !m_locked);
     }
 }
 

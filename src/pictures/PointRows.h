@@ -56,6 +56,9 @@ public:
     /// While the stage moves, nothing can be picked or read. A button that had the keyboard focus gets it
     /// back afterwards.
     void setBusy(bool busy);
+    /// While the assistant fills the rows, the texts can be read but not changed, and nothing can be picked or
+    /// read by hand.
+    void setLocked(bool locked);
     /// Keeps the Pick button of that point down, and no other.
     void showSelected(std::optional<std::size_t> point);
     /// Shows the residual of each point; empty if the quality has none.
@@ -79,6 +82,7 @@ private:
     std::array<Row, 3> m_rows;
     bool m_twoPoints = false;
     bool m_busy = false;
+    bool m_locked = false;
     QPointer<QWidget> m_focusBefore; // of the window, when it became busy
     QPointer<QWidget> m_focusMeanwhile;
 };

@@ -61,7 +61,7 @@ void frmSetupStage::showWalk() {
 void frmSetupStage::showWalkControls() {
     const CalibrationWalk& walk = m_assistant.walk();
     const bool busy = walk.isUnderWay() && walk.state() != State::Done;
-    FramePoint->setEnabled(!busy);
+    FramePoint->setLocked(busy);
     for (QWidget* control : {static_cast<QWidget*>(optThreePoints), static_cast<QWidget*>(optTwoPoints),
                              static_cast<QWidget*>(CmdPt), static_cast<QWidget*>(cmdRestore),
                              static_cast<QWidget*>(OKPicture)}) {

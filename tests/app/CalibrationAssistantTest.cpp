@@ -155,6 +155,19 @@ TEST_F(Assistant, ShowsNoMessageBoxAndSaysAtEachStepWhatItWaitsFor) {
     EXPECT_FALSE(dialog().OKPicture->isEnabled());
 }
 
+TEST_F(Assistant, LeavesTheTextsReadableButNotEditableWhileItWalks) {
+    walkTo(State::AtPoint);
+    const auto first = [this] { return dialog().FramePoint->row(0); };
+    EXPECT_TRUE(first().boxes[0]->isEnabled());
+    EXPECT_TRUE(first().boxes[0]->isReadOnly());
+    EXPECT_FALSE(first().ButI->isEnabled() || first().ButX->isEnabled());
+    inter.reset();
+    begin();
+    walkTo(State::Done);
+    EXPECT_FALSE(first().boxes[0]->isReadOnly());
+    EXPECT_TRUE(first().ButI->isEnabled() && first().ButX->isEnabled());
+}
+
 TEST_F(Assistant, ReadsWhereTheOperatorHasCentredThePoint) {
     walkTo(State::AtPoint);
     host.position[axisX] += 11;
