@@ -23,14 +23,14 @@ public:
     double surfaceHeight(double x, double y) const { return m_surface.at(x, y); }
 
     /// The true position of the sample, in stage units.
-    StagePoint position() const { return m_stage.truePosition(); }
+    ocuva::ExactStagePosition position() const { return m_stage.truePosition(); }
 
     /// Stage units across the whole picture.
     FieldSize field() const { return m_field(); }
 
     /// The true Z at which the place that is seen now is sharp.
     double bestFocusZ() const {
-        const StagePoint at = position();
+        const ocuva::ExactStagePosition at = position();
         return surfaceHeight(at.x, at.y);
     }
 

@@ -8,7 +8,7 @@ void PictureAge::frameShown() {
     m_takenAt.reset();
 }
 
-void PictureAge::moveStarted(Integer axis, const std::optional<JournalPosition>& from) {
+void PictureAge::moveStarted(Integer axis, const std::optional<StagePosition>& from) {
     if (axis == axisZ) {
         return; // the same point stays under the centre
     }
@@ -18,7 +18,7 @@ void PictureAge::moveStarted(Integer axis, const std::optional<JournalPosition>&
     m_stageHasGone = true;
 }
 
-void PictureAge::positionRead(const JournalPosition& at) {
+void PictureAge::positionRead(const StagePosition& at) {
     if (m_takenAt) {
         m_stageHasGone = at.x != m_takenAt->x || at.y != m_takenAt->y;
     }

@@ -15,9 +15,9 @@ public:
     /// A frame was shown, or a grab began of which no frame is seen here: this is the picture now.
     void frameShown();
     /// A move of an axis (0: all) was started from the position shown last.
-    void moveStarted(Integer axis, const std::optional<JournalPosition>& from);
+    void moveStarted(Integer axis, const std::optional<StagePosition>& from);
     /// No move is under way; the stage was read there.
-    void positionRead(const JournalPosition& at);
+    void positionRead(const StagePosition& at);
 
     /// Whether a click on the picture would centre another point than the visible one: there has been no
     /// picture, or the stage has moved since it was taken.
@@ -26,7 +26,7 @@ public:
 private:
     bool m_hasPicture = false;
     bool m_stageHasGone = false;
-    std::optional<JournalPosition> m_takenAt; // known once a move has begun
+    std::optional<StagePosition> m_takenAt; // known once a move has begun
 };
 
 } // namespace ocuva

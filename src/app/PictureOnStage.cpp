@@ -87,9 +87,9 @@ void PictureOnStage::showPointedPosition(Single x, Single y, const TwipsRect& di
     try {
         const PicturePoint pointed = placeOn(display, x, y);
         calibration();
-        const StagePoint stage = viewed().position(pointed.XPic, pointed.YPic);
-        showPosition(m_context.sbMain, QString::number(stage.XSt), QString::number(stage.YSt),
-                     QString::number(stage.ZSt));
+        const StagePosition stage = viewed().position(pointed.XPic, pointed.YPic);
+        showPosition(m_context.sbMain, QString::number(stage.x), QString::number(stage.y),
+                     QString::number(stage.z));
         m_failing = false;
     } catch (const std::exception& error) {
         const QString dash(QChar(0x2013));

@@ -337,7 +337,7 @@ void frmOcuva::SyncStageMove(Integer axis) {
     m_stage.relieveSums();
 }
 
-void frmOcuva::farMoveStarted(Long x, Long y, Long z) { m_farTarget = {x, y, z}; }
+void frmOcuva::farMoveStarted(const StagePosition& target) { m_farTarget = target; }
 
 void frmOcuva::tStageMove_Timer() { m_watch.tick(); }
 

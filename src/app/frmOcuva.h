@@ -145,7 +145,7 @@ public:
     CTnStage& cxsStage() override { return m_stage; }
     /// When the move has ended, the information panel names the first axis that has not reached its
     /// target.
-    void farMoveStarted(Long x, Long y, Long z) override;
+    void farMoveStarted(const StagePosition& target) override;
     /// Blocks pointer and keys for the life of the returned object.
     ///@{
     std::shared_ptr<void> holdInput() override { return holdInput(QString()); }
@@ -255,8 +255,8 @@ private:
     void setMonitorColour(Long colour) override;
     void enableMoveTimer(bool on) override;
     void showPosition(Integer axis, const std::string& text) override;
-    void moveStarted(Integer axis, const std::optional<JournalPosition>& from) override;
-    void positionShown(const JournalPosition& at) override;
+    void moveStarted(Integer axis, const std::optional<StagePosition>& from) override;
+    void positionShown(const StagePosition& at) override;
     void moveTakesLong() override;
     void watchedMoveEnded() override;
 
@@ -326,8 +326,8 @@ private:
     std::unique_ptr<MouseModes> m_mouseModes;
     ImageInformation* m_information = nullptr;
     PictureAge m_pictureAge;
-    QString m_moveNote;                         // about the last move
-    std::optional<JournalPosition> m_farTarget; // of the move that is watched
+    QString m_moveNote;                       // about the last move
+    std::optional<StagePosition> m_farTarget; // of the move that is watched
     WindowFit* m_fit = nullptr;
     MagnificationWatch* m_magnificationWatch = nullptr;
 

@@ -26,7 +26,7 @@ WalkSurroundings frmOcuva::walkSurroundings() {
         const StagePair move =
             ocuva::moveToPoint({at.XPic, at.YPic, {whole / 2, whole / 2}, {whole, whole}},
                                m_magnification.read(), m_settings.readView(), m_conversion);
-        return StagePoint{move.x, move.y, 0};
+        return StagePosition{move.x, move.y, 0};
     };
     const auto whyNot = [this] {
         const Magnification scale = m_magnification.read();
@@ -60,9 +60,8 @@ CalibrationView frmOcuva::shownView() const {
     if (m_pictures != nullptr && m_pictures->stored()) {
         return m_pictures->stored()->view();
     }
-    const std::optional<JournalPosition>& at = m_watch.shownPosition();
-    return at ? CalibrationView{{}, ViewPlace{at->x, at->y, at->z, m_information->magnification()}}
-              : CalibrationView{};
+    const std::optional<StagePosition>& at = m_watch.shownPosition();
+    return at ? CalibrationView{{}, ViewPlace{*at, m_information->magnification()}} : CalibrationView{};
 }
 
 void frmOcuva::showCalibration() {

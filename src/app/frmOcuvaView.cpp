@@ -42,14 +42,14 @@ void frmOcuva::showPosition(Integer axis, const std::string& text) {
     sbMain->panel(QString::fromLatin1(keys[axis - axisX]))->setText(QString::fromStdString(text));
 }
 
-void frmOcuva::moveStarted(Integer axis, const std::optional<JournalPosition>& from) {
+void frmOcuva::moveStarted(Integer axis, const std::optional<StagePosition>& from) {
     m_information->takeOff(m_moveNote);
     m_farTarget.reset();
     m_pictureAge.moveStarted(axis, from);
     m_pictureOnStage->viewChanged();
 }
 
-void frmOcuva::positionShown(const JournalPosition& at) {
+void frmOcuva::positionShown(const StagePosition& at) {
     if (!m_watch.isWatching()) {
         m_pictureAge.positionRead(at);
     }
@@ -78,8 +78,8 @@ void frmOcuva::watchedMoveEnded() {
     m_information->takeOff(stageMoves());
     m_magnificationWatch->readSoon();
     m_pictureOnStage->moveEnded();
-    if (const std::optional<JournalPosition> target = std::exchange(m_farTarget, std::nullopt)) {
-        const JournalPosition at = *m_watch.shownPosition();
+    if (const std::optional<StagePosition> target = std::exchange(m_farTarget, std::nullopt)) {
+        const StagePosition at = *m_watch.shownPosition();
         for (const auto& [axis, wanted, reached] :
              {std::tuple{u'X', target->x, at.x}, {u'Y', target->y, at.y}, {u'Z', target->z, at.z}}) {
             if (wanted != reached) {

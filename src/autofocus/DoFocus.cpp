@@ -18,7 +18,7 @@ const char* journalResult(Long answer) {
     }
 }
 
-std::optional<Long> zOf(const std::optional<JournalPosition>& position) {
+std::optional<Long> zOf(const std::optional<StagePosition>& position) {
     return position ? std::optional<Long>(position->z) : std::nullopt;
 }
 
@@ -26,8 +26,8 @@ std::optional<Long> zOf(const std::optional<JournalPosition>& position) {
 
 FocusCourse doFocus(CTnStage& stage, StageWatch& watch, CTnVideoBoard& board, const CTnVideoImage& image) {
     // While a move is watched, the position shown is the one before the move.
-    const std::optional<JournalPosition> from =
-        watch.isWatching() ? std::optional<JournalPosition>() : watch.shownPosition();
+    const std::optional<StagePosition> from =
+        watch.isWatching() ? std::optional<StagePosition>() : watch.shownPosition();
     const Long answer = stage.AutoFocus(static_cast<Integer>(hostTrue));
     watch.moveEnded();
     note(watch.journal(), {"focus", from, watch.shownPosition(), journalResult(answer)});

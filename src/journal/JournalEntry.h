@@ -1,7 +1,7 @@
 #pragma once
 // One action on the instrument, as the journal records it.
 
-#include "base/Types.h"
+#include "base/StagePosition.h"
 
 #include <functional>
 #include <optional>
@@ -9,19 +9,11 @@
 
 namespace ocuva {
 
-/// A stage position.
-struct JournalPosition {
-    Long x = 0; ///< stage units
-    Long y = 0; ///< stage units
-    Long z = 0; ///< stage units
-};
-
 /// One line of the journal, without its time.
 struct JournalEntry {
-    std::string what; ///< "move", "focus", "picture", "request"
-    std::optional<JournalPosition>
-        from;                          ///< as shown last before; none if it was never read or does not apply
-    std::optional<JournalPosition> to; ///< as read afterwards
+    std::string what;                  ///< "move", "focus", "picture", "request"
+    std::optional<StagePosition> from; ///< as shown last before; none if it was never read or does not apply
+    std::optional<StagePosition> to;   ///< as read afterwards
     std::string result;                ///< the outcome, or the request
 };
 

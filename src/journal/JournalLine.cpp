@@ -25,7 +25,7 @@ std::string field(std::string_view text) {
     return quoted + '"';
 }
 
-std::string fields(const std::optional<JournalPosition>& position) {
+std::string fields(const std::optional<StagePosition>& position) {
     return position ? std::to_string(position->x) + ',' + std::to_string(position->y) + ',' +
                           std::to_string(position->z)
                     : ",,";

@@ -85,19 +85,19 @@ void Calibration::ComputeStagePlan() {
     m_stagePlan = solved ? StagePlan{solution[0], solution[1], solution[2]} : StagePlan{};
 }
 
-StagePoint Calibration::ComputeStagePosition(Single XPic, Single YPic) const {
-    StagePoint result;
-    result.XSt = toLong(static_cast<double>(XPic) * m_picturePlan.scaleX + m_picturePlan.offsetX);
-    result.YSt = toLong(static_cast<double>(YPic) * m_picturePlan.scaleY + m_picturePlan.offsetY);
-    result.ZSt = heightAt(result.XSt, result.YSt);
+StagePosition Calibration::ComputeStagePosition(Single XPic, Single YPic) const {
+    StagePosition result;
+    result.x = toLong(static_cast<double>(XPic) * m_picturePlan.scaleX + m_picturePlan.offsetX);
+    result.y = toLong(static_cast<double>(YPic) * m_picturePlan.scaleY + m_picturePlan.offsetY);
+    result.z = heightAt(result.x, result.y);
     return result;
 }
 
-StagePoint Calibration::movedPosition(Single XPic, Single YPic, std::int64_t dx, std::int64_t dy) const {
-    StagePoint result = ComputeStagePosition(XPic, YPic);
-    result.XSt = toLong(result.XSt + static_cast<double>(dx));
-    result.YSt = toLong(result.YSt + static_cast<double>(dy));
-    result.ZSt = heightAt(result.XSt, result.YSt);
+StagePosition Calibration::movedPosition(Single XPic, Single YPic, std::int64_t dx, std::int64_t dy) const {
+    StagePosition result = ComputeStagePosition(XPic, YPic);
+    result.x = toLong(result.x + static_cast<double>(dx));
+    result.y = toLong(result.y + static_cast<double>(dy));
+    result.z = heightAt(result.x, result.y);
     return result;
 }
 

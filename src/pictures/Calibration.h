@@ -1,6 +1,7 @@
 #pragma once
 // Ties picture points to stage positions by two or three points that the operator picked.
 
+#include "base/StagePosition.h"
 #include "base/Types.h"
 #include "hostlink/Host.h"
 #include "pictures/CalibrationView.h"
@@ -58,18 +59,6 @@ struct StagePlan {
     bool operator==(const StagePlan&) const = default;
 };
 
-/// A stage position that a calibration gives.
-struct StagePoint {
-    /// Stage units.
-    ///@{
-    Long XSt = 0;
-    Long YSt = 0;
-    Long ZSt = 0;
-    ///@}
-
-    bool operator==(const StagePoint&) const = default;
-};
-
 /// On each axis, scale and offset come from the pair of points whose image coordinates differ most (of
 /// equal ones the first of 1-2, 1-3, 2-3). Throws ArithmeticError if an image difference exceeds 16 bits
 /// or a stage difference 32 bits, or if all points in use have the same coordinate on an axis.
@@ -101,11 +90,11 @@ public:
 
     /// Stage position of a picture point; Z is taken on the plane at the rounded X and Y. Throws
     /// ArithmeticError when a result leaves 32 bits.
-    StagePoint ComputeStagePosition(Single XPic, Single YPic) const;
+    StagePosition ComputeStagePosition(Single XPic, Single YPic) const;
 
     /// The same for a picture that was taken dx, dy stage units away: X and Y are shifted, and Z is taken
     /// on the plane there. Throws ArithmeticError if a result exceeds 32 bits.
-    StagePoint movedPosition(Single XPic, Single YPic, std::int64_t dx, std::int64_t dy) const;
+    StagePosition movedPosition(Single XPic, Single YPic, std::int64_t dx, std::int64_t dy) const;
 
     /// Takes points, view and plans of another calibration, all or, when computing them failed before, none.
     void assign(const Calibration& other) {

@@ -11,8 +11,8 @@ namespace {
 
 using State = CalibrationWalk::State;
 
-QString words(const StagePoint& at) {
-    return QStringLiteral("X:%1 Y:%2 Z:%3").arg(at.XSt).arg(at.YSt).arg(at.ZSt);
+QString words(const StagePosition& at) {
+    return QStringLiteral("X:%1 Y:%2 Z:%3").arg(at.x).arg(at.y).arg(at.z);
 }
 
 } // namespace
@@ -22,19 +22,19 @@ CalibrationAssistant::CalibrationAssistant(CalibrationAssistantContext context, 
     , m_context(std::move(context))
     , m_walk(*this) {}
 
-StagePoint CalibrationAssistant::position() {
+StagePosition CalibrationAssistant::position() {
     const CTnStage& stage = m_context.fOcuva.cxsStage();
     const Long x = stage.X();
     const Long y = stage.Y();
     return {x, y, stage.Z()};
 }
 
-void CalibrationAssistant::driveBy(const StagePoint& distance) {
+void CalibrationAssistant::driveBy(const StagePosition& distance) {
     CTnStage& stage = m_context.fOcuva.cxsStage();
-    stage.DX(distance.XSt);
-    stage.DY(distance.YSt);
-    if (distance.ZSt != 0) {
-        stage.DZ(distance.ZSt);
+    stage.DX(distance.x);
+    stage.DY(distance.y);
+    if (distance.z != 0) {
+        stage.DZ(distance.z);
     }
     m_context.fOcuva.SyncStageMove(axisAll);
 }

@@ -13,9 +13,9 @@ namespace ocuva {
 
 /// The surroundings of the assistant; everything outlives it.
 struct CalibrationAssistantContext {
-    StageMover& fOcuva;                                      ///< moves the stage
-    std::function<StagePoint(const PicturePoint&)> offsetTo; ///< by the set-up's scale; Z is 0
-    std::function<void()> focus;                             ///< one focus search from begin to end
+    StageMover& fOcuva;                                         ///< moves the stage
+    std::function<StagePosition(const PicturePoint&)> offsetTo; ///< by the set-up's scale; Z is 0
+    std::function<void()> focus;                                ///< one focus search from begin to end
     std::function<QString()> whyNot; ///< why the stage cannot be walked now; empty when it can
 };
 
@@ -52,9 +52,9 @@ Q_SIGNALS:
     void changed();
 
 private:
-    StagePoint position() override;
-    StagePoint offsetTo(const PicturePoint& point) override { return m_context.offsetTo(point); }
-    void driveBy(const StagePoint& distance) override;
+    StagePosition position() override;
+    StagePosition offsetTo(const PicturePoint& point) override { return m_context.offsetTo(point); }
+    void driveBy(const StagePosition& distance) override;
     void focus() override;
 
     bool isRefused();

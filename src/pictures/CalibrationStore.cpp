@@ -47,15 +47,16 @@ bool scanPoint(Scanner& scanner, CalibrationPoint& point) {
 } // namespace
 
 std::string placeText(const ViewPlace& place) {
-    return std::to_string(place.x) + ',' + std::to_string(place.y) + ',' + std::to_string(place.z) + ',' +
-           std::to_string(place.magnification);
+    return std::to_string(place.stage.x) + ',' + std::to_string(place.stage.y) + ',' +
+           std::to_string(place.stage.z) + ',' + std::to_string(place.magnification);
 }
 
 std::optional<ViewPlace> parsePlaceText(std::string_view text) {
     Scanner scanner(text);
     ViewPlace place;
-    const bool isPlace = scanner.number(place.x) && scanner.separator(',') && scanner.number(place.y) &&
-                         scanner.separator(',') && scanner.number(place.z) && scanner.separator(',') &&
+    const bool isPlace = scanner.number(place.stage.x) && scanner.separator(',') &&
+                         scanner.number(place.stage.y) && scanner.separator(',') &&
+                         scanner.number(place.stage.z) && scanner.separator(',') &&
                          scanner.number(place.magnification) && scanner.atEnd();
     return isPlace ? std::optional(place) : std::nullopt;
 }

@@ -15,8 +15,8 @@ ViewRelation relationTo(const CalibrationView& ofPoints, const CalibrationView& 
     if (ofPoints.place->magnification != shown.place->magnification) {
         return {Kind::OtherMagnification};
     }
-    const std::int64_t dx = std::int64_t{shown.place->x} - ofPoints.place->x;
-    const std::int64_t dy = std::int64_t{shown.place->y} - ofPoints.place->y;
+    const std::int64_t dx = std::int64_t{shown.place->stage.x} - ofPoints.place->stage.x;
+    const std::int64_t dy = std::int64_t{shown.place->stage.y} - ofPoints.place->stage.y;
     if (std::abs(dx) <= sameViewUnits && std::abs(dy) <= sameViewUnits) {
         return {Kind::Same};
     }

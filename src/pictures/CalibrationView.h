@@ -1,6 +1,7 @@
 #pragma once
 // The view that a calibration belongs to: what was visible when its points were picked.
 
+#include "base/StagePosition.h"
 #include "base/Types.h"
 
 #include <array>
@@ -12,12 +13,7 @@ namespace ocuva {
 
 /// Stage position and magnification of a picture.
 struct ViewPlace {
-    /// Stage units.
-    ///@{
-    Long x = 0;
-    Long y = 0;
-    Long z = 0;
-    ///@}
+    StagePosition stage;    ///< under the centre of the picture
     Long magnification = 0; ///< 400 means 400 times
 
     bool operator==(const ViewPlace&) const = default;

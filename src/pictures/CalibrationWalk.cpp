@@ -37,12 +37,10 @@ constexpr std::array<std::pair<State, State>, 17> transitions{{
 
 bool isNear(Long a, Long b) { return std::abs(std::int64_t{a} - b) <= sameViewUnits; }
 
-bool sameView(const StagePoint& a, const StagePoint& b) {
-    return isNear(a.XSt, b.XSt) && isNear(a.YSt, b.YSt);
-}
+bool sameView(const StagePosition& a, const StagePosition& b) { return isNear(a.x, b.x) && isNear(a.y, b.y); }
 
-StagePoint less(const StagePoint& a, const StagePoint& b) {
-    return {checkedSubtract(a.XSt, b.XSt), checkedSubtract(a.YSt, b.YSt), checkedSubtract(a.ZSt, b.ZSt)};
+StagePosition less(const StagePosition& a, const StagePosition& b) {
+    return {checkedSubtract(a.x, b.x), checkedSubtract(a.y, b.y), checkedSubtract(a.z, b.z)};
 }
 
 } // namespace
@@ -110,9 +108,8 @@ void CalibrationWalk::enter() {
             return;
         }
         for (const PicturePoint& pick : m_picks) {
-            const StagePoint offset = m_actions.offsetTo(pick);
-            m_targets.push_back(
-                {checkedAdd(m_home.XSt, offset.XSt), checkedAdd(m_home.YSt, offset.YSt), m_home.ZSt});
+            const StagePosition offset = m_actions.offsetTo(pick);
+            m_targets.push_back({checkedAdd(m_home.x, offset.x), checkedAdd(m_home.y, offset.y), m_home.z});
         }
         driveToPoint(0);
         break;
@@ -146,12 +143,12 @@ void CalibrationWalk::driveToPoint(std::size_t point) {
     go(State::DrivingThere);
     m_point = point;
     // The focus of the last point is nearer to that of the next than the one at home.
-    StagePoint target = m_targets.at(point);
-    target.ZSt = m_actions.position().ZSt;
+    StagePosition target = m_targets.at(point);
+    target.z = m_actions.position().z;
     driveTo(target);
 }
 
-void CalibrationWalk::driveTo(const StagePoint& target) {
+void CalibrationWalk::driveTo(const StagePosition& target) {
     m_target = target;
     m_actions.driveBy(less(target, m_actions.position()));
 }
@@ -162,7 +159,7 @@ void CalibrationWalk::arrived() {
         return;
     }
     m_place = m_actions.position();
-    m_missed = !sameView(m_place, m_target) || (!isThere && !isNear(m_place.ZSt, m_target.ZSt));
+    m_missed = !sameView(m_place, m_target) || (!isThere && !isNear(m_place.z, m_target.z));
     if (isThere) {
         if (!m_missed) {
             m_actions.focus();

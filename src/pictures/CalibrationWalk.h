@@ -23,12 +23,12 @@ class CalibrationWalkActions {
 public:
     virtual ~CalibrationWalkActions() = default;
     /// The current stage position, stage units.
-    virtual StagePoint position() = 0;
+    virtual StagePosition position() = 0;
     /// The distance from the current position to the one that brings the point to the image's centre, by
     /// the scale of the set-up. Z is 0.
-    virtual StagePoint offsetTo(const PicturePoint& point) = 0;
+    virtual StagePosition offsetTo(const PicturePoint& point) = 0;
     /// Starts a move by so much and watches it; its end is reported by arrived().
-    virtual void driveBy(const StagePoint& distance) = 0;
+    virtual void driveBy(const StagePosition& distance) = 0;
     /// Searches the focus and returns when that has ended.
     virtual void focus() = 0;
 };
@@ -67,21 +67,21 @@ public:
     /// How many the walk has.
     std::size_t count() const { return m_count; }
     /// Start and end position of the walk.
-    const StagePoint& home() const { return m_home; }
+    const StagePosition& home() const { return m_home; }
     /// The stage position at the last arrival.
-    const StagePoint& place() const { return m_place; }
+    const StagePosition& place() const { return m_place; }
     /// Whether the last move did not reach its target.
     bool hasMissed() const { return m_missed; }
     /// Whether the points had to be picked again because the stage was moved.
     bool wasMoved() const { return m_wasMoved; }
     /// The stage positions read so far, in the order of the points.
-    const std::vector<StagePoint>& readings() const { return m_readings; }
+    const std::vector<StagePosition>& readings() const { return m_readings; }
 
 private:
     [[noreturn]] void refuse(State to) const;
     void go(State to);
     void beginPicking();
-    void driveTo(const StagePoint& target);
+    void driveTo(const StagePosition& target);
     void driveToPoint(std::size_t point);
     void readPoint();
 
@@ -89,14 +89,14 @@ private:
     State m_state = State::Idle;
     std::size_t m_count = 3;
     std::size_t m_point = 0;
-    StagePoint m_home;
-    StagePoint m_target;
-    StagePoint m_place;
+    StagePosition m_home;
+    StagePosition m_target;
+    StagePosition m_place;
     bool m_missed = false;
     bool m_wasMoved = false;
     std::vector<PicturePoint> m_picks;
-    std::vector<StagePoint> m_targets; // of the points, fixed while the stage is at home
-    std::vector<StagePoint> m_readings;
+    std::vector<StagePosition> m_targets; // of the points, fixed while the stage is at home
+    std::vector<StagePosition> m_readings;
 };
 
 /// The state's name as the diagram has it.

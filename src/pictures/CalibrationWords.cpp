@@ -12,7 +12,7 @@ struct Words {
 };
 
 QString placeWords(const ViewPlace& place) {
-    return Words::tr("X:%1 Y:%2 at %3x").arg(place.x).arg(place.y).arg(place.magnification);
+    return Words::tr("X:%1 Y:%2 at %3x").arg(place.stage.x).arg(place.stage.y).arg(place.magnification);
 }
 
 QString bareName(const CalibrationView& view) {

@@ -50,7 +50,7 @@ Picture cameraImage(CTnVideoImage& image, const CTnStage& stage, const Magnifica
     const QString name = folder.filePath(QStringLiteral("image.tif"));
     const QDateTime now = QDateTime::currentDateTime();
     image.Dump(QDir::toNativeSeparators(name).toLocal8Bit().toStdString());
-    const StageStand stand{stage.X(), stage.Y(), stage.Z()};
+    const StagePosition stand{stage.X(), stage.Y(), stage.Z()};
     if (!QFileInfo::exists(name)) {
         if (const QString trouble = roomTrouble(folder); !trouble.isEmpty()) {
             failForRoom(folder, trouble);

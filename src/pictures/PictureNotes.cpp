@@ -70,7 +70,7 @@ PictureScale fieldScale(const Magnification& magnification, QSize pixels) {
             pixelsPerCm(pixels.height(), fieldUm(magnification.y100, magnification.magnification))};
 }
 
-std::vector<PictureNote> cameraNotes(const StageStand& stage, const Magnification& magnification) {
+std::vector<PictureNote> cameraNotes(const StagePosition& stage, const Magnification& magnification) {
     std::vector<PictureNote> notes{
         {QStringLiteral("stageX"), QString::number(stage.x)},
         {QStringLiteral("stageY"), QString::number(stage.y)},

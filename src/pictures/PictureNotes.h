@@ -2,6 +2,7 @@
 // What a TIFF's image description says, in the form that ImageJ writes and that its users' tools understand:
 // a first line "ImageJ=version", then lines KEY=VALUE.
 
+#include "base/StagePosition.h"
 #include "pictures/Picture.h"
 #include "video/Magnification.h"
 
@@ -14,19 +15,9 @@ namespace ocuva {
 /// in each direction. Not known when magnification or a factor is not above 0.
 PictureScale fieldScale(const Magnification& magnification, QSize pixels);
 
-/// The stage position of a picture.
-struct StageStand {
-    /// Stage units.
-    ///@{
-    Long x = 0;
-    Long y = 0;
-    Long z = 0;
-    ///@}
-};
-
 /// The notes of every camera picture: stage position (stage units), magnification and, if it is known, the
 /// field in micrometres.
-std::vector<PictureNote> cameraNotes(const StageStand& stage, const Magnification& magnification);
+std::vector<PictureNote> cameraNotes(const StagePosition& stage, const Magnification& magnification);
 
 /// The image description: with a known scale it has "unit=um", which turns a resolution in centimetres into
 /// micrometres per pixel (10000 / pixels per centimetre). ASCII; other characters become "?".

@@ -39,7 +39,7 @@ std::optional<ViewPlace> placeOf(const std::vector<PictureNote>& notes) {
     if (!x || !y || !magnification) {
         return {};
     }
-    return ViewPlace{*x, *y, z.value_or(0), *magnification};
+    return ViewPlace{{*x, *y, z.value_or(0)}, *magnification};
 }
 
 void noteCalibration(std::vector<PictureNote>& notes, const std::optional<CalibrationPoints>& points,

@@ -24,7 +24,7 @@ bool ViewedCalibration::givesPositions() const {
                                                   m_relation->kind == ViewRelation::Kind::Moved));
 }
 
-StagePoint ViewedCalibration::position(Single XPic, Single YPic) const {
+StagePosition ViewedCalibration::position(Single XPic, Single YPic) const {
     if (m_shown.isStored() && m_relation && m_relation->kind == ViewRelation::Kind::Moved) {
         return m_calibration.movedPosition(XPic, YPic, m_relation->dx, m_relation->dy);
     }

@@ -24,7 +24,7 @@ public:
 
     /// The stage position of a point of the view; moved by the distance of the views on a stored picture.
     /// Throws ArithmeticError when a result leaves 32 bits.
-    StagePoint position(Single XPic, Single YPic) const;
+    StagePosition position(Single XPic, Single YPic) const;
 
     /// As passed to the constructor.
     const CalibrationView& shown() const { return m_shown; }

@@ -23,8 +23,8 @@ constexpr const char* selectMessageTitle = "Point Selection";
 constexpr int marginPixels = 15;
 constexpr int spacingPixels = 9;
 
-QString positionText(const StagePoint& at) {
-    return QStringLiteral(" X:%1 Y:%2 Z:%3").arg(at.XSt).arg(at.YSt).arg(at.ZSt);
+QString positionText(const StagePosition& at) {
+    return QStringLiteral(" X:%1 Y:%2 Z:%3").arg(at.x).arg(at.y).arg(at.z);
 }
 
 QFrame* makeLine(QWidget* parent) {
@@ -36,7 +36,7 @@ QFrame* makeLine(QWidget* parent) {
 
 } // namespace
 
-QString moveQuestion(const StagePoint& target) {
+QString moveQuestion(const StagePosition& target) {
     return QStringLiteral(" Move Stage to") + positionText(target) + QStringLiteral(" ? ");
 }
 
@@ -372,14 +372,14 @@ void frmSetupStage::takePoint(const PicturePoint& at) {
 
 void frmSetupStage::clickPicture(const PicturePoint& at) {
     takePoint(at);
-    const StagePoint target =
+    const StagePosition target =
         ViewedCalibration(m_context.calibration, m_context.shownView()).position(at.XPic, at.YPic);
     if (!m_wait.isWaiting() && askToMove(target)) {
         moveTo(target);
     }
 }
 
-bool frmSetupStage::askToMove(const StagePoint& target) {
+bool frmSetupStage::askToMove(const StagePosition& target) {
     QMessageBox box(QMessageBox::Question, tr("Move Stage to Cursor position"), moveQuestion(target),
                     QMessageBox::Yes | QMessageBox::No, isVisible() ? this : parentWidget());
     box.setTextFormat(Qt::PlainText);
@@ -391,12 +391,12 @@ bool frmSetupStage::askToMove(const StagePoint& target) {
     return box.exec() == QMessageBox::Yes;
 }
 
-void frmSetupStage::moveTo(const StagePoint& target) {
+void frmSetupStage::moveTo(const StagePosition& target) {
     const std::shared_ptr<void> hold = m_context.fOcuva.holdInput();
     CTnStage& stage = m_context.fOcuva.cxsStage();
-    stage.X(target.XSt);
-    stage.Y(target.YSt);
-    stage.Z(target.ZSt);
+    stage.X(target.x);
+    stage.Y(target.y);
+    stage.Z(target.z);
     m_context.fOcuva.SyncStageMove(axisAll);
     m_target = target;
     FramePoint->setBusy(true);
@@ -418,7 +418,7 @@ void frmSetupStage::showMoveEnd() {
     tMoveWait->stop();
     FramePoint->setBusy(false);
     const CTnStage& stage = m_context.fOcuva.cxsStage();
-    const StagePoint reached{stage.X(), stage.Y(), stage.Z()};
+    const StagePosition reached{stage.X(), stage.Y(), stage.Z()};
     if (m_wait.state() == AxisWait::State::Arrived && reached == m_target) {
         hint(tr("The stage is at%1.").arg(positionText(reached)));
         return;

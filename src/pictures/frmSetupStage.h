@@ -27,7 +27,7 @@ namespace ocuva {
 struct WalkSurroundings {
     /// As CalibrationAssistantContext says.
     ///@{
-    std::function<StagePoint(const PicturePoint&)> offsetTo;
+    std::function<StagePosition(const PicturePoint&)> offsetTo;
     std::function<void()> focus;
     std::function<QString()> whyNot;
     ///@}
@@ -152,8 +152,8 @@ private:
     void select(std::optional<std::size_t> point);
     void compute(const CalibrationPoints& points, const std::optional<CalibrationView>& view);
     void refreshVerdict();
-    bool askToMove(const StagePoint& target);
-    void moveTo(const StagePoint& target);
+    bool askToMove(const StagePosition& target);
+    void moveTo(const StagePosition& target);
     void showMoveEnd();
     /// What is still missing, in the order of work: all points are picked first, then read.
     QString nextStep() const;
@@ -170,11 +170,11 @@ private:
     PickedViews m_picked;
     CalibrationAssistant m_assistant;
     AxisWait m_wait;
-    StagePoint m_target; // of the move that is waited for
+    StagePosition m_target; // of the move that is waited for
     std::optional<std::size_t> m_selected;
 };
 
 /// The question whether the stage shall go to a position.
-QString moveQuestion(const StagePoint& target);
+QString moveQuestion(const StagePosition& target);
 
 } // namespace ocuva

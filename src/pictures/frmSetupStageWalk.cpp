@@ -41,10 +41,10 @@ void frmSetupStage::cmdWalk_Click() {
 void frmSetupStage::showWalk() {
     const CalibrationWalk& walk = m_assistant.walk();
     for (std::size_t i = 0; walk.isUnderWay() && i < walk.readings().size(); ++i) {
-        const StagePoint& read = walk.readings().at(i);
-        FramePoint->box(i, PointField::XS)->setText(QString::number(read.XSt));
-        FramePoint->box(i, PointField::YS)->setText(QString::number(read.YSt));
-        FramePoint->box(i, PointField::ZS)->setText(QString::number(read.ZSt));
+        const StagePosition& read = walk.readings().at(i);
+        FramePoint->box(i, PointField::XS)->setText(QString::number(read.x));
+        FramePoint->box(i, PointField::YS)->setText(QString::number(read.y));
+        FramePoint->box(i, PointField::ZS)->setText(QString::number(read.z));
     }
     showWalkControls();
     select(walk.state() == State::Picking ? std::optional(walk.point()) : std::nullopt);

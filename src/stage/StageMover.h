@@ -1,6 +1,7 @@
 #pragma once
 // The interface through which dialogs move the stage; the main window implements it.
 
+#include "base/StagePosition.h"
 #include "stage/CTnStage.h"
 
 #include <memory>
@@ -17,7 +18,7 @@ public:
     virtual void SyncStageMove(Integer axis) = 0;
     /// The move just started is so long that the host has probably refused it; the window reports this at
     /// its end.
-    virtual void farMoveStarted(Long /*x*/, Long /*y*/, Long /*z*/) {}
+    virtual void farMoveStarted(const StagePosition& /*target*/) {}
     /// Blocks pointer and keys for the life of the returned object, around host calls that can take long.
     /// Null if there is no window.
     virtual std::shared_ptr<void> holdInput() { return nullptr; }

@@ -49,7 +49,7 @@ void StageWatch::moveEnded() {
 }
 
 void StageWatch::UpdateStagePos() {
-    const JournalPosition read{m_stage.X(), m_stage.Y(), m_stage.Z()};
+    const StagePosition read{m_stage.X(), m_stage.Y(), m_stage.Z()};
     m_shown = read;
     m_view.showPosition(axisX, std::to_string(read.x));
     m_view.showPosition(axisY, std::to_string(read.y));

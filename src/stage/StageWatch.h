@@ -34,9 +34,9 @@ public:
     /// Text of the status bar's panel "X", "Y" or "Z".
     virtual void showPosition(Integer axis, const std::string& text) = 0;
     /// The loaded moves of an axis (0: all) were started; `from` is the position shown last, if any.
-    virtual void moveStarted(Integer /*axis*/, const std::optional<JournalPosition>& /*from*/) {}
+    virtual void moveStarted(Integer /*axis*/, const std::optional<StagePosition>& /*from*/) {}
     /// The three panels show this position. A watched move may still be running.
-    virtual void positionShown(const JournalPosition& /*at*/) {}
+    virtual void positionShown(const StagePosition& /*at*/) {}
     /// The watched move has been running for longMoveTicks.
     virtual void moveTakesLong() {}
     /// The watched move has ended, and the position is shown.
@@ -81,7 +81,7 @@ public:
     bool isWatching() const { return m_bStageMoving; }
 
     /// The position that was read and shown last. For the journal only: everything else reads the host.
-    const std::optional<JournalPosition>& shownPosition() const { return m_shown; }
+    const std::optional<StagePosition>& shownPosition() const { return m_shown; }
     /// The journal for moves, for other classes that record the same kind of action.
     const JournalSink& journal() const { return m_journal; }
 
@@ -89,8 +89,8 @@ private:
     CTnStage& m_stage;
     StageWatchView& m_view;
     JournalSink m_journal;
-    std::optional<JournalPosition> m_shown;
-    std::optional<JournalPosition> m_from; // shown when the watched move began
+    std::optional<StagePosition> m_shown;
+    std::optional<StagePosition> m_from; // shown when the watched move began
     bool m_bStageMoving = false;
     Long m_savedColour = 0;
     int m_ticksMoving = 0;  // of the watched move, up to longMoveTicks

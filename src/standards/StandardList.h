@@ -1,6 +1,7 @@
 #pragma once
 // The operator's ordered list of standards, kept in the program store, and the positions behind their names.
 
+#include "base/StagePosition.h"
 #include "base/Types.h"
 #include "hostlink/Host.h"
 #include "standards/UnfinishedList.h"
@@ -11,18 +12,6 @@
 #include <vector>
 
 namespace ocuva {
-
-/// A current or wanted stage position, in stage units.
-struct StagePosition {
-    /// One coordinate each.
-    ///@{
-    Long x = 0;
-    Long y = 0;
-    Long z = 0;
-    ///@}
-
-    bool operator==(const StagePosition&) const = default;
-};
 
 /// Section "StandardList": "StandardListSize", and "Standard1", "Standard2" ... with one name each,
 /// usually the full path of a ".std" file of the host. Readers skip empty values; keys beyond the size are

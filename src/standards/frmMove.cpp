@@ -87,7 +87,7 @@ void frmMove::DoMove(StageMover& fOcuva) {
     const bool isFar = loadMovesTo(fOcuva.cxsStage(), target);
     fOcuva.SyncStageMove(axisAll);
     if (isFar) {
-        fOcuva.farMoveStarted(target.x, target.y, target.z);
+        fOcuva.farMoveStarted(target);
     }
 }
 

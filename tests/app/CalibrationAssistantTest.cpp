@@ -130,7 +130,7 @@ TEST_F(Assistant, CalibratesInTenActionsAndLeavesTheStageWhereItWas) {
     EXPECT_NEAR(calibration.picturePlan().scaleY, -0.048, 0.0005);
     EXPECT_EQ(calibration.points.points[2].ZS, 59);
     ASSERT_TRUE(calibration.view);
-    EXPECT_EQ(calibration.view->place, (ViewPlace{1000, 2000, 50, 400}));
+    EXPECT_EQ(calibration.view->place, (ViewPlace{{1000, 2000, 50}, 400}));
     EXPECT_THAT(panel("Info"), Not(HasSubstr("elsewhere")));
 }
 
@@ -172,8 +172,8 @@ TEST_F(Assistant, ReadsWhereTheOperatorHasCentredThePoint) {
     walkTo(State::AtPoint);
     host.position[axisX] += 11;
     enter();
-    EXPECT_EQ(text(0, PointField::XS), std::to_string(walk().readings()[0].XSt));
-    EXPECT_EQ(walk().readings()[0].XSt, 1257 + 11);
+    EXPECT_EQ(text(0, PointField::XS), std::to_string(walk().readings()[0].x));
+    EXPECT_EQ(walk().readings()[0].x, 1257 + 11);
 }
 
 TEST_F(Assistant, EndsByEscapeAtAnyStepAndStartsNoMoveThen) {

@@ -174,7 +174,7 @@ TEST_F(CalibrationDialog, OkComputesThePictureThenTheStageKeepsThemAndCloses) {
     press(dialog().OKPicture);
     EXPECT_FALSE(dialog().isVisible());
     EXPECT_DOUBLE_EQ(window().calibration().picturePlan().scaleX, 0.064);
-    EXPECT_EQ(window().calibration().ComputeStagePosition(5000.0F, 5000.0F), (StagePoint{0, 0, 12}));
+    EXPECT_EQ(window().calibration().ComputeStagePosition(5000.0F, 5000.0F), (StagePosition{0, 0, 12}));
     ASSERT_EQ(host.calls.size(), 2U);
     EXPECT_THAT(host.calls[0], HasSubstr("TarnSolvePlan"));
     EXPECT_THAT(host.calls[1], HasSubstr("0,0,-320,-240,10 10000,0,320,-240,12 0,10000,-320,240,14"));
@@ -218,7 +218,7 @@ TEST_F(CalibrationDialog, PointsThatCannotBeComputedAreReportedAndTheOldCalibrat
     EXPECT_NE(box.text, QString());
     EXPECT_TRUE(dialog().isVisible());
     EXPECT_EQ(window().calibration().points, before);
-    EXPECT_EQ(window().calibration().ComputeStagePosition(5000.0F, 5000.0F), (StagePoint{0, 0, 12}));
+    EXPECT_EQ(window().calibration().ComputeStagePosition(5000.0F, 5000.0F), (StagePosition{0, 0, 12}));
     EXPECT_EQ(host.settings.count(keptPoints), 0U);
 }
 
@@ -228,7 +228,7 @@ TEST_F(CalibrationDialog, WithoutAPlaneIsAcceptedWithEveryZ0AndALogLine) {
     host.planSolution = {1.0, 1.0, 1.0};
     host.results["TarnSolvePlan"] = 0;
     press(dialog().OKPicture);
-    EXPECT_EQ(window().calibration().ComputeStagePosition(9000.0F, 100.0F).ZSt, 0);
+    EXPECT_EQ(window().calibration().ComputeStagePosition(9000.0F, 100.0F).z, 0);
     EXPECT_THAT(host.logLines, ElementsAre(HasSubstr("no plane")));
 }
 
@@ -455,7 +455,7 @@ TEST_F(LastCalibration, IsLoadedAtItsFirstUseAndNotAtTheStart) {
     start();
     EXPECT_THAT(host.callsOf("TarnRegisterGetString"), IsEmpty());
     EXPECT_THAT(host.callsOf("TarnSolvePlan"), IsEmpty());
-    EXPECT_EQ(window().calibration().ComputeStagePosition(2500.0F, 2500.0F).XSt, -160);
+    EXPECT_EQ(window().calibration().ComputeStagePosition(2500.0F, 2500.0F).x, -160);
     EXPECT_TRUE(window().calibration().points.twoPoints);
     EXPECT_EQ(host.callsOf("TarnSolvePlan").size(), 1U);
 }

@@ -200,7 +200,7 @@ TEST_F(CalibrationOfAView, APickBelongsToWhereTheStageIsEvenIfTheHostHasDrivenIt
     dialog().FramePoint->setPoint(2, {"0", "10000", "1", "482", "3"});
     acceptPoints();
     ASSERT_TRUE(window().calibration().view);
-    EXPECT_EQ(window().calibration().view->place, (ViewPlace{700, 800, 0, 400}));
+    EXPECT_EQ(window().calibration().view->place, (ViewPlace{{700, 800, 0}, 400}));
 }
 
 TEST_F(CalibrationOfAView, PointsPickedOnDifferentViewsBelongToNone) {

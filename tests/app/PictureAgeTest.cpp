@@ -6,8 +6,8 @@ using namespace ocuva;
 
 namespace {
 
-constexpr JournalPosition here{0, 0, 0};
-constexpr JournalPosition there{100, 0, 0};
+constexpr StagePosition here{0, 0, 0};
+constexpr StagePosition there{100, 0, 0};
 
 PictureAge freshPicture() {
     PictureAge age;

@@ -381,7 +381,7 @@ TEST_F(OpeningAPicture, WithADescriptionThatDoesNotParseNamesTheLineAndKeepsTheC
     EXPECT_TRUE(showsStored());
     EXPECT_THAT(panel("Info"), HasSubstr("no calibration"));
     EXPECT_EQ(window().calibration().points, live);
-    EXPECT_EQ(window().calibration().ComputeStagePosition(0.0F, 0.0F).XSt, 100);
+    EXPECT_EQ(window().calibration().ComputeStagePosition(0.0F, 0.0F).x, 100);
 }
 
 TEST_F(OpeningAPicture, WithPointsThatGiveNoPlanSaysSoAndKeepsTheCalibrationWithItsPlans) {
@@ -393,8 +393,8 @@ TEST_F(OpeningAPicture, WithPointsThatGiveNoPlanSaysSoAndKeepsTheCalibrationWith
     EXPECT_THAT(boxText([this] { open("Stored.tif"); }), HasSubstr("shown without calibration"));
     EXPECT_EQ(host.callsOf("TarnSolvePlan").size(), 1U) << "the stage's plan comes before the picture's";
     EXPECT_EQ(window().calibration().points, live);
-    EXPECT_EQ(window().calibration().ComputeStagePosition(0.0F, 0.0F).ZSt, 12);
-    EXPECT_EQ(window().calibration().ComputeStagePosition(10000.0F, 0.0F).XSt, 740);
+    EXPECT_EQ(window().calibration().ComputeStagePosition(0.0F, 0.0F).z, 12);
+    EXPECT_EQ(window().calibration().ComputeStagePosition(10000.0F, 0.0F).x, 740);
 }
 
 TEST_F(OpeningAPicture, WithoutADescriptionOrWithPointsNeverPickedShowsItWithoutCalibrationAndNoBox) {

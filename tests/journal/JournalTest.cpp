@@ -57,7 +57,7 @@ struct JournalFile : testing::Test {
     }
 };
 
-const JournalEntry aMove{"move", JournalPosition{1, 2, 3}, JournalPosition{-4, 5, 6}, "ended"};
+const JournalEntry aMove{"move", StagePosition{1, 2, 3}, StagePosition{-4, 5, 6}, "ended"};
 
 } // namespace
 

@@ -22,7 +22,7 @@ struct CalibrationKept : testing::Test {
 
 const CalibrationPoints keptPoints{
     false, {{{0, 10, -320, 240, 5}, {10000, 0, 320, 241, 6}, {20, 9999, -321, -240, 7}}}};
-const KeptCalibration three{keptPoints, ViewPlace{100, -200, 5, 400}};
+const KeptCalibration three{keptPoints, ViewPlace{{100, -200, 5}, 400}};
 
 } // namespace
 
@@ -38,8 +38,8 @@ TEST_F(CalibrationKept, ComesBackAsItWas) {
     const CalibrationPoints two{true, {{{1, 2, 3, 4, 5}, {6, 7, 8, 9, 10}, {}}}};
     for (const KeptCalibration& kept :
          {three, KeptCalibration{keptPoints, {}}, KeptCalibration{two, {}},
-          KeptCalibration{two, ViewPlace{1, 2, 3, 4}},
-          KeptCalibration{{false, {{longest, longest, longest}}}, ViewPlace{most, most, most, most}}}) {
+          KeptCalibration{two, ViewPlace{{1, 2, 3}, 4}},
+          KeptCalibration{{false, {{longest, longest, longest}}}, ViewPlace{{most, most, most}, most}}}) {
         store.save(kept);
         EXPECT_EQ(store.load(), kept) << text();
     }

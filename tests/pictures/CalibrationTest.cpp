@@ -55,10 +55,10 @@ TEST_F(PictureCalibration, TurnsPicturePointsIntoStagePositionsOverAllSignsMirro
                     for (const Integer x : {Integer{0}, Integer{2500}, Integer{9999}}) {
                         for (const Integer y : {Integer{0}, Integer{5000}, Integer{10000}}) {
                             const CalibrationPoint expected = truth(x, y);
-                            const StagePoint found = calibration.ComputeStagePosition(x, y);
-                            EXPECT_NEAR(found.XSt, expected.XS, 1);
-                            EXPECT_NEAR(found.YSt, expected.YS, 1);
-                            EXPECT_NEAR(found.ZSt, expected.ZS, 3);
+                            const StagePosition found = calibration.ComputeStagePosition(x, y);
+                            EXPECT_NEAR(found.x, expected.XS, 1);
+                            EXPECT_NEAR(found.y, expected.YS, 1);
+                            EXPECT_NEAR(found.z, expected.ZS, 3);
                         }
                     }
                 }
@@ -104,7 +104,7 @@ TEST_F(PictureCalibration, IgnoresTheThirdPointWhenTwoAreUsed) {
                           {{{0, 0, 0, 0, 10}, {10000, 10000, 640, 480, 10}, {30000, -30000, 9, 9, 99}}}};
     compute();
     EXPECT_DOUBLE_EQ(calibration.picturePlan().scaleX, 0.064);
-    EXPECT_EQ(calibration.ComputeStagePosition(5000, 5000).ZSt, 10);
+    EXPECT_EQ(calibration.ComputeStagePosition(5000, 5000).z, 10);
 }
 
 TEST_F(PictureCalibration, WithTwoPointsThePlaneIsLevelAcrossTheLineThroughThem) {
@@ -123,27 +123,27 @@ TEST_F(PictureCalibration, WithTwoPointsThePlaneIsLevelAcrossTheLineThroughThem)
 TEST_F(PictureCalibration, WithoutASolutionEveryZIsZero) {
     calibration.points = {false, {{{0, 0, 0, 0, 500}, {10000, 0, 640, 0, 600}, {0, 10000, 0, 480, 700}}}};
     compute();
-    ASSERT_NE(calibration.ComputeStagePosition(5000, 5000).ZSt, 0);
+    ASSERT_NE(calibration.ComputeStagePosition(5000, 5000).z, 0);
     host.solverFails = true;
     calibration.ComputeStagePlan();
     for (const Single x : {0.0F, 5000.0F, 10000.0F}) {
-        EXPECT_EQ(calibration.ComputeStagePosition(x, x).ZSt, 0);
+        EXPECT_EQ(calibration.ComputeStagePosition(x, x).z, 0);
     }
 }
 
 TEST_F(PictureCalibration, PointsOnOneLineHaveNoPlane) {
     calibration.points = {false, {{{0, 0, 0, 0, 5}, {5000, 5000, 100, 100, 6}, {10000, 10000, 200, 200, 7}}}};
     compute();
-    EXPECT_EQ(calibration.ComputeStagePosition(5000, 5000).ZSt, 0);
+    EXPECT_EQ(calibration.ComputeStagePosition(5000, 5000).z, 0);
 }
 
 TEST_F(PictureCalibration, RoundsHalfToEvenAndTakesZAtTheRoundedPlace) {
     calibration.points = {false, {{{0, 0, 0, 0, 0}, {100, 0, 50, 0, 50}, {0, 100, 0, 50, 0}}}};
     compute();
-    const StagePoint point = calibration.ComputeStagePosition(3.0F, 5.0F); // X 1.5, Y 2.5
-    EXPECT_EQ(point.XSt, 2);
-    EXPECT_EQ(point.YSt, 2);
-    EXPECT_EQ(point.ZSt, 2);
+    const StagePosition point = calibration.ComputeStagePosition(3.0F, 5.0F); // X 1.5, Y 2.5
+    EXPECT_EQ(point.x, 2);
+    EXPECT_EQ(point.y, 2);
+    EXPECT_EQ(point.z, 2);
 }
 
 TEST_F(PictureCalibration, APositionThatLeaves32BitsIsAnError) {

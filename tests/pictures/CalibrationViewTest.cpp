@@ -13,7 +13,7 @@ const CalibrationView liveHere{{}, made};
 const CalibrationView storedSomewhere{"/pictures/a.tif", {}};
 
 CalibrationView liveAt(Long x, Long y, Long magnification = 400, Long z = 5) {
-    return {{}, ViewPlace{x, y, z, magnification}};
+    return {{}, ViewPlace{{x, y, z}, magnification}};
 }
 
 struct ViewedFrom : testing::Test {
@@ -96,15 +96,15 @@ TEST_F(ViewedFrom, TheLiveImageAnywherePositionsAreThoseOfTheCalibrationItself) 
 }
 
 TEST_F(ViewedFrom, AStoredPicturePositionsAreMovedAndZIsOnThePlaneThere) {
-    const CalibrationView stored{"/pictures/a.tif", ViewPlace{5100, 800, 0, 400}};
+    const CalibrationView stored{"/pictures/a.tif", ViewPlace{{5100, 800, 0}, 400}};
     EXPECT_TRUE(seenFrom(stored).givesPositions());
     // -160 + 5000, 0 + 1000; 0.5 * 4840 - 0.25 * 1000 + 12
-    EXPECT_EQ(seenFrom(stored).position(2500.0F, 5000.0F), (StagePoint{4840, 1000, 2182}));
+    EXPECT_EQ(seenFrom(stored).position(2500.0F, 5000.0F), (StagePosition{4840, 1000, 2182}));
 }
 
 TEST_F(ViewedFrom, AStoredPictureThatItDoesNotBelongToThereAreNone) {
     EXPECT_FALSE(seenFrom(storedSomewhere).givesPositions());
-    EXPECT_FALSE(seenFrom({"/pictures/a.tif", ViewPlace{100, -200, 5, 100}}).givesPositions());
+    EXPECT_FALSE(seenFrom({"/pictures/a.tif", ViewPlace{{100, -200, 5}, 100}}).givesPositions());
     EXPECT_TRUE(seenFrom(storedSomewhere).isElsewhere());
     calibration.view.reset();
     EXPECT_FALSE(seenFrom({"/pictures/a.tif", made}).givesPositions());
@@ -118,6 +118,6 @@ TEST_F(ViewedFrom, NoCalibrationHasNoRelationAndIsNotElsewhere) {
 
 TEST_F(ViewedFrom, FarAwayAPositionThatLeaves32BitsIsAnError) {
     const CalibrationView stored{"/pictures/a.tif",
-                                 ViewPlace{std::numeric_limits<Long>::max(), -200, 0, 400}};
+                                 ViewPlace{{std::numeric_limits<Long>::max(), -200, 0}, 400}};
     EXPECT_THROW(seenFrom(stored).position(10000.0F, 0.0F), std::exception);
 }

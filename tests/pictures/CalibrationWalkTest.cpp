@@ -14,23 +14,23 @@ namespace {
 
 // A stage that arrives when it is told to, and a picture of 640 x 480 units whose X runs against the stage's.
 struct Walk : testing::Test, CalibrationWalkActions {
-    StagePoint at{1000, 2000, 50};
-    StagePoint target = at;
+    StagePosition at{1000, 2000, 50};
+    StagePosition target = at;
     std::vector<std::string> done;
     CalibrationWalk walk{*this};
 
-    StagePoint position() override { return at; }
-    StagePoint offsetTo(const PicturePoint& point) override {
+    StagePosition position() override { return at; }
+    StagePosition offsetTo(const PicturePoint& point) override {
         return {static_cast<Long>((5000.0F - point.XPic) * 0.064F),
                 static_cast<Long>((point.YPic - 5000.0F) * 0.048F), 0};
     }
-    void driveBy(const StagePoint& distance) override {
-        target = {at.XSt + distance.XSt, at.YSt + distance.YSt, at.ZSt + distance.ZSt};
-        done.push_back("drive to " + std::to_string(target.XSt) + ' ' + std::to_string(target.YSt) + ' ' +
-                       std::to_string(target.ZSt));
+    void driveBy(const StagePosition& distance) override {
+        target = {at.x + distance.x, at.y + distance.y, at.z + distance.z};
+        done.push_back("drive to " + std::to_string(target.x) + ' ' + std::to_string(target.y) + ' ' +
+                       std::to_string(target.z));
     }
     void focus() override {
-        at.ZSt += 3;
+        at.z += 3;
         done.emplace_back("focus");
     }
     void arrive() {
@@ -89,9 +89,9 @@ TEST_F(Walk, OfThreePointsTakesThreePicksAndFourEntersAndComesBack) {
     EXPECT_EQ(walk.state(), State::DrivingBack);
     arrive();
     EXPECT_EQ(walk.state(), State::Done);
-    EXPECT_EQ(at, (StagePoint{1000, 2000, 50}));
-    EXPECT_THAT(walk.readings(), ElementsAre(StagePoint{1256, 1808, 53}, StagePoint{744, 1808, 56},
-                                             StagePoint{1256, 2192, 59}));
+    EXPECT_EQ(at, (StagePosition{1000, 2000, 50}));
+    EXPECT_THAT(walk.readings(), ElementsAre(StagePosition{1256, 1808, 53}, StagePosition{744, 1808, 56},
+                                             StagePosition{1256, 2192, 59}));
     EXPECT_THAT(done, ElementsAre("drive to 1256 1808 50", "focus", "drive to 744 1808 53", "focus",
                                   "drive to 1256 2192 56", "focus", "drive to 1000 2000 50"));
     walk.leave();
@@ -112,12 +112,12 @@ TEST_F(Walk, OfTwoPointsEndsAfterTwo) {
 
 TEST_F(Walk, ReadsThePlaceThatTheOperatorHasCentredAtAPoint) {
     walkTo(State::AtPoint);
-    at.XSt += 7; // a click on the point
+    at.x += 7; // a click on the point
     walk.arrived();
     EXPECT_EQ(walk.state(), State::AtPoint) << "the end of that move is not the walk's";
     walk.enter();
-    EXPECT_THAT(walk.readings(), ElementsAre(StagePoint{1263, 1808, 53}));
-    EXPECT_EQ(target.XSt, 744) << "the next point does not lie off by the correction";
+    EXPECT_THAT(walk.readings(), ElementsAre(StagePosition{1263, 1808, 53}));
+    EXPECT_EQ(target.x, 744) << "the next point does not lie off by the correction";
 }
 
 TEST_F(Walk, AtAPointThatWasMissedNeitherFocusesNorReadsButTriesAgain) {
@@ -134,11 +134,11 @@ TEST_F(Walk, AtAPointThatWasMissedNeitherFocusesNorReadsButTriesAgain) {
 
 TEST_F(Walk, WantsThePointsAgainWhenTheStageWasMovedAfterThePicks) {
     walkTo(State::Ready);
-    at.XSt += 100;
+    at.x += 100;
     walk.enter();
     EXPECT_EQ(walk.state(), State::Picking);
     EXPECT_TRUE(walk.wasMoved());
-    EXPECT_EQ(walk.home().XSt, 1100);
+    EXPECT_EQ(walk.home().x, 1100);
     EXPECT_THAT(done, IsEmpty());
     pickThree();
     walk.enter();
@@ -155,7 +155,7 @@ TEST_F(Walk, LeftAtAnyStepStartsNoMoveAndLeavesTheStageWhereItIs) {
             walkTo(state);
         }
         done.clear();
-        const StagePoint before = at;
+        const StagePosition before = at;
         walk.leave();
         const bool isAway =
             state == State::DrivingThere || state == State::AtPoint || state == State::DrivingBack;
@@ -173,7 +173,7 @@ TEST_F(Walk, LeftOnTheWayDrivesBackAtTheNextEnter) {
     EXPECT_EQ(walk.state(), State::DrivingBack);
     arrive();
     EXPECT_EQ(walk.state(), State::Idle);
-    EXPECT_EQ(at, (StagePoint{1000, 2000, 50}));
+    EXPECT_EQ(at, (StagePosition{1000, 2000, 50}));
 }
 
 TEST_F(Walk, RefusesWhatAStateDoesNotAllowAndNamesBothStates) {

@@ -9,8 +9,8 @@ using namespace ocuva;
 namespace {
 
 const CalibrationPoints notedPoints{true, {{{0, 0, 1, 2, 3}, {10000, 10000, 4, 5, 6}, {}}}};
-const CalibrationView taken{{}, ViewPlace{100, 200, 5, 400}};
-const CalibrationView elsewhere{{}, ViewPlace{900, 200, 5, 400}};
+const CalibrationView taken{{}, ViewPlace{{100, 200, 5}, 400}};
+const CalibrationView elsewhere{{}, ViewPlace{{900, 200, 5}, 400}};
 const CalibrationView stored{"/pictures/a.tif", {}};
 
 std::vector<PictureNote> notesOf(const std::optional<CalibrationView>& view, const CalibrationView& shown) {

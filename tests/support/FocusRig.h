@@ -65,8 +65,9 @@ struct FocusRig {
         HostLog quiet(folder / "rig.log");
         std::vector<Mount> mounts;
         for (const StandardMount& standard : readStandards(folder / "standards", quiet)) {
-            mounts.push_back({static_cast<double>(standard.x), static_cast<double>(standard.y),
-                              static_cast<int>(mounts.size()) + 1, standard.name});
+            mounts.push_back({static_cast<double>(standard.position.x),
+                              static_cast<double>(standard.position.y), static_cast<int>(mounts.size()) + 1,
+                              standard.name});
         }
         return {static_cast<std::uint32_t>(settings::seed.defaultValue), std::move(mounts)};
     }

@@ -35,7 +35,7 @@ private:
     std::filesystem::path m_standardsFolder;
     HostLog& m_log;
     ocuva::Long m_lastHandle = 0;
-    std::map<ocuva::Long, std::optional<StagePosition>> m_objects;
+    std::map<ocuva::Long, std::optional<ocuva::StagePosition>> m_objects;
 };
 
 } // namespace hosts

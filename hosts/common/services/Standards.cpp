@@ -65,11 +65,11 @@ StandardFile standardOfText(std::string text, const std::string& defaultName) {
     const auto y = coordinate(*ini, "Y");
     const auto z = coordinate(*ini, "Z");
     if (x && y && z)
-        result.position = StagePosition{*x, *y, *z};
+        result.position = ocuva::StagePosition{*x, *y, *z};
     return result;
 }
 
-std::string standardText(const std::string& name, const StagePosition& position) {
+std::string standardText(const std::string& name, const ocuva::StagePosition& position) {
     IniText ini;
     ini.setValue(standardType, "Name", name);
     ini.setValue(standardType, "X", std::to_string(position.x));
@@ -88,8 +88,7 @@ std::vector<StandardMount> readStandards(const std::filesystem::path& folder, Ho
         else if (!standard.position)
             log.line("Standard " + file.string() + " is left out: it is without position");
         else
-            mounts.push_back(
-                {std::move(standard.name), standard.position->x, standard.position->y, standard.position->z});
+            mounts.push_back({std::move(standard.name), *standard.position});
     }
     if (error)
         log.line("Standards folder " + folder.string() + " cannot be read: " + error.message());

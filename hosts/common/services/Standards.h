@@ -10,6 +10,7 @@
 // A file without that section is no standard. One in which X, Y or Z is absent or no whole number is a
 // standard without position.
 
+#include "base/StagePosition.h"
 #include "base/Types.h"
 #include "hosts/common/services/HostLog.h"
 
@@ -23,22 +24,11 @@ namespace hosts {
 inline constexpr const char* standardType = "OCUVASTD"; ///< type name of the database object, and the section
 inline constexpr std::size_t maxStandardBytes = 1024u * 1024u;
 
-/// The position of a standard.
-struct StagePosition {
-    /// Stage units.
-    ///@{
-    ocuva::Long x = 0;
-    ocuva::Long y = 0;
-    ocuva::Long z = 0;
-    ///@}
-    bool operator==(const StagePosition&) const = default;
-};
-
 /// What one file holds.
 struct StandardFile {
-    std::string name;                      ///< from the file, otherwise the file's name
-    std::optional<StagePosition> position; ///< nothing if the file contains none
-    std::string problem;                   ///< why the file is no standard; empty when it is one
+    std::string name;                             ///< from the file, otherwise the file's name
+    std::optional<ocuva::StagePosition> position; ///< nothing if the file contains none
+    std::string problem;                          ///< why the file is no standard; empty when it is one
 };
 
 StandardFile readStandardFile(const std::filesystem::path& file);
@@ -48,14 +38,12 @@ StandardFile standardOfText(std::string text, const std::string& defaultName);
 
 /// The text of a ".std" file that reads back as exactly this. A name that no INI text can hold (a control
 /// character) is left out.
-std::string standardText(const std::string& name, const StagePosition& position);
+std::string standardText(const std::string& name, const ocuva::StagePosition& position);
 
 /// A standard that sits on the stage.
 struct StandardMount {
-    std::string name;  ///< of the standard
-    ocuva::Long x = 0; ///< its middle, stage units
-    ocuva::Long y = 0; ///< its middle, stage units
-    ocuva::Long z = 0; ///< the focus at its middle
+    std::string name;              ///< of the standard
+    ocuva::StagePosition position; ///< of its middle; Z is the focus there
 };
 
 /// All standards of a folder (files ending in ".std", in any letter case) by file name. Files that are not

@@ -58,7 +58,7 @@ std::int64_t SimulatedCamera::lastFrameNumber() const {
 }
 
 Exposure SimulatedCamera::exposureNow() const {
-    const StagePoint at = m_connections.stage.truePosition();
+    const ocuva::ExactStagePosition at = m_connections.stage.truePosition();
     const FieldSize field = m_connections.fieldSeen ? m_connections.fieldSeen() : FieldSize();
     return {mode(), at.x, at.y, at.z, field.width, field.height, 0};
 }

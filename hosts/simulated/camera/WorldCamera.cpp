@@ -12,7 +12,7 @@ namespace {
 World worldOf(SimConfig& config, const std::filesystem::path& standards, HostLog& log) {
     std::vector<Mount> mounts;
     for (const StandardMount& standard : readStandards(standards, log)) {
-        mounts.push_back({static_cast<double>(standard.x), static_cast<double>(standard.y),
+        mounts.push_back({static_cast<double>(standard.position.x), static_cast<double>(standard.position.y),
                           static_cast<int>(mounts.size()) + 1, standard.name});
     }
     return {static_cast<std::uint32_t>(config.getLong(settings::seed)), std::move(mounts)};

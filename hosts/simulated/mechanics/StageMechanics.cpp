@@ -234,7 +234,7 @@ bool StageMechanics::limits(Long axis, Long& lower, Long& upper) const {
     return true;
 }
 
-StagePoint StageMechanics::exactPosition() const {
+ocuva::ExactStagePosition StageMechanics::exactPosition() const {
     const double nowMs = m_clock.nowMs();
     const std::lock_guard lock(m_mutex);
     catchUp(nowMs);
@@ -249,7 +249,7 @@ double StageMechanics::exactPosition(Long axis) const {
     return one == nullptr ? 0.0 : one->positionAt(nowMs);
 }
 
-StagePoint StageMechanics::truePosition() const {
+ocuva::ExactStagePosition StageMechanics::truePosition() const {
     const double nowMs = m_clock.nowMs();
     const std::lock_guard lock(m_mutex);
     catchUp(nowMs);

@@ -1,6 +1,7 @@
 #pragma once
 // The simulated stage: three motor axes with limits, speed and acceleration.
 
+#include "base/StagePosition.h"
 #include "base/Types.h"
 #include "hosts/common/clock/Clock.h"
 #include "hosts/common/devices/Stage.h"
@@ -34,16 +35,6 @@ struct StageSettings {
     ///@}
 };
 
-/// A place of the stage between whole units, as the camera sees it while the stage moves.
-struct StagePoint {
-    /// Stage units.
-    ///@{
-    double x = 0.0;
-    double y = 0.0;
-    double z = 0.0;
-    ///@}
-};
-
 /// Targets are whole units (half to even), so an axis always stops at one. Any thread may call; positions
 /// depend only on the clock.
 class StageMechanics final : public Stage {
@@ -70,12 +61,12 @@ public:
     ///@}
 
     /// All three axes at one moment, between whole units: the positions of the motors.
-    StagePoint exactPosition() const;
+    ocuva::ExactStagePosition exactPosition() const;
     /// One axis; 0 for an axis that there is not.
     double exactPosition(ocuva::Long axis) const;
 
     /// The true position of the sample: the motors, less play, vibration and drift.
-    StagePoint truePosition() const;
+    ocuva::ExactStagePosition truePosition() const;
 
     static constexpr double settlingHz = 12.0;   ///< how fast the sample swings after a stop
     static constexpr double statusReadMs = 0.05; ///< a status question over the controller's bus

@@ -37,9 +37,9 @@ TEST(Standards, AFolderIsReadByFileName) {
     const auto mounts = readStandards(rig.folder / "standards", log);
     ASSERT_EQ(mounts.size(), 2u);
     EXPECT_EQ(mounts[0].name, "Quartz");
-    EXPECT_EQ(mounts[0].z, -22);
+    EXPECT_EQ(mounts[0].position.z, -22);
     EXPECT_EQ(mounts[1].name, "b");
-    EXPECT_EQ(mounts[1].x, 1);
+    EXPECT_EQ(mounts[1].position.x, 1);
     EXPECT_THAT(rig.logLines(), IsEmpty());
 }
 
@@ -71,7 +71,7 @@ TEST(Standards, WrittenTextReadsBack) {
     const StandardFile standard =
         readStandardFile(rig.standard("o.std", standardText("Olivine", {9000, 4000, 14})));
     EXPECT_EQ(standard.name, "Olivine");
-    EXPECT_EQ(standard.position, (StagePosition{9000, 4000, 14}));
+    EXPECT_EQ(standard.position, (ocuva::StagePosition{9000, 4000, 14}));
 }
 
 TEST(Database, AStandardIsReadByItsFullPathOrByItsNameInTheFolder) {

@@ -131,13 +131,13 @@ private:
     }
     void click(Findings& found) {
         MilDisplay* display = m_window->panels().milDisp;
-        const hosts::simulated::StagePoint before = m_host->truth().position();
+        const ocuva::ExactStagePosition before = m_host->truth().position();
         QTest::mouseClick(display, Qt::LeftButton, Qt::NoModifier,
                           QPoint(display->width() / 2 + 40, display->height() / 2 + 30));
         tick();
         found.watchEndedAtOnce = !m_window->tStageMove->isActive();
         settleStage();
-        const hosts::simulated::StagePoint after = m_host->truth().position();
+        const ocuva::ExactStagePosition after = m_host->truth().position();
         found.clickMoved = std::hypot(after.x - before.x, after.y - before.y) > 10.0;
     }
     void stepZ(Findings& found) {

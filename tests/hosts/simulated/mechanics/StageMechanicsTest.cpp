@@ -358,7 +358,7 @@ TEST(StageMechanics, AThreadMayWatchWhileAnotherCommands) {
     std::atomic_bool outside = false;
     std::thread camera([&] {
         while (!done) {
-            const StagePoint point = stage.exactPosition();
+            const ocuva::ExactStagePosition point = stage.exactPosition();
             outside = outside || std::abs(point.x) > 25000.0 || std::abs(point.z) > 1000.0;
         }
     });

@@ -26,17 +26,17 @@ struct CalibratedMicroscope : testing::Test {
     }
     // Where the stage must stand for a place of the picture to be under the centre: the sample moves under a
     // fixed camera, so a place on the right is reached by going down in X.
-    static StagePoint placeOf(const PicturePoint& at, const StagePoint& pictureTakenAt,
-                              const FieldSize& field) {
-        StagePoint place = pictureTakenAt;
+    static ocuva::ExactStagePosition
+    placeOf(const PicturePoint& at, const ocuva::ExactStagePosition& pictureTakenAt, const FieldSize& field) {
+        ocuva::ExactStagePosition place = pictureTakenAt;
         place.x -= (at.XPic / ocuva::pictureUnits - 0.5) * field.width;
         place.y -= (at.YPic / ocuva::pictureUnits - 0.5) * field.height;
         return place;
     }
     // Drives to a place of the picture and into focus there, and reads the stage, as an operator does.
-    CalibrationPoint pickAndRead(int xi, int yi, const StagePoint& pictureTakenAt) {
-        const StagePoint place = placeOf({static_cast<float>(xi), static_cast<float>(yi)}, pictureTakenAt,
-                                         rig.host->truth().field());
+    CalibrationPoint pickAndRead(int xi, int yi, const ocuva::ExactStagePosition& pictureTakenAt) {
+        const ocuva::ExactStagePosition place = placeOf({static_cast<float>(xi), static_cast<float>(yi)},
+                                                        pictureTakenAt, rig.host->truth().field());
         rig.goTo(1, static_cast<TarnLong>(std::lround(place.x)));
         rig.goTo(2, static_cast<TarnLong>(std::lround(place.y)));
         rig.goTo(3, static_cast<TarnLong>(std::lround(rig.host->truth().bestFocusZ())));
@@ -48,7 +48,7 @@ struct CalibratedMicroscope : testing::Test {
         constexpr int step = 125;
         return step * std::uniform_int_distribution<int>(low / step, high / step)(random);
     }
-    StagePoint takePicture() {
+    ocuva::ExactStagePosition takePicture() {
         rig.goTo(1, static_cast<TarnLong>(between(-20000, 20000)));
         rig.goTo(2, static_cast<TarnLong>(between(-20000, 20000)));
         return rig.host->truth().position();
@@ -62,7 +62,7 @@ struct CalibratedMicroscope : testing::Test {
 TEST_F(CalibratedMicroscope, GivesEveryPlaceOfThePictureWithinHalfAUnitOfTheTruth) {
     ASSERT_DOUBLE_EQ(rig.host->truth().field().width, 640.0);
     for (int picture = 0; picture < 20; ++picture) {
-        const StagePoint taken = takePicture();
+        const ocuva::ExactStagePosition taken = takePicture();
         calibration.points = {false,
                               {{pickAndRead(onWholeUnit(0, 2000), onWholeUnit(0, 2000), taken),
                                 pickAndRead(onWholeUnit(8000, 10000), onWholeUnit(0, 3000), taken),
@@ -71,10 +71,10 @@ TEST_F(CalibratedMicroscope, GivesEveryPlaceOfThePictureWithinHalfAUnitOfTheTrut
         for (int query = 0; query < 200; ++query) {
             const PicturePoint at{static_cast<float>(between(0, 10000)),
                                   static_cast<float>(between(0, 10000))};
-            const StagePoint truth = placeOf(at, taken, rig.host->truth().field());
-            const ocuva::StagePoint found = calibration.ComputeStagePosition(at.XPic, at.YPic);
-            ASSERT_NEAR(found.XSt, truth.x, 0.5001) << at.XPic;
-            ASSERT_NEAR(found.YSt, truth.y, 0.5001) << at.YPic;
+            const ocuva::ExactStagePosition truth = placeOf(at, taken, rig.host->truth().field());
+            const ocuva::StagePosition found = calibration.ComputeStagePosition(at.XPic, at.YPic);
+            ASSERT_NEAR(found.x, truth.x, 0.5001) << at.XPic;
+            ASSERT_NEAR(found.y, truth.y, 0.5001) << at.YPic;
         }
     }
 }
@@ -82,7 +82,7 @@ TEST_F(CalibratedMicroscope, GivesEveryPlaceOfThePictureWithinHalfAUnitOfTheTrut
 // Heights are read in whole units, so half a unit comes with each point and half with the answer.
 TEST_F(CalibratedMicroscope, GivesTheHeightBetweenThePointsWithinTheRoundingOfTheirs) {
     for (int picture = 0; picture < 20; ++picture) {
-        const StagePoint taken = takePicture();
+        const ocuva::ExactStagePosition taken = takePicture();
         calibration.points = {
             false, {{pickAndRead(0, 0, taken), pickAndRead(10000, 0, taken), pickAndRead(0, 10000, taken)}}};
         compute();
@@ -90,33 +90,33 @@ TEST_F(CalibratedMicroscope, GivesTheHeightBetweenThePointsWithinTheRoundingOfTh
             const double x = between(0, 10000);
             const double y = between(0, 10000 - x); // inside the triangle
             const PicturePoint at{static_cast<float>(x), static_cast<float>(y)};
-            const StagePoint place = placeOf(at, taken, rig.host->truth().field());
-            const ocuva::StagePoint found = calibration.ComputeStagePosition(at.XPic, at.YPic);
-            ASSERT_NEAR(found.ZSt, rig.host->truth().surfaceHeight(place.x, place.y), 1.01);
+            const ocuva::ExactStagePosition place = placeOf(at, taken, rig.host->truth().field());
+            const ocuva::StagePosition found = calibration.ComputeStagePosition(at.XPic, at.YPic);
+            ASSERT_NEAR(found.z, rig.host->truth().surfaceHeight(place.x, place.y), 1.01);
         }
     }
 }
 
 TEST_F(CalibratedMicroscope, HasTheTwoPointsOnItsLineAndIsLevelAcrossIt) {
-    const StagePoint taken = takePicture();
+    const ocuva::ExactStagePosition taken = takePicture();
     const CalibrationPoint a = pickAndRead(1000, 2000, taken);
     CalibrationPoint b = pickAndRead(9000, 8000, taken);
     b.ZS = a.ZS + 40;
     calibration.points = {true, {{a, b, {}}}};
     compute();
-    EXPECT_EQ(calibration.ComputeStagePosition(1000, 2000), (ocuva::StagePoint{a.XS, a.YS, a.ZS}));
-    EXPECT_EQ(calibration.ComputeStagePosition(9000, 8000), (ocuva::StagePoint{b.XS, b.YS, b.ZS}));
+    EXPECT_EQ(calibration.ComputeStagePosition(1000, 2000), (ocuva::StagePosition{a.XS, a.YS, a.ZS}));
+    EXPECT_EQ(calibration.ComputeStagePosition(9000, 8000), (ocuva::StagePosition{b.XS, b.YS, b.ZS}));
     const ocuva::StagePlan& plan = calibration.stagePlan();
     EXPECT_NEAR(plan.a * (a.YS - b.YS) + plan.b * (b.XS - a.XS), 0.0, 1e-6);
 }
 
 TEST_F(CalibratedMicroscope, WithAllPointsOnOneLineHasNoPlaneAndEveryZIsZero) {
-    const StagePoint taken = takePicture();
+    const ocuva::ExactStagePosition taken = takePicture();
     calibration.points = {
         false,
         {{pickAndRead(1000, 1000, taken), pickAndRead(5000, 5000, taken), pickAndRead(9000, 9000, taken)}}};
     compute();
-    EXPECT_EQ(calibration.ComputeStagePosition(5000, 1000).ZSt, 0);
+    EXPECT_EQ(calibration.ComputeStagePosition(5000, 1000).z, 0);
 }
 
 } // namespace

@@ -47,7 +47,7 @@ TEST(Play, TheBacklashMoveMakesTheReadingTrueOnAllAxes) {
     rig.micro().TarnBacklashStage(0);
     rig.micro().TarnStartStage(0);
     rig.clock->advance(20000.0);
-    const StagePoint at = rig.host->truth().position();
+    const ocuva::ExactStagePosition at = rig.host->truth().position();
     EXPECT_NEAR(at.x, -50.0, 1e-9);
     EXPECT_NEAR(at.y, -50.0, 1e-9);
     EXPECT_NEAR(at.z, -50.0, 1e-9);
