@@ -42,7 +42,7 @@ public:
     HostThatKeepsItsPlace()
         : SimulatedHostUnderTest("[Stage]\nStartX=24990\nStartY=-24990\nStartZ=995\n") {}
     ~HostThatKeepsItsPlace() override {
-        const hosts::simulated::StagePoint left = simulated().stage().exactPosition();
+        const ocuva::ExactStagePosition left = simulated().stage().exactPosition();
         EXPECT_EQ(left.x, 24990.0);
         EXPECT_EQ(left.y, -24990.0);
         EXPECT_EQ(left.z, 995.0);
