@@ -8,7 +8,7 @@ using namespace ocuva;
 
 namespace {
 
-const ViewPlace made{100, -200, 5, 400};
+const ViewPlace made{{100, -200, 5}, 400};
 const CalibrationView liveHere{{}, made};
 const CalibrationView storedSomewhere{"/pictures/a.tif", {}};
 
