@@ -9,6 +9,7 @@
 
 using fuzz::require;
 using namespace hosts;
+using ocuva::StagePosition;
 
 namespace {
 
