@@ -9,6 +9,7 @@
 #include <QTemporaryDir>
 
 #include <benchmark/benchmark.h>
+#include <memory>
 #include <tiffio.h>
 #include <vector>
 
@@ -107,7 +108,8 @@ void fillingTheStandardList(benchmark::State& state) {
     fillStandards(host, static_cast<int>(state.range(0)));
     StandardList list(host.tn_reg(), host.tn_lib_proxy());
     frmStdList dialog(
-        list, host.tn_lib_proxy(), [] { return false; }, [] {}, nullptr);
+        list, host.tn_lib_proxy(), [] { return false; }, [] {},
+        [](const QString& /*what*/) { return std::shared_ptr<void>(); }, nullptr);
     for (auto _ : state) {
         host.calls.clear();
         dialog.FillStdList();
