@@ -40,8 +40,8 @@ struct CalibrationOfAView : WindowRig {
         };
         start();
         QCoreApplication::processEvents();
-        window().choosePictureToOpen = [this](const QString&) { return chosen; };
-        window().choosePictureToSave = [this](const QString&) { return chosen; };
+        window().ask.choosePictureToOpen = [this](const QString&) { return chosen; };
+        window().ask.choosePictureToSave = [this](const QString&) { return chosen; };
         host.planSolution = {0.0, 0.0, 12.0};
     }
     void restart(const char* vgaMode = "0") {

@@ -49,8 +49,8 @@ struct PicturesOnTheWindow : WindowRig {
             askedIn = startIn;
             return chosen;
         };
-        window().choosePictureToOpen = choose;
-        window().choosePictureToSave = choose;
+        window().ask.choosePictureToOpen = choose;
+        window().ask.choosePictureToSave = choose;
         host.planSolution = {0.0, 0.0, 12.0};
         window().calibration().points = live;
         window().calibration().ComputeStagePlan();
@@ -138,7 +138,7 @@ TEST_F(SavingAPicture, IsALineOfTheJournal) {
 }
 
 TEST_F(SavingAPicture, StoresStagePositionAndFieldAtTheTimeOfTheSave) {
-    window().choosePictureToSave = [this](const QString&) {
+    window().ask.choosePictureToSave = [this](const QString&) {
         host.position = {
             {axisX, 11}, {axisY, 22}, {axisZ, -33}}; // the stage moves while the operator chooses
         host.settings["TARN.INI|tn_video|VideoMag"] = "400";
@@ -221,7 +221,7 @@ TEST_F(SavingAPicture, ThatReplacesAnotherPicturesDescriptionAsksFirst) {
     store("Right.tif");
     std::string said;
     DescriptionChoice answer = DescriptionChoice::Cancel;
-    window().askBeforeSave = [&](const SaveQuestion& question) {
+    window().ask.askBeforeSave = [&](const SaveQuestion& question) {
         said = question.losses.join(u'\n').toStdString();
         return answer;
     };
