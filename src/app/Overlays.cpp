@@ -36,6 +36,12 @@ void Overlays::draw(const ImagePoint& centre) {
     }
 }
 
+namespace {
+
+bool hasButton(const Overlay& overlay) { return !command(overlay.command()).button.key.isEmpty(); }
+
+} // namespace
+
 // The new state is that of the overlay turned round, not that of the mark or of the button: the one that was
 // clicked has already changed its own.
 void Overlays::toggle(std::string_view command) {
@@ -47,15 +53,16 @@ void Overlays::toggle(std::string_view command) {
     Overlay& overlay = **found;
     overlay.show(!overlay.isOn());
     mark(overlay);
-    m_switches.saveToolbar();
+    if (hasButton(overlay)) {
+        m_switches.saveToolbar();
+    }
     overlay.store();
 }
 
 void Overlays::mark(const Overlay& overlay) {
     m_switches.menu.action(overlay.command())->setChecked(overlay.isOn());
-    const ToolbarButton& button = command(overlay.command()).button;
-    if (!button.key.isEmpty()) {
-        m_switches.tbMain.setValue(button.key, overlay.isOn());
+    if (hasButton(overlay)) {
+        m_switches.tbMain.setValue(command(overlay.command()).button.key, overlay.isOn());
     }
 }
 

@@ -133,6 +133,11 @@ TEST_F(GridCommand, SavesTheToolbarWithTheUsersLayout) {
     EXPECT_EQ(ToolbarLayoutStore().load(), QStringLiteral("Focus,Grid"));
 }
 
+TEST_F(MicroMarkerOnTheWindow, HasNoButtonAndSavesNoToolbarLayout) {
+    action("mnuMicroMarker")->trigger();
+    EXPECT_EQ(ToolbarLayoutStore().load(), QString());
+}
+
 TEST_F(OverlaysOnTheWindow, AreShownAtTheStartAsTheSettingsSay) {
     EXPECT_FALSE(visible(cross()));
     EXPECT_FALSE(visible(grid()));
