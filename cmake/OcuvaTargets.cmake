@@ -76,7 +76,7 @@ endif()
 
 # The thread sanitizer needs a build of its own, and understands only programs that run no Qt: these.
 option(OCUVA_SANITIZE_THREADS "Thread sanitizer" OFF)
-set(ocuva_thread_tests test_display test_grab test_log_and_trace test_hosts_board test_hosts_services)
+set(ocuva_thread_tests test_display test_grab test_log_and_trace test_simulated_camera test_hosts_services)
 add_custom_target(tsan)
 
 option(OCUVA_PCH "Precompile the headers of Qt and GoogleTest" ON)
