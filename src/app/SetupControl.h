@@ -15,14 +15,14 @@ class frmSetup;
 
 /// What it needs; everything outlives it.
 struct SetupControlContext {
-    QWidget& window;        ///< the dialog's parent
-    HostReadings& readings; ///< what the pages read and write
-    MainControls& controls; ///< lends its keys to the dialog
-    HandlerGuard& guard;    ///< holds the input, reports errors
-    MonitorControl& monitor;
-    Overlays& overlays;   ///< are drawn with changed lengths
-    ShownImage& image;    ///< shows magnification and acquisition
-    Standards& standards; ///< the list that the dialog edits
+    QWidget& window;         ///< the dialog's parent
+    HostReadings& readings;  ///< what the pages read and write
+    MainControls& controls;  ///< lends its keys to the dialog
+    HandlerGuard& guard;     ///< holds the input, reports errors
+    MonitorControl& monitor; ///< sizes the monitor again after a change
+    Overlays& overlays;      ///< are drawn with changed lengths
+    ShownImage& image;       ///< shows magnification and acquisition
+    Standards& standards;    ///< the list that the dialog edits
 };
 
 /// One for the life of the main window.
