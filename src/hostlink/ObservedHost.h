@@ -19,7 +19,7 @@ public:
     };
 
     /// The host outlives it.
-    ObservedHost(Host& host, Listener listener)
+    ObservedHost(Host& host, const Listener& listener)
         : InterposedHost(HandOn(), host)
         , m_reg(host.tn_reg(), listener.settingNotKept)
         , m_ocuva(host.tn_ocuva(), listener.messageSent) {}
