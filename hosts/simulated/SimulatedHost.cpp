@@ -23,7 +23,7 @@ HostDevices asHostDevices(const std::shared_ptr<SimulatedDevices>& devices) {
 
 } // namespace
 
-SimulatedHost::SimulatedHost(SimulatedHostOptions options)
+SimulatedHost::SimulatedHost(const SimulatedHostOptions& options)
     : SimulatedHost(std::make_unique<HostBasis>(options, seedFiles), options.clock) {}
 
 SimulatedHost::SimulatedHost(std::unique_ptr<HostBasis>&& basis, std::shared_ptr<Clock> clock)

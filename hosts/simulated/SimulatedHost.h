@@ -25,7 +25,7 @@ struct SimulatedHostOptions : HostOptions {
 class SimulatedHost final : public DeviceHost {
 public:
     /// Throws std::runtime_error with a sentence for the operator if the data folder cannot be used.
-    explicit SimulatedHost(SimulatedHostOptions options);
+    explicit SimulatedHost(const SimulatedHostOptions& options);
     ~SimulatedHost() override;
 
     /// The true state, which no real host can report: for tests and benchmarks.
