@@ -1,4 +1,4 @@
-// What a focus search costs beside exposing its frames, and how often it ends at the focus. Both through the
+// What a focus search costs in addition to exposing its frames, and how often it ends at the focus. Both through the
 // host's own functions on a virtual clock, so that only computing is counted.
 
 #include "tests/support/FocusRig.h"

@@ -1,5 +1,5 @@
-// Grey level statistics of a five-megapixel 8-bit picture, beside the plainest way to read the same memory
-// and beside what a well-known library takes.
+// Grey level statistics of a five-megapixel 8-bit picture, compared with the plainest way to read the same memory
+// and with what a well-known library takes.
 
 #include "hosts/common/picture/GreyStatistics.h"
 #include "hosts/common/picture/VectorClones.h"

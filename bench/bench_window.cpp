@@ -1,4 +1,4 @@
-// What the whole program costs in a real window: its start beside that of an empty window, a click on its way
+// What the whole program costs in a real window: its start compared with that of an empty window, a click on its way
 // to the stage, and a live picture. Needs a display; bench/run brings a virtual one.
 
 #include "RunningProgram.h"

@@ -122,7 +122,7 @@ constexpr std::array<Command, 26> rows{{
      .tip = QT_TRANSLATE_NOOP("Commands", "Drive to a typed position"),
      .explanation = QT_TRANSLATE_NOOP(
          "Commands",
-         "Drives to a position that you type. The arrow beside the button lists the standard positions."),
+         "Drives to a position that you type. The arrow next to the button lists the standard positions."),
      .button = {.key = ButtonText{"Stage"},
                 .text = ButtonText{QT_TRANSLATE_NOOP("MainToolbar", "Stage")},
                 .tooltip = ButtonText{QT_TRANSLATE_NOOP("MainToolbar", "Enter a stage position")},
@@ -140,10 +140,10 @@ constexpr std::array<Command, 26> rows{{
     {.entry = Item,
      .name = "mnuStandard",
      .text = QT_TRANSLATE_NOOP("Commands", "&Standard"),
-     .tip = QT_TRANSLATE_NOOP("Commands", "The arrow beside Stage lists them"),
+     .tip = QT_TRANSLATE_NOOP("Commands", "The arrow next to Stage lists them"),
      .explanation = QT_TRANSLATE_NOOP(
          "Commands",
-         "Has no function of its own. Standard positions are in the list beside the button Stage."),
+         "Has no function of its own. Standard positions are in the list next to the button Stage."),
      .button = {.key = ButtonText{"Standard"},
                 .text = ButtonText{QT_TRANSLATE_NOOP("MainToolbar", "Standard")}}},
     {.entry = Item,

@@ -1,8 +1,8 @@
 #pragma once
-// What a TIFF's own description says of the calibration beside it. The description file has no room for a
+// What a TIFF's own description says of its calibration. The description file has no room for a
 // view: the picture keeps it.
 //
-//   calibrationPoints=0,0,-320,-240,12 10000,...   the points as they were written beside the picture
+//   calibrationPoints=0,0,-320,-240,12 10000,...   the points as they were written to the description file
 //   calibrationView=own                            they were picked on this very view
 //   calibrationView=5100,1200,12,400               on another: stage X, Y, Z and magnification
 //   calibrationView=unknown                        nobody knows where

@@ -63,7 +63,7 @@ TEST_P(NotifierConformance, TheFilterLetsThroughItsComponentAlone) {
     EXPECT_THAT(listener.ids, ElementsAre("second"));
 }
 
-// Guards against an old filter that lives on beside the new one.
+// Guards against an old filter that stays active next to the new one.
 TEST_P(NotifierConformance, ASecondSubscriptionReplacesTheFilter) {
     Listener listener(host(), "DST_APP=OLD");
     listener.notifier->Subscribe("DST_APP=NEW");

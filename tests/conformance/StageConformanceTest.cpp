@@ -62,7 +62,7 @@ TEST_P(StageConformance, TheStatusSaysMovingUntilTheTargetIsReached) {
     EXPECT_EQ(at(1), target);
 }
 
-// Guards against a program that asks once, is told that nothing moves, and reads a place on the way.
+// Guards against a program that asks once, learns that nothing moves, and reads a place on the way.
 TEST_P(StageConformance, AStartedAxisIsBusyAtOnce) {
     for (const TarnLong axis : axes) {
         loadRelative(axis, inside(axis, 50));

@@ -12,7 +12,7 @@ using testing::IsEmpty;
 
 namespace {
 
-// A stage that arrives when it is told to, and a picture of 640 x 480 units whose X runs against the stage's.
+// A stage that arrives on request, and a picture of 640 x 480 units whose X runs against the stage's.
 struct Walk : testing::Test, CalibrationWalkActions {
     StagePosition at{1000, 2000, 50};
     StagePosition target = at;

@@ -28,7 +28,7 @@ public:
 
     Conversation(Request request, std::shared_ptr<const hosts::PeerFolder> peers, Surroundings surroundings);
 
-    /// Begins; the end is told from the event loop.
+    /// Begins; the end is reported from the event loop.
     void begin();
 
 private:

@@ -56,7 +56,7 @@ struct Patch {
     std::ptrdiff_t pitch; // of the canvas
 };
 
-// Bytes to the canvas. Bytes may point at anything, so the compiler has to be told that they do not point
+// Bytes to the canvas. Bytes may point at anything, so the compiler has to know that they do not point
 // here.
 HOSTS_VECTOR_CLONES void widen(const std::uint8_t* channel, const Patch& patch) {
     const int columns = patch.columns;

@@ -25,7 +25,7 @@ constexpr Explanation explanations[]{
                                     "frames are missing. Click (Space) to measure its grey levels.")},
     {"tbMain",
      QT_TRANSLATE_NOOP("WhatsThis", "Each button does the same as a command of the menus. Double-click "
-                                    "beside the buttons to rearrange them.")},
+                                    "next to the buttons to rearrange them.")},
 };
 
 } // namespace
